@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/ap/AcApDocument.h"
+#include "platform/win32/win_types.h"
+
+/// Walks the documents in opening order, as they were when it was made.
+class AcApDocumentIterator {
+public:
+    explicit AcApDocumentIterator(std::vector<AcApDocument*> documents)
+        : documents_(std::move(documents)) {}
+    bool done() const { return next_ >= documents_.size(); }
+    void step() { ++next_; }
+    AcApDocument* document() const { return documents_[next_]; }
+
+private:
+    std::vector<AcApDocument*> documents_;
+    std::size_t next_ = 0;
+};
+
+/// The open documents. Commands run in a document's context; only the application context may
+/// open, close and switch documents. The current document's database is the working database.
+class AcApDocManager {
+public:
+    /// Null when no document is open.
+    AcApDocument* curDocument() const { return current_; }
+    int documentCount() const { return static_cast<int>(documents_.size()); }
+    /// The caller deletes it.
+    AcApDocumentIterator* newAcApDocumentIterator();
+    bool isApplicationContext() const { return applicationContext_ > 0; }
+    /// Runs the function at once in the application context.
+    void executeInApplicationContext(void (*function)(void*), void* data);
+
+    /// Queues command text for the document; a host runs it after the running command, in order.
+    /// A document other than the current one that gets "close " and has no unsaved change is closed
+    /// at once. `activate`, `wrapUpInactiveDoc` and `echo` are accepted for their callers.
+    Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const char* text,
+                                          bool activate = true, bool wrapUpInactiveDoc = false,
+                                          bool echo = true);
+
+    /// Locks are counted. eNoDocument for null.
+    Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite);
+    Acad::ErrorStatus unlockDocument(AcApDocument* document);
+
+    /// Opens a drawing as a new document and makes it current; only in the application context
+    /// (eInvalidInput else). eDrawingNotOpened when no document can be made of the file; the reason
+    /// is printed on the command line. A drawing that is open already becomes current.
+    Acad::ErrorStatus appContextOpenDocument(const char* path);
+    /// A new untitled drawing as a new document, made current.
+    Acad::ErrorStatus appContextNewDocument();
+    /// Closes without saving or asking. eNoDocument when it is none of ours. The document opened
+    /// last of those left becomes current.
+    Acad::ErrorStatus closeDocument(AcApDocument* document);
+    Acad::ErrorStatus activateDocument(AcApDocument* document);
+    /// Saves the document's drawing under its name or another (Windows path).
+    Acad::ErrorStatus saveDocument(AcApDocument* document, const char* path = nullptr);
+
+    /// Makes a module's resources current until the matching pop.
+    void pushResourceHandle(HMODULE handle);
+    void popResourceHandle();
+
+    /// Takes the command text waiting for the current document, whole; empty when none waits.
+    /// Called by hosts.
+    std::string takePendingInput();
+
+private:
+    friend Acad::ErrorStatus acedSyncFileOpen(const char* path);
+    std::vector<std::unique_ptr<AcApDocument>> documents_;
+    AcApDocument* current_ = nullptr;
+    int applicationContext_ = 0;
+    int untitledCount_ = 0;
+    std::vector<HMODULE> resourceHandles_;
+};
+
+AcApDocManager* acDocManagerInstance();
+#define acDocManager acDocManagerInstance()
+
+/// Single-document mode: opens a drawing in place of the current document, which closes without
+/// being asked for. eDrawingNotOpened, with the reason on the command line and the current document
+/// as it was, when no document can be made of the file.
+Acad::ErrorStatus acedSyncFileOpen(const char* path);
+
+/// The host's main window, as handle and for owners of dialogs.
+HWND adsw_acadMainWnd();

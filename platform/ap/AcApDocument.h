@@ -1,0 +1,45 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/db/AcDbDatabase.h"
+
+namespace AcAp {
+enum DocLockMode { kNone = 0, kRead = 1, kWrite = 4 };
+}
+
+/// Part of the drawing that a document shows; kept with the document.
+struct AcApView {
+    AcGePoint2d center;
+    double height = 297.0;
+    double width = 420.0;
+};
+
+/// An open drawing.
+class AcApDocument {
+public:
+    explicit AcApDocument(std::unique_ptr<AcDbDatabase> database) : database_(std::move(database)) {}
+
+    /// Windows path of the drawing's file; "Drawing1.dwg" and so on for one never saved.
+    const char* fileName() const { return fileName_.c_str(); }
+    void setFileName(const char* name) { fileName_ = name; }
+    /// True until the drawing has a file.
+    bool isUntitled() const { return untitled_; }
+    void setUntitled(bool untitled) { untitled_ = untitled; }
+    AcDbDatabase* database() const { return database_.get(); }
+    /// The strongest lock held on the document.
+    AcAp::DocLockMode lockMode() const;
+    AcApView& view() { return view_; }
+    const AcApView& view() const { return view_; }
+
+private:
+    friend class AcApDocManager;
+    std::unique_ptr<AcDbDatabase> database_;
+    std::string fileName_;
+    bool untitled_ = true;
+    std::vector<AcAp::DocLockMode> locks_;
+    AcApView view_;
+    std::string pendingInput_;  ///< command text sent and not yet run
+};

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/db/AcDbEntity.h"
+
+/// A circle.
+class AcDbCircle : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbCircle);
+    AcDbCircle() = default;
+    AcDbCircle(const AcGePoint3d& center, const AcGeVector3d& normal, double radius);
+
+    AcGePoint3d center() const { return center_; }
+    double radius() const { return radius_; }
+    AcGeVector3d normal() const { return normal_; }
+
+    Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    std::unique_ptr<AcDbObject> clone() const override;
+
+private:
+    template <class T>
+    friend struct DwgFields;
+    AcGePoint3d center_;
+    double radius_ = 0.0;
+    double thickness_ = 0.0;
+    AcGeVector3d normal_ = AcGeVector3d::kZAxis;
+};

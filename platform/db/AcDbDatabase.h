@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbLayerTable.h"
+#include "platform/db/AcDbObjectId.h"
+#include "platform/db/AcDbStub.h"
+#include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/HeaderVariables.h"
+
+struct DwgFileRemains;
+
+/// One drawing: its objects, its tables, its header variables. It owns every object appended to it.
+class AcDbDatabase : public AcRxObject {
+public:
+    static AcRxClass* desc();
+    AcRxClass* isA() const override;
+
+    /// `buildDefaultDrawing` makes the tables, the layer "0", the style "Standard", model and paper
+    /// space and so on; without it the database is empty and only good for readDwgFile.
+    /// `noDocument` has no effect here: documents are made of databases, not the other way round.
+    explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
+    ~AcDbDatabase() override;
+    AcDbDatabase(const AcDbDatabase&) = delete;
+    AcDbDatabase& operator=(const AcDbDatabase&) = delete;
+
+    Acad::ErrorStatus getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode);
+    Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode);
+
+    AcDbObjectId clayer() const { return header_.CLAYER; }
+    /// eWrongDatabase, eNullObjectId or eNotApplicable (not a layer) leave it as it was.
+    Acad::ErrorStatus setClayer(AcDbObjectId layer);
+    AcDbObjectId textstyle() const { return header_.TEXTSTYLE; }
+    Acad::ErrorStatus setTextstyle(AcDbObjectId style);
+    AcDbObjectId continuousLinetype() const { return header_.LTYPE_CONTINUOUS; }
+    AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
+
+    /// Writes the drawing as AC1015 under a Windows path: whole or not at all. Reactors of
+    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError().
+    Acad::ErrorStatus saveAs(const char* fileName);
+    /// Reads a drawing into this empty database. `shareMode` is accepted for its callers: the file
+    /// is read at once and closed. eFileNotFound, eFileAccessErr, eNotADrawing, eDwgVersionRefused,
+    /// eFileInternalErr; the database is then empty and lastFileError() names file and reason.
+    Acad::ErrorStatus readDwgFile(const char* fileName, int shareMode = 0);
+    /// Copies the model space of `source` into a new block definition, with the layers, styles, line
+    /// types and nested blocks it uses; where a name exists here, this drawing's definition wins.
+    /// A block of that name is not made twice: its id is returned. eNoDatabase for an empty source.
+    Acad::ErrorStatus insert(AcDbObjectId& blockId, const char* blockName, AcDbDatabase* source,
+                             bool preserveSourceDatabase = true);
+
+    /// Windows path of the file last read or saved; empty for none.
+    const char* getFilename() const { return fileName_.c_str(); }
+    /// What the last failed saveAs or readDwgFile failed at: file and reason, UTF-8.
+    const std::string& lastFileError() const { return lastFileError_; }
+    /// True once an object was opened for write, or a variable set, since reading or saving.
+    bool isModified() const { return modified_; }
+    void setModified(bool modified) { modified_ = modified; }
+
+    /// The id of a handle; null when the drawing knows no such handle.
+    Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, AcDbHandle handle) const;
+
+    // For the layer's own rooms.
+    const HeaderVariables& header() const { return header_; }
+    HeaderVariables& header() { return header_; }
+    /// Takes ownership, gives a fresh handle, leaves the object closed.
+    AcDbObjectId addObject(std::unique_ptr<AcDbObject> object, AcDbObjectId owner);
+    /// The entry of a handle, made when missing; the object may come later.
+    AcDbObjectId idOfHandle(AcDbHandle handle);
+    /// Puts an object read from a file behind its entry.
+    void placeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> object);
+    /// Every entry in handle order of creation, those without an object too.
+    const std::deque<AcDbStub>& entries() const { return stubs_; }
+    std::deque<AcDbStub>& entries() { return stubs_; }
+    /// The object behind an id without opening it; null when there is none.
+    static AcDbObject* objectOf(AcDbObjectId id) { return id.isNull() ? nullptr : id.stub()->object.get(); }
+    /// Parts of the file that are kept as they were read; null for a new drawing.
+    DwgFileRemains* fileRemains() const { return remains_.get(); }
+    void setFileRemains(std::shared_ptr<DwgFileRemains> remains) { remains_ = std::move(remains); }
+    void setLastFileError(std::string text) { lastFileError_ = std::move(text); }
+    void setFilename(const char* name) { fileName_ = name; }
+
+private:
+    friend class AcDbBlockTableRecord;
+    friend class AcDbSymbolTable;
+    void buildDefaultDrawing();
+
+    std::deque<AcDbStub> stubs_;  // a deque: ids point at its entries
+    std::unordered_map<AcDbHandle, AcDbStub*> byHandle_;
+    HeaderVariables header_;
+    std::shared_ptr<DwgFileRemains> remains_;
+    std::string fileName_;
+    std::string lastFileError_;
+    bool modified_ = false;
+};

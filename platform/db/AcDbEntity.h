@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/db/AcCmColor.h"
+#include "platform/db/AcDbExtents.h"
+#include "platform/db/AcDbObject.h"
+#include "platform/ge/AcGeMatrix3d.h"
+#include "platform/ge/AcGePoint3dArray.h"
+
+class AcGiWorldDraw;
+
+/// An object that is drawn.
+class AcDbEntity : public AcDbObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbEntity);
+
+    Adesk::UInt16 colorIndex() const { return color_.colorIndex(); }
+    AcCmColor color() const { return color_; }
+    /// `doSubents` also reaches parts of the entity; the layer's own entities have none.
+    virtual Acad::ErrorStatus setColor(const AcCmColor& color, Adesk::Boolean doSubents = true);
+    /// eInvalidIndex, and no change, above 257.
+    virtual Acad::ErrorStatus setColorIndex(Adesk::UInt16 index, Adesk::Boolean doSubents = true);
+
+    /// Null until set, or until the entity is appended and takes the drawing's current layer.
+    AcDbObjectId layerId() const { return layerId_; }
+    virtual Acad::ErrorStatus setLayer(AcDbObjectId layer, Adesk::Boolean doSubents = true);
+    AcDbObjectId linetypeId() const { return linetypeId_; }
+    Acad::ErrorStatus setLinetype(AcDbObjectId linetype, Adesk::Boolean doSubents = true);
+    double linetypeScale() const { return linetypeScale_; }
+    AcDb::Visibility visibility() const { return visibility_; }
+    /// Code of the file format: 29 by layer, 30 by block, 31 default, else an index of widths.
+    std::uint8_t lineWeight() const { return lineWeight_; }
+
+    /// Gives layer, linetype and the like that are still unset the drawing's current values.
+    /// Appending calls it.
+    virtual void setDatabaseDefaults(AcDbDatabase* database);
+
+    /// Tells the entity's shape to a drawing context. True: nothing depends on the view.
+    virtual Adesk::Boolean worldDraw(AcGiWorldDraw* context);
+    /// Draws the entity for proxy graphics.
+    virtual void saveAs(AcGiWorldDraw* context, AcDb::SaveType type);
+    /// eDegenerateGeometry when the entity has no extent of its own. Texts count with the
+    /// estimate of 0.7 × width factor × height a character where no font is at hand.
+    virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
+
+    virtual Acad::ErrorStatus getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
+                                            AcDbIntArray& geomIds) const;
+    virtual Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices,
+                                               const AcGeVector3d& offset);
+    virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform);
+    /// Appends free simpler entities (AcDbEntity*) that the caller owns; eNotApplicable when
+    /// there is nothing simpler.
+    virtual Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const;
+    /// Points the two entities share, in order along this one.
+    virtual Acad::ErrorStatus intersectWith(const AcDbEntity* entity, AcDb::Intersect type,
+                                            AcGePoint3dArray& points, int thisMarker = 0,
+                                            int otherMarker = 0) const;
+
+protected:
+    AcDbEntity() = default;
+    AcDbEntity(const AcDbEntity&) = default;
+
+private:
+    template <class T>
+    friend struct DwgFields;
+    friend class AcDbDatabase;
+
+    AcCmColor color_;
+    AcDbObjectId layerId_;
+    AcDbObjectId linetypeId_;
+    double linetypeScale_ = 1.0;
+    AcDb::Visibility visibility_ = AcDb::kVisible;
+    std::uint8_t lineWeight_ = 29;
+};

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/db/AcDbObjectId.h"
+#include "platform/rx/AcRxClass.h"
+#include "platform/rx/Acad.h"
+
+class AcDbDwgFiler;
+
+/// What a drawing file holds of an object beside its class's own fields; kept so that opening and
+/// saving loses nothing.
+struct AcDbObjectFileData {
+    std::vector<std::uint8_t> extendedData;  ///< application data as its bits stand in the file
+    AcDbObjectId extensionDictionary;
+};
+
+/// An object of a drawing database. Objects appended to a database are used only between opening
+/// (acdbOpenObject, a table's getAt) and close(); an object of no database is free for use and is
+/// deleted by its holder.
+class AcDbObject : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbObject);
+    ~AcDbObject() override;
+
+    /// Null until the object is in a database.
+    AcDbObjectId objectId() const;
+    AcDbObjectId ownerId() const { return ownerId_; }
+    void setOwnerId(AcDbObjectId id) { ownerId_ = id; }
+    void getAcDbHandle(AcDbHandle& handle) const;
+    AcDbDatabase* database() const;
+
+    /// Ends one open. eNotInDatabase for a free object, eNotOpenForRead when it is not open.
+    Acad::ErrorStatus close();
+    /// Marks the object erased (or brings it back). Needs write access.
+    Acad::ErrorStatus erase(Adesk::Boolean erasing = true);
+    bool isErased() const;
+    bool isReadEnabled() const;
+    bool isWriteEnabled() const;
+    /// Stops the program when the object is in a database and not open in that mode: a fault of ours.
+    void assertReadEnabled() const;
+    /// The same for write; also notes that the object has changed since it was read or saved.
+    void assertWriteEnabled();
+    /// True once assertWriteEnabled has run since the object was read from a file.
+    bool isModified() const { return changed_; }
+
+    /// Objects (hatches, for instance) told of changes; filed with the object, each once.
+    Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
+    Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
+    const AcDbObjectIdArray& persistentReactors() const { return reactors_; }
+
+    /// Files the class's own fields; a derived class calls its base first. What all objects have
+    /// in common is filed by the drawing file itself.
+    virtual Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer);
+    virtual Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const;
+    /// A free copy of the object; its references still name the source's objects. Null when the
+    /// class cannot be made.
+    virtual std::unique_ptr<AcDbObject> clone() const;
+
+    AcDbObjectFileData& fileData() { return fileData_; }
+    const AcDbObjectFileData& fileData() const { return fileData_; }
+
+protected:
+    AcDbObject();
+    AcDbObject(const AcDbObject& other);
+    AcDbObject& operator=(const AcDbObject&) = delete;
+
+private:
+    friend class AcDbDatabase;
+    friend Acad::ErrorStatus acdbOpenObject(AcDbObject*&, AcDbObjectId, AcDb::OpenMode, bool);
+
+    AcDbStub* stub_ = nullptr;
+    AcDbObjectId ownerId_;
+    AcDbObjectIdArray reactors_;
+    AcDbObjectFileData fileData_;
+    bool changed_ = false;
+};
+
+/// Opens an object. Any number of readers or one writer; the status says what stands in the way.
+/// On failure `object` is null. An entry without an object gives eNullObjectId.
+Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                 bool openErased = false);
+/// Published name of the same for modules that take any object.
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased = false);
+
+/// Opens an object of class T; eNotApplicable, and closed again, when it is of another class.
+template <class T>
+Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                 bool openErased = false) {
+    object = nullptr;
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = acdbOpenObject(opened, id, mode, openErased);
+    if (status != Acad::eOk) {
+        return status;
+    }
+    if (!opened->isKindOf(T::desc())) {
+        opened->close();
+        return Acad::eNotApplicable;
+    }
+    object = static_cast<T*>(opened);
+    return Acad::eOk;
+}

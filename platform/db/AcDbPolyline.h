@@ -1,0 +1,46 @@
+#pragma once
+
+#include <vector>
+
+#include "platform/db/AcDbEntity.h"
+#include "platform/ge/AcGePoint2d.h"
+
+/// A polyline in a plane whose segments may bulge and have widths. Indices count from 0.
+class AcDbPolyline : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbPolyline);
+
+    /// One vertex with the bulge and widths of the segment that starts at it.
+    struct Vertex {
+        AcGePoint2d point;
+        double bulge = 0.0;
+        double startWidth = 0.0;
+        double endWidth = 0.0;
+        friend bool operator==(const Vertex&, const Vertex&);
+    };
+
+    /// Inserts before `index` (0 to numVerts()); a width below 0 counts as 0. eInvalidIndex.
+    Acad::ErrorStatus addVertexAt(unsigned index, const AcGePoint2d& point, double bulge = 0.0,
+                                  double startWidth = -1.0, double endWidth = -1.0);
+    unsigned numVerts() const { return static_cast<unsigned>(vertices_.size()); }
+    const Vertex& vertexAt(unsigned index) const { return vertices_[index]; }
+    bool isClosed() const { return closed_; }
+    void setClosed(Adesk::Boolean closed);
+    double elevation() const { return elevation_; }
+
+    Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
+    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    std::unique_ptr<AcDbObject> clone() const override;
+
+private:
+    template <class T>
+    friend struct DwgFields;
+    std::vector<Vertex> vertices_;
+    bool closed_ = false;
+    bool linetypeGeneration_ = false;
+    double constantWidth_ = 0.0;  ///< of files that keep one width for all segments; 0 otherwise
+    double elevation_ = 0.0;
+    double thickness_ = 0.0;
+    AcGeVector3d normal_ = AcGeVector3d::kZAxis;
+};

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/db/AcDbObject.h"
+
+/// A named record of a symbol table. Names compare without regard to case (double-byte characters
+/// as they are).
+class AcDbSymbolTableRecord : public AcDbObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord);
+
+    Acad::ErrorStatus getName(const char*& name) const;
+    const char* name() const { return name_.c_str(); }
+    /// eInvalidInput for an empty name. Not for records that are in a table.
+    Acad::ErrorStatus setName(const char* name);
+
+protected:
+    AcDbSymbolTableRecord() = default;
+    AcDbSymbolTableRecord(const AcDbSymbolTableRecord&) = default;
+
+private:
+    template <class T>
+    friend struct DwgFields;
+    std::string name_;
+    bool xrefResolved_ = false;
+    bool xrefDependent_ = false;
+};
+
+/// A table of named records, in the order they were added.
+class AcDbSymbolTable : public AcDbObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbSymbolTable);
+    AcDbSymbolTable() = default;
+
+    bool has(const char* name) const;
+    /// eKeyNotFound, and a null id, when there is no such record (erased ones do not count).
+    Acad::ErrorStatus getAt(const char* name, AcDbObjectId& id, bool getErased = false) const;
+    /// Adds a free record, which the database owns from then on and which stays open for write:
+    /// close it. eDuplicateRecordName when the name is taken.
+    Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
+    Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
+    /// All records, erased ones too.
+    const std::vector<AcDbObjectId>& records() const { return records_; }
+
+private:
+    template <class T>
+    friend struct DwgFields;
+    friend class AcDbDatabase;
+    std::vector<AcDbObjectId> records_;
+    std::unordered_map<std::string, AcDbObjectId> byFoldedName_;
+};

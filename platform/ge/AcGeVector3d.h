@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cmath>
+
+/// The default tolerances of geometric comparisons.
+struct AcGeTol {
+    static constexpr double equalPoint = 1e-10;
+    static constexpr double equalVector = 1e-10;
+};
+
+/// A direction with length, drawing units.
+class AcGeVector3d {
+public:
+    constexpr AcGeVector3d() = default;
+    constexpr AcGeVector3d(double xx, double yy, double zz) : x(xx), y(yy), z(zz) {}
+
+    constexpr AcGeVector3d operator+(const AcGeVector3d& v) const {
+        return {x + v.x, y + v.y, z + v.z};
+    }
+    constexpr AcGeVector3d operator-(const AcGeVector3d& v) const {
+        return {x - v.x, y - v.y, z - v.z};
+    }
+    constexpr AcGeVector3d operator*(double s) const { return {x * s, y * s, z * s}; }
+    double length() const { return std::sqrt(x * x + y * y + z * z); }
+    AcGeVector3d& transformBy(const class AcGeMatrix3d& m);
+    /// Equal when the difference is no longer than the tolerance.
+    bool isEqualTo(const AcGeVector3d& v, double tolerance = AcGeTol::equalVector) const {
+        return (*this - v).length() <= tolerance;
+    }
+
+    static const AcGeVector3d kXAxis;
+    static const AcGeVector3d kYAxis;
+    static const AcGeVector3d kZAxis;
+
+    double x = 0.0;
+    double y = 0.0;
+    double z = 0.0;
+};
+
+inline constexpr AcGeVector3d AcGeVector3d::kXAxis{1, 0, 0};
+inline constexpr AcGeVector3d AcGeVector3d::kYAxis{0, 1, 0};
+inline constexpr AcGeVector3d AcGeVector3d::kZAxis{0, 0, 1};

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
+#include "platform/gi/AcGiTextStyle.h"
+#include "platform/rx/Acad.h"
+
+/// Properties of what is drawn next.
+class AcGiSubEntityTraits {
+public:
+    virtual ~AcGiSubEntityTraits() = default;
+    /// Colour index: 0 by block, 1 to 255, 256 by layer, 257 none of its own (drawn as by layer).
+    virtual void setColor(Adesk::UInt16 colorIndex) = 0;
+    /// Number by which a selection tells the parts of an entity apart.
+    virtual void setSelectionMarker(Adesk::Int32 marker) = 0;
+};
+
+/// The shapes a drawing context takes, in world coordinates. Every shape takes the traits in force.
+class AcGiWorldGeometry {
+public:
+    virtual ~AcGiWorldGeometry() = default;
+
+    virtual Adesk::Boolean polyline(Adesk::UInt32 nbPoints, const AcGePoint3d* points) = 0;
+    /// A closed area, filled.
+    virtual Adesk::Boolean polygon(Adesk::UInt32 nbPoints, const AcGePoint3d* points) = 0;
+    virtual Adesk::Boolean circle(const AcGePoint3d& center, double radius,
+                                  const AcGeVector3d& normal) = 0;
+    /// Arc from `startAngle`, counter-clockwise by `sweepAngle` radians, in the plane z = const.
+    virtual Adesk::Boolean circularArc(const AcGePoint3d& center, double radius, double startAngle,
+                                       double sweepAngle) = 0;
+    /// A line with a width at either end (drawing units), filled.
+    virtual Adesk::Boolean wideLine(const AcGePoint3d& start, const AcGePoint3d& end,
+                                    double startWidth, double endWidth) = 0;
+    /// Text in GBK from its left end on the baseline. `length` is in bytes, -1 for the whole
+    /// string; `raw` true takes "%%" codes as they stand.
+    virtual Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
+                                const AcGeVector3d& direction, const char* message,
+                                Adesk::Int32 length, Adesk::Boolean raw,
+                                const AcGiTextStyle& style) = 0;
+};
+
+/// A drawing context: the screen, a plot, proxy graphics, a test's recorder.
+class AcGiWorldDraw {
+public:
+    virtual ~AcGiWorldDraw() = default;
+    /// True while an entity is drawn as the image of a drag.
+    virtual Adesk::Boolean isDragging() const { return false; }
+    virtual AcGiWorldGeometry& geometry() const = 0;
+    virtual AcGiSubEntityTraits& subEntityTraits() const = 0;
+};
