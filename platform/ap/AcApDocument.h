@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/db/AcDbDatabase.h"
+#include "platform/ge/AcGePoint2d.h"
 
 namespace AcAp {
 enum DocLockMode { kNone = 0, kRead = 1, kWrite = 4 };
