@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/win32/win_types.h"
+
+inline constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
+inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
+
+struct WIN32_FIND_DATA {
+    DWORD dwFileAttributes;
+    DWORD nFileSizeHigh;
+    DWORD nFileSizeLow;
+    char cFileName[MAX_PATH];  ///< the name alone
+};
+
+inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
+
+/// Starts a search; the last name of `pattern` may hold '*' (any run of characters) and '?' (one
+/// character, of one byte or two), and is compared without regard to case. "*.*" finds every name.
+/// Entries come sorted by name without regard to case; "." and "..", and names that GBK cannot
+/// write, are left out. INVALID_HANDLE_VALUE when nothing is found. The search is over the entries
+/// as they were at its start.
+HANDLE FindFirstFile(LPCSTR pattern, WIN32_FIND_DATA* data);
+/// The next entry; FALSE, and `data` unchanged, after the last.
+BOOL FindNextFile(HANDLE search, WIN32_FIND_DATA* data);
+/// Ends a search. FALSE for anything that is no search.
+BOOL FindClose(HANDLE search);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/win32/win_types.h"
+
+inline constexpr UINT CP_ACP = 0;
+
+/// Bytes before the terminating zero; 0 for null.
+int lstrlenA(LPCSTR text);
+
+/// Converts `bytes` bytes of GBK (-1: up to and including the terminating zero) to UTF-16.
+/// Returns the units written; with `size` 0 the units needed; 0 when `size` is too small or the
+/// code page is not CP_ACP. `flags` must be 0.
+int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int bytes, LPWSTR wide, int size);
+/// The other way. A character outside GBK becomes `*defaultChar` ('?' when null), and `*usedDefault`
+/// is then TRUE; both may be null.
+int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int units, LPSTR text, int size,
+                        LPCSTR defaultChar, BOOL* usedDefault);
+
+/// Compares two GBK texts by whole characters: below, at or above 0. Case matters.
+int _mbscmp(const unsigned char* left, const unsigned char* right);
