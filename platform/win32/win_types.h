@@ -13,19 +13,28 @@ using LONG = std::int32_t;
 using ULONG = std::uint32_t;
 using INT = int;
 using UINT = unsigned int;
+using LONGLONG = std::int64_t;
+using ULONGLONG = std::uint64_t;
+using INT_PTR = std::intptr_t;
 using UINT_PTR = std::uintptr_t;
+using LONG_PTR = std::intptr_t;
 using ULONG_PTR = std::uintptr_t;
-using WPARAM = std::uintptr_t;
-using LPARAM = std::intptr_t;
-using LRESULT = std::intptr_t;
+using DWORD_PTR = std::uintptr_t;
+using WPARAM = UINT_PTR;
+using LPARAM = LONG_PTR;
+using LRESULT = LONG_PTR;
+/// Result code of an interface call: negative failed, 0 done, positive done with a remark.
 using HRESULT = std::int32_t;
 
 /// One UTF-16 unit: two bytes here as well, unlike this system's wchar_t.
 using WCHAR = char16_t;
-using LPSTR = char*;
-using LPCSTR = const char*;
+using CHAR = char;
+using LPSTR = CHAR*;
+using LPCSTR = const CHAR*;
 using LPWSTR = WCHAR*;
 using LPCWSTR = const WCHAR*;
+using LPOLESTR = WCHAR*;
+using LPCOLESTR = const WCHAR*;
 using LPVOID = void*;
 using LPCVOID = const void*;
 
@@ -62,14 +71,5 @@ using REFGUID = const GUID&;
 using REFIID = const IID&;
 using REFCLSID = const CLSID&;
 
-inline constexpr HRESULT S_OK = 0;
-inline constexpr HRESULT S_FALSE = 1;
-inline constexpr HRESULT E_NOTIMPL = static_cast<HRESULT>(0x80004001U);
-inline constexpr HRESULT E_NOINTERFACE = static_cast<HRESULT>(0x80004002U);
-inline constexpr HRESULT E_POINTER = static_cast<HRESULT>(0x80004003U);
-inline constexpr HRESULT E_FAIL = static_cast<HRESULT>(0x80004005U);
-inline constexpr HRESULT E_UNEXPECTED = static_cast<HRESULT>(0x8000FFFFU);
-inline constexpr HRESULT E_OUTOFMEMORY = static_cast<HRESULT>(0x8007000EU);
-inline constexpr HRESULT E_INVALIDARG = static_cast<HRESULT>(0x80070057U);
 constexpr bool SUCCEEDED(HRESULT result) { return result >= 0; }
 constexpr bool FAILED(HRESULT result) { return result < 0; }
