@@ -1,0 +1,67 @@
+#include "src/core/number_format.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string_view>
+
+namespace {
+
+// The longest double in fixed notation with 15 decimals: sign, 309 digits, point.
+constexpr std::size_t kFixedBufferSize = std::numeric_limits<double>::max_exponent10 + 20;
+
+struct FixedText {
+    char bytes[kFixedBufferSize];
+    std::size_t length = 0;
+
+    FixedText(double value, int decimals) {
+        length = static_cast<std::size_t>(std::to_chars(bytes, bytes + kFixedBufferSize, value,
+                                                        std::chars_format::fixed, decimals)
+                                              .ptr -
+                                          bytes);
+    }
+};
+
+// Values above the bound are written with so many decimals; the first row that fits counts.
+struct DecimalsRow {
+    double above;
+    int decimals;
+};
+constexpr DecimalsRow kDiameterRows[] = {{99.999, 0}, {9.999, 1}, {0.999, 2}, {-0.0001, 3}};
+constexpr DecimalsRow kCoefficientRows[] = {{999.9, 0}, {99.999, 1}, {9.999, 2}, {-0.0001, 3}};
+
+}  // namespace
+
+std::string FormatFixed(double value, int decimals) {
+    const FixedText text(value, decimals);
+    return {text.bytes, text.length};
+}
+
+double RoundAsPrinted(double value, int decimals) {
+    const FixedText text(value, decimals);
+    double read = value;
+    std::from_chars(text.bytes, text.bytes + text.length, read);
+    return read;
+}
+
+float Round3(double value) {
+    return static_cast<float>(RoundAsPrinted(value, 3));
+}
+
+std::string FormatResultValue(double value, int mode) {
+    for (const DecimalsRow& row : mode == kDiameterValue ? kDiameterRows : kCoefficientRows) {
+        if (value > row.above) {
+            return FormatFixed(value, row.decimals);
+        }
+    }
+    return {};
+}
+
+std::string FormatSizeLabel(double size) {
+    std::string label = FormatFixed(std::trunc(size * 10000.0 + 0.5) / 10000.0, 4);
+    label.erase(label.find_last_not_of('0') + 1);
+    if (label.back() == '.') {
+        label.pop_back();
+    }
+    return label;
+}
