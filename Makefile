@@ -1,0 +1,38 @@
+# The commands a person needs; everything they need is installed by tools/install_packages.sh.
+PRESET ?= release
+BUILD := build/$(PRESET)
+
+.PHONY: all demo test sanitize bench format lint packages readers clean
+
+all: packages
+	cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET)
+
+packages:
+	@tools/install_packages.sh
+
+# The drawing reader that the tests compare with; nothing links to it.
+readers: packages
+	@cd tests/readers && [ -d node_modules ] || (cd tests/readers && npm ci --silent --no-audit --no-fund)
+
+demo: all
+	@tools/demo.sh $(BUILD)
+
+test: all readers
+	ctest --preset $(PRESET) -j2
+
+sanitize:
+	$(MAKE) test PRESET=sanitize
+
+bench: all
+	@bench/run.sh $(BUILD)
+
+format: packages
+	@tools/format.sh
+
+lint: packages
+	cmake --preset release
+	@tools/lint.sh build/release
+
+clean:
+	rm -rf build demo
