@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "platform/oledb/oledb.h"
+
+/// A query of fixed columns over one table of the project database: a walk over its rows with the
+/// current row in the record, and changes of that row. The six classes differ in statement and
+/// record. An object is opened once and closed by its destructor at the latest.
+class CProjectTable {
+public:
+    CProjectTable(const CProjectTable&) = delete;
+    CProjectTable& operator=(const CProjectTable&) = delete;
+    virtual ~CProjectTable();
+
+    /// The statement with the filter (table_filters.h) inserted; GBK.
+    std::string BuildQuery(const std::string& filter) const;
+    /// True when the statement was executed; nothing is read yet. Opens the project database when
+    /// that has not happened. Shows nothing.
+    bool Open(const std::string& statement);
+    /// S_OK when the first or next row is in the record; DB_S_ENDOFROWSET or a failure when not.
+    /// A row that cannot be read, such as one with a null in a column without status, is a failure.
+    HRESULT MoveFirst();
+    HRESULT MoveNext();
+    /// Writes the record into the current row at once.
+    HRESULT SetData();
+    /// Makes a new row of the record at once; the current row stays current.
+    HRESULT Insert();
+    /// Deletes the current row at once; MoveNext goes on with the row after it.
+    HRESULT Delete();
+    /// Sends changes that a row set in deferred mode would hold back; with these row sets, which
+    /// change at once, it gives E_NOINTERFACE and there is nothing to do.
+    HRESULT Update();
+    void Close();
+
+protected:
+    /// One bound column. Columns stand in the order of the statement.
+    struct Column {
+        DBTYPE type;
+        std::size_t value;  ///< offset in the record
+        std::size_t bytes;  ///< size of its place
+        std::size_t status = kNoStatus;
+    };
+    static constexpr std::size_t kNoStatus = static_cast<std::size_t>(-1);
+    using Bindings = std::vector<DBBINDING>;
+    static Bindings MakeBindings(const std::vector<Column>& columns);
+
+    /// `statement` has "%s" where the filter goes. All three must live as long as the table.
+    CProjectTable(const char* statement, const Bindings& bindings, void* record)
+        : statement_(statement), bindings_(bindings), record_(record) {}
+
+private:
+    void ReleaseRow();
+
+    const char* statement_;
+    const Bindings& bindings_;
+    void* record_;
+    ICommandText* command_ = nullptr;
+    IRowset* rowset_ = nullptr;
+    IAccessor* accessors_ = nullptr;
+    HACCESSOR accessor_ = DB_NULL_HACCESSOR;
+    HROW row_ = DB_NULL_HROW;
+};
