@@ -13,7 +13,7 @@ packages:
 
 # The drawing reader that the tests compare with; nothing links to it.
 readers: packages
-	@cd tests/readers && [ -d node_modules ] || (cd tests/readers && npm ci --silent --no-audit --no-fund)
+	@[ -d tests/readers/node_modules ] || (cd tests/readers && npm ci --silent --no-audit --no-fund)
 
 demo: all
 	@tools/demo.sh $(BUILD)
