@@ -42,7 +42,7 @@ public:
     /// Draws the entity for proxy graphics.
     virtual void saveAs(AcGiWorldDraw* context, AcDb::SaveType type);
     /// eDegenerateGeometry when the entity has no extent of its own. Texts count with the
-    /// estimate of 0.7 × width factor × height a character where no font is at hand.
+    /// estimate of width factor × height a character, which is what the layouts count with.
     virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
 
     virtual Acad::ErrorStatus getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
