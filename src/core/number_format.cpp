@@ -3,7 +3,6 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <string_view>
 
 namespace {
 
@@ -48,7 +47,7 @@ float Round3(double value) {
     return static_cast<float>(RoundAsPrinted(value, 3));
 }
 
-std::string FormatResultValue(double value, int mode) {
+std::string FormatResultValue(double value, ResultValueMode mode) {
     for (const DecimalsRow& row : mode == kDiameterValue ? kDiameterRows : kCoefficientRows) {
         if (value > row.above) {
             return FormatFixed(value, row.decimals);

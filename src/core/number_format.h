@@ -13,7 +13,7 @@ float Round3(double value);
 enum ResultValueMode : int { kDiameterValue = 1, kCoefficientValue = 2 };
 /// A diameter (mm) or a coefficient for the eye: the larger the value, the fewer the decimals.
 /// Empty for a value below 0, which stands for not determined.
-std::string FormatResultValue(double value, int mode);
+std::string FormatResultValue(double value, ResultValueMode mode);
 
 /// A sieve size (mm) as table headings show it: at most four decimals, no trailing zeros.
 std::string FormatSizeLabel(double size);

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+
+/// A value at or below this counts as not determined: printed as an empty text, stored as null.
+inline constexpr double kNotDeterminedUpTo = 0.0001;
+/// What a diameter holds when the curve never reaches its level.
+inline constexpr double kLevelNotReached = -1.0;
+
+/// Indices of the characteristic diameters in every list of them. dNN is the grain size (mm) that
+/// NN percent of the mass is finer than.
+enum DiameterIndex : int { kD95, kD85, kD60, kD50, kD30, kD15, kD10, kD90, kDiameterCount };
+
+/// One level at which a diameter is read off the curve.
+struct DiameterLevel {
+    int percent;        ///< finer than the diameter
+    double tenthsDown;  ///< tenths of the grid's height below its top edge
+};
+/// The levels in the order of DiameterIndex.
+inline constexpr std::array<DiameterLevel, kDiameterCount> kDiameterLevels{
+    {{95, 0.5}, {85, 1.5}, {60, 4}, {50, 5}, {30, 7}, {15, 8.5}, {10, 9}, {90, 1}}};
+
+/// The diameter at `index`; nothing when the list is too short for it (an interrupted computation)
+/// or the diameter is not determined.
+std::optional<double> DeterminedDiameter(std::span<const double> diameters, DiameterIndex index);
+
+/// Coefficient of uniformity, d60 / d10; nothing unless both are determined.
+std::optional<double> Uniformity(std::span<const double> diameters);
+/// Coefficient of curvature, d30² / (d10 × d60); nothing unless all three are determined.
+std::optional<double> Curvature(std::span<const double> diameters);
