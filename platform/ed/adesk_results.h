@@ -1,9 +1,9 @@
 #pragma once
 
 /// Results of the command-line and query functions.
-inline constexpr int RTNORM = 5100;   ///< done
-inline constexpr int RTERROR = -5001; ///< failed, or nothing answered
-inline constexpr int RTCAN = -5002;   ///< the user cancelled
+inline constexpr int RTNORM = 5100;    ///< done
+inline constexpr int RTERROR = -5001;  ///< failed, or nothing answered
+inline constexpr int RTCAN = -5002;    ///< the user cancelled
 
 /// Kinds of value in a resbuf.
 inline constexpr int RTREAL = 5001;

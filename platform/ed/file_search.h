@@ -13,7 +13,7 @@ namespace ed {
 /// Replaces the search folders (Windows paths, GBK).
 void SetSearchFolders(std::vector<std::string> folders);
 /// Replaces the font mapping by the entries of an INI file (section [Fonts], shape font = installed
-/// font); a missing file clears it. Windows path.
+/// font); a missing file clears it. Windows path. An entry is read when it is first asked for.
 void LoadFontMapping(const std::string& iniPath);
 /// The installed font mapped to a shape font; empty when there is none.
 std::string MappedFont(const char* shapeFont);
