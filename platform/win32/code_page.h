@@ -19,7 +19,9 @@ std::u16string Utf16FromUtf8(std::string_view utf8);
 std::string Utf8FromUtf16(std::u16string_view utf16);
 
 /// True for the first byte of a double-byte character (0x81 to 0xFE).
-constexpr bool IsDbcsLeadByte(unsigned char byte) { return byte >= 0x81 && byte <= 0xFE; }
+constexpr bool IsDbcsLeadByte(unsigned char byte) {
+    return byte >= 0x81 && byte <= 0xFE;
+}
 /// Bytes of the character that starts at `pos`: 2 for a lead byte with a byte after it, else 1.
 inline std::size_t CharLength(std::string_view gbk, std::size_t pos) {
     return IsDbcsLeadByte(static_cast<unsigned char>(gbk[pos])) && pos + 1 < gbk.size() ? 2 : 1;

@@ -11,8 +11,8 @@ int lstrlenA(LPCSTR text);
 /// Returns the units written; with `size` 0 the units needed; 0 when `size` is too small or the
 /// code page is not CP_ACP. `flags` must be 0.
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int bytes, LPWSTR wide, int size);
-/// The other way. A character outside GBK becomes `*defaultChar` ('?' when null), and `*usedDefault`
-/// is then TRUE; both may be null.
+/// The other way. A character outside GBK becomes `*defaultChar` ('?' when null), and
+/// `*usedDefault` is then TRUE; both may be null.
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int units, LPSTR text, int size,
                         LPCSTR defaultChar, BOOL* usedDefault);
 

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/win32/win_types.h"
+
+/// A module's record of its own instance.
+class CAcExtensionModule {
+public:
+    /// The module was linked into the process under this instance.
+    void AttachInstance(HINSTANCE instance);
+    /// The module is about to go. It stops being the current resource module if it is.
+    void DetachInstance();
+    bool Attached() const { return instance_ != nullptr; }
+    /// Null while detached.
+    HINSTANCE ModuleResourceInstance() const { return instance_; }
+
+private:
+    HINSTANCE instance_ = nullptr;
+};
