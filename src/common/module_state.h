@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/db/AcDbObjectId.h"
-#include "platform/win32/win_types.h"
+#include "platform/mfc/CAcExtensionModule.h"
 
 /// What the whole plug-in shares as plain values, from load to unload. Everything runs on the
 /// host's main thread, so nothing here is guarded. Texts are GBK.
@@ -15,9 +15,9 @@ enum ChartModeValue : int { kSampleCharts = 0, kLayerCharts = 1, kChartModeNotSe
 /// Set by the chart and opener commands, never reset; decides what the curve files and stores.
 inline int ChartMode = kChartModeNotSet;
 
-/// The plug-in's own dialog templates and icons, pushed as current resources around every dialog
-/// and message box that needs them. Null while the module is detached from the process.
-inline HMODULE ModuleResourceHandle = nullptr;
+/// The plug-in's own instance, attached while it is in the process. Its resource instance (dialog
+/// templates, icons) is pushed as current resources around every window of the plug-in's own.
+inline CAcExtensionModule ExtensionModule;
 
 /// Profile files, fetched once at load; empty before.
 inline std::string ProjectProfilePath;
