@@ -1,0 +1,102 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbLine.h"
+#include "platform/db/AcDbSpline.h"
+#include "src/core/CurveGrid.h"
+#include "src/core/characteristic_diameters.h"
+
+/// One grading curve in a drawing: a smooth curve through its plotted points and the labels of the
+/// values read off it. It knows the grid it was drawn in and the sample or layer it belongs to, and
+/// reads its characteristic diameters off its own shape every time it is drawn. Texts are GBK.
+class CKFCurve : public AcDbEntity {
+public:
+    /// Enters the class in the runtime registry; to be called when the module is loaded.
+    static void rxInit();
+    /// Takes the class record out of the registry and destroys it, at unload.
+    static void rxRemove();
+    /// The record found in the class dictionary; null before rxInit.
+    static AcRxClass* desc();
+    AcRxClass* isA() const override;
+
+    /// `chartType` is the project's standard code: 2 gives the seven labels of the cumulative
+    /// chart, any other the five of the result chart. The project index keeps its low 16 bits.
+    void SetIdentity(Adesk::Int16 chartType, Adesk::Int16 projectIndex,
+                     const std::string& projectNumber, const std::string& borehole,
+                     const std::string& sample);
+    void SetGrid(const CurveGrid& grid, double labelTextHeight);
+    /// Replaces both lists; points run from the coarsest sieve to the finest, label points in the
+    /// order of the labels.
+    void SetPoints(const AcGePoint3dArray& curvePoints, const AcGePoint3dArray& labelPoints);
+    /// Style of the texts that the labels become when the curve is exploded.
+    void SetTextStyleId(AcDbObjectId textStyle);
+    /// Numbers of the layer as decimal text; a text without leading digits gives 0.
+    void SetLayerKey(const std::string& mainLayer, const std::string& subLayer);
+    /// Reads the eight diameters off the curve. Where a level cannot be read, says so, leaves the
+    /// remaining diameters out, and draws level (red) and curve (yellow) into the working drawing.
+    void ComputeDiameters();
+    /// Writes diameters and coefficients into the project database, to the place that ChartMode
+    /// says. 1 done, 0 nothing could be written, 2 the database already has them. Whatever comes
+    /// of it, the curve counts as stored afterwards.
+    int StoreToDatabase();
+
+    void GetProjectKey(int& projectIndex, std::string& projectNumber) const;
+    /// d95, d85, d60, d50, d30, d15, d10, d90 in mm, -1 where the curve misses the level. Shorter
+    /// after an interrupted computation, empty before the first.
+    const std::vector<double>& Diameters() const { return diameters_; }
+    /// True while the database does not have the curve's values.
+    bool IsChanged() const { return modified_; }
+
+    Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
+    Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
+    Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
+    /// Also the colour of the labels. Always reaches sub-entities.
+    Acad::ErrorStatus setColorIndex(Adesk::UInt16 index, Adesk::Boolean doSubents = true) override;
+    Acad::ErrorStatus setLayer(AcDbObjectId layer, Adesk::Boolean doSubents = true) override;
+    /// One grip a plotted point, in their order; the labels have none.
+    Acad::ErrorStatus getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
+                                    AcDbIntArray& geomIds) const override;
+    Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices,
+                                       const AcGeVector3d& offset) override;
+    /// Only maps that keep the direction of the x axis; eNotApplicable, and no change, for others.
+    /// The grid stays where it is, so the diameters follow at the next drawing.
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    /// A spline and a text for every label.
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const override;
+    void saveAs(AcGiWorldDraw* context, AcDb::SaveType type) override;
+
+private:
+    static constexpr Adesk::UInt16 kCurveColor = 3;  // green
+    static constexpr double kLabelWidthFactor = 0.7;
+
+    /// False for fewer than two distinct points: there is no curve then.
+    bool IsDrawable() const;
+    AcDbSpline MakeSpline() const;
+    AcDbLine LevelLine(const DiameterLevel& level) const;
+    /// Fills the diameters anew; gives the level at which reading stopped, null when it did not.
+    const DiameterLevel* ReadDiameters(const AcDbSpline& spline);
+    void SetAllDiametersNotReached();
+    /// Also reads the diameters anew.
+    void DrawCurve(AcGiWorldDraw& context);
+    void DrawLabels(AcGiWorldDraw& context) const;
+
+    CurveGrid grid_;
+    AcGePoint3dArray curvePoints_;
+    AcGePoint3dArray labelPoints_;
+    Adesk::Int16 chartType_ = 0;
+    Adesk::Int16 projectIndex_ = 0;
+    std::string projectNumber_;
+    std::string borehole_;
+    std::string sample_;
+    double textHeight_ = 0.0;
+    std::vector<double> diameters_;
+    AcDbObjectId textStyleId_;
+    Adesk::Int32 mainLayer_ = 0;
+    Adesk::Int32 subLayer_ = 0;
+    Adesk::UInt16 labelColorIndex_ = 0;
+    Adesk::Int16 savingAs_ = 0;  ///< 1 while proxy graphics are made
+    bool modified_ = true;
+};

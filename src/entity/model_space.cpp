@@ -1,0 +1,39 @@
+#include "src/entity/model_space.h"
+
+#include "platform/db/AcDbHostApplicationServices.h"
+
+namespace {
+
+Acad::ErrorStatus OpenModelSpace(AcDbDatabase* drawing, AcDbBlockTableRecord*& modelSpace) {
+    AcDbBlockTable* blocks = nullptr;
+    Acad::ErrorStatus status = drawing->getSymbolTable(blocks, AcDb::kForRead);
+    if (status != Acad::eOk) {
+        return status;
+    }
+    status = blocks->getAt(ACDB_MODEL_SPACE, modelSpace, AcDb::kForWrite);
+    blocks->close();
+    return status;
+}
+
+}  // namespace
+
+Acad::ErrorStatus AppendToModelSpace(AcDbDatabase* drawing, AcDbEntity* entity, AcDbObjectId& id) {
+    if (drawing == nullptr) {
+        return Acad::eNoDatabase;
+    }
+    AcDbBlockTableRecord* modelSpace = nullptr;
+    Acad::ErrorStatus status = OpenModelSpace(drawing, modelSpace);
+    if (status != Acad::eOk) {
+        return status;
+    }
+    status = modelSpace->appendAcDbEntity(id, entity);
+    modelSpace->close();
+    if (status == Acad::eOk) {
+        entity->close();
+    }
+    return status;
+}
+
+Acad::ErrorStatus AppendToWorkingModelSpace(AcDbEntity* entity, AcDbObjectId& id) {
+    return AppendToModelSpace(acdbHostApplicationServices()->workingDatabase(), entity, id);
+}
