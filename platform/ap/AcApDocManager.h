@@ -23,7 +23,9 @@ private:
 };
 
 /// The open documents. Commands run in a document's context; only the application context may
-/// open, close and switch documents. The current document's database is the working database.
+/// open, make, close and switch documents: elsewhere those operations do nothing and give
+/// eInvalidInput. The current document's database is the working database. A drawing's path may
+/// lack the extension ".dwg".
 class AcApDocManager {
 public:
     /// Null when no document is open.
@@ -42,13 +44,13 @@ public:
                                           bool activate = true, bool wrapUpInactiveDoc = false,
                                           bool echo = true);
 
-    /// Locks are counted. eNoDocument for null.
+    /// Locks are counted. eNoDocument for null, eNotApplicable for an unlock without a lock.
     Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode = AcAp::kWrite);
     Acad::ErrorStatus unlockDocument(AcApDocument* document);
 
-    /// Opens a drawing as a new document and makes it current; only in the application context
-    /// (eInvalidInput else). eDrawingNotOpened when no document can be made of the file; the reason
-    /// is printed on the command line. A drawing that is open already becomes current.
+    /// Opens a drawing as a new document and makes it current. eDrawingNotOpened when no document
+    /// can be made of the file; the reason is printed on the command line. A drawing that is open
+    /// already becomes current.
     Acad::ErrorStatus appContextOpenDocument(const char* path);
     /// A new untitled drawing as a new document, made current.
     Acad::ErrorStatus appContextNewDocument();
@@ -56,7 +58,9 @@ public:
     /// last of those left becomes current.
     Acad::ErrorStatus closeDocument(AcApDocument* document);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
-    /// Saves the document's drawing under its name or another (Windows path).
+    /// Saves the document's drawing under its name or another (Windows path), which becomes its
+    /// name. eInvalidInput for a drawing that has no name yet; a failed save leaves the reason in
+    /// the database's lastFileError().
     Acad::ErrorStatus saveDocument(AcApDocument* document, const char* path = nullptr);
 
     /// Makes a module's resources current until the matching pop.
@@ -69,6 +73,15 @@ public:
 
 private:
     friend Acad::ErrorStatus acedSyncFileOpen(const char* path);
+    bool owns(const AcApDocument* document) const;
+    /// Null when no open document is that file's.
+    AcApDocument* documentOfFile(const std::string& path) const;
+    /// A new document of the drawing, made current.
+    AcApDocument& adopt(std::unique_ptr<AcDbDatabase> database);
+    void adoptFile(std::unique_ptr<AcDbDatabase> database, const std::string& path);
+    void drop(const AcApDocument* document);
+    void makeCurrent(AcApDocument* document);
+
     std::vector<std::unique_ptr<AcApDocument>> documents_;
     AcApDocument* current_ = nullptr;
     int applicationContext_ = 0;

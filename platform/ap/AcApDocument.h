@@ -21,7 +21,8 @@ struct AcApView {
 /// An open drawing.
 class AcApDocument {
 public:
-    explicit AcApDocument(std::unique_ptr<AcDbDatabase> database) : database_(std::move(database)) {}
+    explicit AcApDocument(std::unique_ptr<AcDbDatabase> database)
+        : database_(std::move(database)) {}
 
     /// Windows path of the drawing's file; "Drawing1.dwg" and so on for one never saved.
     const char* fileName() const { return fileName_.c_str(); }
