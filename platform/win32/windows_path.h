@@ -21,9 +21,8 @@ std::string FileSystemPath(std::string_view windowsPath);
 /// has no GBK form or contains a backslash.
 bool WindowsPath(std::string_view fileSystemPath, std::string& windowsPath);
 
-/// To be called after this process made or removed the entry `fileSystemPath`, so that the listing
-/// of its folder is amended instead of read again. Without the call all is as correct, but slower.
+/// To be called after this process made the entry `fileSystemPath`, so that the listing of its
+/// folder is amended instead of read again. Without the call all is as correct, but slower.
 void NoteEntryMade(const std::string& fileSystemPath);
-void NoteEntryRemoved(const std::string& fileSystemPath);
 
 }  // namespace win32
