@@ -30,6 +30,7 @@ public:
 private:
     friend AcRxClass* newAcRxClass(const char*, const char*, int, int, int, Constructor,
                                    const char*, const char*);
+    friend void deleteAcRxClass(AcRxClass*);
     AcRxClass() = default;
 
     std::string name_;
@@ -44,18 +45,20 @@ private:
 };
 
 /// Makes a class record and enters it in the class dictionary, which owns it.
-/// Returns the existing record when a class of that name is registered already.
+/// Returns the existing record when a class of that name is registered already; null when the
+/// class has no name. An empty or null parent name makes a root.
 AcRxClass* newAcRxClass(const char* className, const char* parentClassName, int dwgVersion = 0,
                         int maintenanceVersion = 0, int proxyFlags = 0,
-                        AcRxClass::Constructor constructor = nullptr,
-                        const char* dxfName = nullptr, const char* appName = nullptr);
+                        AcRxClass::Constructor constructor = nullptr, const char* dxfName = nullptr,
+                        const char* appName = nullptr);
 
-/// Removes the record from the class dictionary and destroys it. Null is ignored.
+/// Removes the record from the class dictionary and destroys it. Null is ignored. Classes derived
+/// from it have no parent until a record of that name is made again.
 void deleteAcRxClass(AcRxClass* aClass);
 
 /// Declares desc() and isA() of a class of the layer itself.
-#define ACRX_DECLARE_MEMBERS(CLASS)    \
-    static AcRxClass* desc();          \
+#define ACRX_DECLARE_MEMBERS(CLASS) \
+    static AcRxClass* desc();       \
     AcRxClass* isA() const override
 
 /// Defines them for a class without a name of its own in drawing files; registered at load.
@@ -64,5 +67,7 @@ void deleteAcRxClass(AcRxClass* aClass);
         static AcRxClass* const record = newAcRxClass(#CLASS, #PARENT, 0, 0, 0, CONSTRUCTOR); \
         return record;                                                                        \
     }                                                                                         \
-    AcRxClass* CLASS::isA() const { return CLASS::desc(); }                                   \
+    AcRxClass* CLASS::isA() const {                                                           \
+        return CLASS::desc();                                                                 \
+    }                                                                                         \
     [[maybe_unused]] static const AcRxClass* const registered##CLASS = CLASS::desc()

@@ -19,6 +19,7 @@ public:
     AcRxObject* remove(const char* key);
 
 private:
+    friend void deleteAcRxClass(AcRxClass*);
     std::unordered_map<std::string, AcRxObject*> entries_;
 };
 
