@@ -11,10 +11,9 @@ inline constexpr DWORD CLSCTX_INPROC_SERVER = 1;
 /// Turns an initialisation string into a data source.
 struct IDataInitialize : IUnknown {
     /// The string is `Keyword=Value;…`; "Provider" chooses the provider by name, the other
-    /// keywords are the provider's. REGDB_E_CLASSNOTREG when no provider has the name,
-    /// DB_E_BADINITSTRING when the string cannot be taken apart, names no provider or has a
-    /// keyword that the provider does not know. `*dataSource` must be null on entry; nothing is
-    /// opened yet.
+    /// keywords are looked at when the data source is initialised. REGDB_E_CLASSNOTREG when no
+    /// provider has the name, DB_E_BADINITSTRING when the string cannot be taken apart or names
+    /// none. `*dataSource` must be null on entry.
     virtual HRESULT GetDataSource(IUnknown* outer, DWORD clsContext, LPCOLESTR initString,
                                   REFIID riid, IUnknown** dataSource) = 0;
 };

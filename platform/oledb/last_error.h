@@ -2,13 +2,16 @@
 
 #include <string>
 
+#include "platform/win32/win_types.h"
+
 namespace oledb {
-/// Why the last call that failed did: provider, table or file, and the database's own words, as
-/// UTF-8. Empty when Initialize or Execute has succeeded since.
+
+/// Why the last call that failed did: table or file, column, and the database's own words, as
+/// UTF-8. Empty when a data source was initialised or a command executed since.
 const std::string& LastErrorText();
 
-/// Gets every call that a provider makes to its database library, one line a call:
-/// "sqlite3_step(…) = 101". A null function, the default, switches it off.
-using TraceFunction = void (*)(const char* line);
-void SetTrace(TraceFunction trace);
+/// For providers. `SetLastError` returns `result`, so that a failure is one statement.
+HRESULT SetLastError(HRESULT result, std::string text);
+void ClearLastError();
+
 }  // namespace oledb

@@ -1,0 +1,60 @@
+#include <string>
+
+#include "platform/oledb/ComObject.h"
+#include "platform/oledb/DataSource.h"
+#include "platform/oledb/IDataInitialize.h"
+#include "platform/oledb/last_error.h"
+#include "platform/win32/code_page.h"
+
+namespace oledb {
+namespace {
+
+class DataInitialize final : public ComObject<IDataInitialize> {
+public:
+    HRESULT GetDataSource(IUnknown* outer, DWORD clsContext, LPCOLESTR initString, REFIID riid,
+                          IUnknown** dataSource) override;
+
+protected:
+    IUnknown* Find(REFIID riid) override {
+        return riid == IID_IDataInitialize || riid == IID_IUnknown ? this : nullptr;
+    }
+};
+
+HRESULT DataInitialize::GetDataSource(IUnknown* outer, DWORD clsContext, LPCOLESTR initString,
+                                      REFIID riid, IUnknown** dataSource) {
+    if (dataSource == nullptr || *dataSource != nullptr || initString == nullptr ||
+        (clsContext & CLSCTX_INPROC_SERVER) == 0) {
+        return E_INVALIDARG;
+    }
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    InitString properties;
+    std::string error;
+    if (!properties.Parse(win32::Utf8FromUtf16(initString), error)) {
+        return SetLastError(DB_E_BADINITSTRING, error);
+    }
+    const std::string* const name = properties.Find("Provider");
+    if (name == nullptr) {
+        return SetLastError(DB_E_BADINITSTRING, "initialisation string: no Provider is named");
+    }
+    const Provider* const provider = FindProvider(*name);
+    if (provider == nullptr) {
+        return SetLastError(REGDB_E_CLASSNOTREG,
+                            "initialisation string: there is no provider \"" + *name + "\"");
+    }
+    return HandOut(new DataSource(*provider, std::move(properties)), riid, dataSource);
+}
+
+}  // namespace
+}  // namespace oledb
+
+HRESULT CoCreateInstance(REFCLSID rclsid, IUnknown* outer, DWORD clsContext, REFIID riid,
+                         void** object) {
+    if (object == nullptr || (clsContext & CLSCTX_INPROC_SERVER) == 0) return E_INVALIDARG;
+    *object = nullptr;
+    if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+    if (rclsid != CLSID_MSDAINITIALIZE) return REGDB_E_CLASSNOTREG;
+    IUnknown* made = nullptr;
+    const HRESULT result = oledb::HandOut(new oledb::DataInitialize, riid, &made);
+    *object = made;
+    return result;
+}

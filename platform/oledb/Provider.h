@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/oledb/InitString.h"
+#include "platform/oledb/Value.h"
+#include "platform/oledb/oledb_errors.h"
+
+// What a database has to bring to be a provider. Interfaces, properties, accessors and conversions
+// are common to all. Every failing call leaves its reason with SetLastError (last_error.h).
+
+namespace oledb {
+
+/// The rows of an executed select, as they were at that moment, and the ways to change them.
+class Selection {
+public:
+    virtual ~Selection() = default;
+    virtual std::size_t RowCount() const = 0;
+    virtual std::size_t ColumnCount() const = 0;
+    /// For messages: "table, column NAME"; column from 0.
+    virtual std::string ColumnTitle(std::size_t column) const = 0;
+    /// True when all rows come from one table, so that changes may be asked for.
+    virtual bool FromOneTable() const = 0;
+    /// The row's columns, with what Update has made of them. Rows count from 0; the texts live
+    /// until the next call.
+    virtual HRESULT Read(std::size_t row, std::vector<Value>& values) = 0;
+    /// Changes exactly this row. DB_E_NOTSUPPORTED when rows have no identity, DB_E_DELETEDROW when
+    /// the row is gone.
+    virtual HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values) = 0;
+    virtual HRESULT Delete(std::size_t row) = 0;
+    virtual HRESULT Insert(const std::vector<ColumnValue>& values) = 0;
+};
+
+/// An open database.
+class Connection {
+public:
+    virtual ~Connection() = default;
+    /// Runs `statement` (UTF-8), which must be one select and nothing else.
+    virtual HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) = 0;
+};
+
+struct Provider {
+    const char* name;
+    HRESULT (*connect)(const InitString& properties, std::shared_ptr<Connection>& connection);
+};
+/// By name without regard to case; null when there is none.
+const Provider* FindProvider(std::string_view name);
+
+}  // namespace oledb

@@ -1,0 +1,110 @@
+#include "platform/oledb/providers/sqlite/SelectPlan.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "platform/oledb/InitString.h"
+#include "platform/oledb/providers/sqlite/sqlite_call.h"
+
+namespace oledb::sqlite {
+namespace {
+
+/// The columns of a table, and those of its primary key in the key's order.
+struct TableColumns {
+    std::vector<std::string> names;
+    std::vector<std::string> primaryKey;
+
+    bool Has(std::string_view name) const {
+        return std::any_of(names.begin(), names.end(), [&](const std::string& column) {
+            return InitString::SameKeyword(column, name);
+        });
+    }
+};
+
+HRESULT ReadColumns(SqliteDatabase& database, const SelectText& text, TableColumns& columns) {
+    const std::string schema = text.schema.empty() ? "" : QuotedName(text.schema) + ".";
+    SqliteStatement statement;
+    const int code = statement.Prepare(
+        database.Handle(), "PRAGMA " + schema + "table_info(" + QuotedName(text.table) + ")");
+    if (code != SQLITE_OK) return database.Failure(code, text.table);
+    std::vector<std::pair<std::int64_t, std::string>> keys;
+    const HRESULT result = database.Run(statement, {}, text.table, [&] {
+        std::string name(statement.Column(1).text);
+        if (const std::int64_t place = statement.Column(5).integer; place > 0) {
+            keys.emplace_back(place, name);
+        }
+        columns.names.push_back(std::move(name));
+    });
+    std::sort(keys.begin(), keys.end());
+    for (auto& [place, name] : keys) columns.primaryKey.push_back(std::move(name));
+    return result;
+}
+
+std::string Joined(const std::vector<std::string>& parts, std::string_view between) {
+    std::string all;
+    for (const std::string& part : parts) {
+        if (!all.empty()) all += between;
+        all += part;
+    }
+    return all;
+}
+
+}  // namespace
+
+std::string SelectPlan::KeyCondition() const {
+    return Joined(keys_, "=? AND ") + "=?";
+}
+
+HRESULT SelectPlan::FindKeys(SqliteDatabase& database, const SelectText& text) {
+    TableColumns columns;
+    const HRESULT result = ReadColumns(database, text, columns);
+    if (FAILED(result)) return result;
+    for (const char* rowId : {"rowid", "_rowid_", "oid"}) {
+        if (columns.Has(rowId)) continue;
+        SqliteStatement probe;
+        if (probe.Prepare(database.Handle(), std::string("SELECT ") + rowId + " FROM " + table_) ==
+            SQLITE_OK) {
+            keys_ = {rowId};
+            return S_OK;
+        }
+        break;
+    }
+    for (const std::string& name : columns.primaryKey) keys_.push_back(QuotedName(name));
+    return S_OK;
+}
+
+bool SelectPlan::PrepareKeyed(SqliteDatabase& database, const SelectText& text) {
+    const std::string keys = Joined(keys_, ",");
+    const std::string head = std::string("SELECT ") + (text.distinct ? "DISTINCT " : "") + keys +
+                             (keys.empty() ? "" : ",") + text.list + " FROM " + text.from;
+    if (statement_.Prepare(database.Handle(), head + text.tail) != SQLITE_OK) return false;
+    hasParameters_ = true;
+    if (!keys_.empty()) rowStatement_ = head + " WHERE " + KeyCondition();
+    return true;
+}
+
+HRESULT SelectPlan::Prepare(SqliteDatabase& database, const SelectText& text) {
+    fromOneTable_ = text.fromOneTable;
+    title_ = text.table.empty() ? "select" : text.table;
+    table_ = (text.schema.empty() ? "" : QuotedName(text.schema) + ".") + QuotedName(text.table);
+    if (fromOneTable_ && !text.distinct) {
+        const HRESULT result = FindKeys(database, text);
+        if (FAILED(result)) return result;
+        // Rows that cannot be told apart, as those of a view, are not a table's.
+        fromOneTable_ = !keys_.empty();
+    }
+    if (!text.fromOneTable || !PrepareKeyed(database, text)) {
+        // As it was given: so the library's message is about the text that the caller knows.
+        keys_.clear();
+        const int code = statement_.Prepare(database.Handle(), text.statement);
+        if (code != SQLITE_OK) return database.Failure(code, title_);
+    }
+    const int columns = statement_.ColumnCount();
+    for (int column = 0; column < columns; ++column) {
+        origins_.push_back(statement_.OriginColumn(column));
+    }
+    return S_OK;
+}
+
+}  // namespace oledb::sqlite

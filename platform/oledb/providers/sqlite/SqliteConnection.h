@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/oledb/Provider.h"
+#include "platform/oledb/providers/sqlite/SelectPlan.h"
+#include "platform/oledb/providers/sqlite/SqliteDatabase.h"
+
+namespace oledb::sqlite {
+
+/// A database file. Selects keep their prepared statement, so that the same question about another
+/// key costs no new preparation.
+class SqliteConnection final : public Connection,
+                               public std::enable_shared_from_this<SqliteConnection> {
+public:
+    HRESULT Open(const std::string& path) { return database_.Open(path); }
+    HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) override;
+
+    SqliteDatabase& Database() { return database_; }
+
+private:
+    /// The plan for a select, made or kept from before.
+    HRESULT FindPlan(const SelectText& text, std::shared_ptr<SelectPlan>& plan);
+
+    SqliteDatabase database_;
+    std::unordered_map<std::string, std::shared_ptr<SelectPlan>> plans_;  ///< by text
+};
+
+/// The properties are "Data Source", the path of the file as a Windows path, and nothing else.
+HRESULT Connect(const InitString& properties, std::shared_ptr<Connection>& connection);
+
+}  // namespace oledb::sqlite

@@ -1,0 +1,118 @@
+#include "platform/oledb/providers/sqlite/SqliteDatabase.h"
+
+#include <string_view>
+
+#include "platform/oledb/last_error.h"
+#include "platform/oledb/providers/sqlite/sqlite_call.h"
+
+namespace oledb::sqlite {
+namespace {
+
+/// How long a database locked by somebody else is waited for, in milliseconds.
+constexpr int kBusyTimeout = 2000;
+/// Statements kept prepared; far more than the tables of a project need.
+constexpr std::size_t kKeptStatements = 64;
+
+HRESULT ResultOf(int code, std::string_view message) {
+    switch (code & 0xFF) {
+        case SQLITE_BUSY:
+        case SQLITE_LOCKED:
+            return DB_E_TIMEOUT;
+        case SQLITE_CONSTRAINT:
+            return DB_E_INTEGRITYVIOLATION;
+        case SQLITE_READONLY:
+        case SQLITE_PERM:
+        case SQLITE_AUTH:
+            return DB_SEC_E_PERMISSIONDENIED;
+        case SQLITE_ERROR:
+            return message.starts_with("no such table") ? DB_E_NOTABLE : DB_E_ERRORSINCOMMAND;
+        default:
+            return E_FAIL;
+    }
+}
+
+}  // namespace
+
+std::string QuotedName(const std::string& name) {
+    std::string quoted = "\"";
+    for (const char c : name) {
+        quoted.append(c == '"' ? 2 : 1, c);
+    }
+    return quoted + '"';
+}
+
+void SqliteDatabase::Close::operator()(sqlite3* database) const {
+    SQLITE_CALL(sqlite3_close_v2, database);
+}
+
+HRESULT SqliteDatabase::Failure(int code, const std::string& title) const {
+    const std::string message = SQLITE_CALL(sqlite3_errmsg, handle_.get());
+    return SetLastError(ResultOf(code, message), title + ": " + message);
+}
+
+HRESULT SqliteDatabase::Open(const std::string& path) {
+    // Without a folder in front, ":memory:" would be a database and no file.
+    const std::string file = path.starts_with('/') ? path : "./" + path;
+    sqlite3* opened = nullptr;
+    const int code = SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened,
+                                 SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    handle_.reset(opened);
+    if (code != SQLITE_OK) return Failure(code, path);
+    SQLITE_CALL(sqlite3_busy_timeout, opened, kBusyTimeout);
+    const HRESULT result = CheckContent(path);
+    if (FAILED(result)) return result;
+    Prefer("PRAGMA journal_mode=WAL");
+    Prefer("PRAGMA synchronous=NORMAL");
+    return S_OK;
+}
+
+/// The library opens any file and looks into it at the first question.
+HRESULT SqliteDatabase::CheckContent(const std::string& path) {
+    SqliteStatement pages;
+    int code = pages.Prepare(Handle(), "PRAGMA page_count");
+    if (code != SQLITE_OK) return Failure(code, path);
+    code = pages.Step();
+    if (code != SQLITE_ROW) return Failure(code, path);
+    if (pages.Column(0).integer == 0) return SetLastError(E_FAIL, path + ": file is empty");
+    return S_OK;
+}
+
+/// Sets what makes writing fast. Where the file does not allow it, such as on a write-protected
+/// disk, everything works as well without.
+void SqliteDatabase::Prefer(const char* pragma) {
+    SqliteStatement statement;
+    if (statement.Prepare(Handle(), pragma) == SQLITE_OK) statement.Step();
+}
+
+HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>& parameters,
+                            const std::string& title, const std::function<void()>& row) const {
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+        statement.Bind(static_cast<int>(i) + 1, parameters[i]);
+    }
+    int code = SQLITE_ROW;
+    while ((code = statement.Step()) == SQLITE_ROW) row();
+    const HRESULT result = code == SQLITE_DONE ? S_OK : Failure(code, title);
+    statement.Reset();
+    return result;
+}
+
+HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
+                                  const std::string& title) {
+    if (changes_.size() >= kKeptStatements) changes_.clear();
+    const auto [kept, isNew] = changes_.try_emplace(sql);
+    if (isNew) {
+        const int code = kept->second.Prepare(Handle(), sql);
+        if (code != SQLITE_OK) {
+            changes_.erase(kept);
+            return Failure(code, title);
+        }
+    }
+    const HRESULT result = Run(kept->second, parameters, title, [] {});
+    if (FAILED(result)) return result;
+    if (SQLITE_CALL(sqlite3_changes, Handle()) == 0) {
+        return SetLastError(DB_E_DELETEDROW, title + ": the row does not exist any more");
+    }
+    return S_OK;
+}
+
+}  // namespace oledb::sqlite

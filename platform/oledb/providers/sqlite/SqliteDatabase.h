@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/oledb/Value.h"
+#include "platform/oledb/oledb_errors.h"
+#include "platform/oledb/providers/sqlite/SqliteStatement.h"
+
+struct sqlite3;
+
+namespace oledb::sqlite {
+
+/// An open database file.
+class SqliteDatabase {
+public:
+    /// Opens the file (UTF-8 path of the file system) for reading and writing, in WAL mode where
+    /// the file allows it. A file that is missing, empty or no database is refused, none is made.
+    HRESULT Open(const std::string& path);
+
+    sqlite3* Handle() const { return handle_.get(); }
+    /// Runs a statement that changes one row and has been run before by the same text, if so, as
+    /// that prepared statement. `title` names the table in the error's text. DB_E_DELETEDROW when
+    /// no row was changed.
+    HRESULT ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
+                      const std::string& title);
+    /// Runs a select from front to back; `row` is called with each row stepped to.
+    HRESULT Run(SqliteStatement& statement, const std::vector<Value>& parameters,
+                const std::string& title, const std::function<void()>& row) const;
+    /// Notes the library's error for `title` and gives the code it stands for.
+    HRESULT Failure(int code, const std::string& title) const;
+
+private:
+    struct Close {
+        void operator()(sqlite3* database) const;
+    };
+    HRESULT CheckContent(const std::string& path);
+    void Prefer(const char* pragma);
+
+    std::unique_ptr<sqlite3, Close> handle_;
+    std::unordered_map<std::string, SqliteStatement> changes_;  ///< by their text
+};
+
+/// A name in double quotes, for any place where SQL takes a name.
+std::string QuotedName(const std::string& name);
+
+}  // namespace oledb::sqlite

@@ -1,0 +1,142 @@
+#include "platform/oledb/providers/sqlite/SqliteSelection.h"
+
+#include <algorithm>
+
+#include "platform/oledb/last_error.h"
+#include "platform/oledb/providers/sqlite/sqlite_call.h"
+
+namespace oledb::sqlite {
+
+std::string SqliteSelection::ColumnTitle(std::size_t column) const {
+    const std::string& origin = plan_->Origin(column);
+    const std::string name = origin.empty() ? std::to_string(column + 1) : origin;
+    return plan_->Title() + ", column " + name;
+}
+
+HRESULT SqliteSelection::Execute(const std::vector<Value>& parameters) {
+    SqliteStatement& statement = plan_->Statement();
+    return connection_->Database().Run(statement,
+                                       plan_->HasParameters() ? parameters : std::vector<Value>(),
+                                       plan_->Title(), [&] { statement.AppendRow(rows_); });
+}
+
+// Reading
+
+void SqliteSelection::ReadKnown(std::size_t row, std::vector<Value>& values) const {
+    const auto changed = changed_.find(row);
+    if (changed == changed_.end()) {
+        rows_.Read(row, values);
+    } else {
+        changed->second.row.Read(0, values);
+    }
+}
+
+HRESULT SqliteSelection::ReadAgain(Changed& changed) {
+    std::vector<Value> key;
+    changed.row.Read(0, key);
+    SqliteStatement statement;
+    SqliteDatabase& database = connection_->Database();
+    const int code = statement.Prepare(database.Handle(), plan_->RowStatement());
+    if (code != SQLITE_OK) return database.Failure(code, plan_->Title());
+    RowBuffer row;
+    const HRESULT result =
+        database.Run(statement, key, plan_->Title(), [&] { statement.AppendRow(row); });
+    if (FAILED(result)) return result;
+    if (row.RowCount() != 1) {
+        return SetLastError(DB_E_DELETEDROW, plan_->Title() + ": the row does not exist any more");
+    }
+    changed = {std::move(row), true};
+    return S_OK;
+}
+
+HRESULT SqliteSelection::Read(std::size_t row, std::vector<Value>& values) {
+    const auto changed = changed_.find(row);
+    if (changed != changed_.end() && !changed->second.complete) {
+        const HRESULT result = ReadAgain(changed->second);
+        if (FAILED(result)) return result;
+    }
+    ReadKnown(row, values);
+    values.erase(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(plan_->KeyCount()));
+    return S_OK;
+}
+
+// Changing
+
+HRESULT SqliteSelection::CheckIdentified() const {
+    if (plan_->Identified()) return S_OK;
+    return SetLastError(DB_E_NOTSUPPORTED,
+                        plan_->Title() + ": the rows are no single rows of the table");
+}
+
+HRESULT SqliteSelection::CheckColumns(const std::vector<ColumnValue>& values) const {
+    for (const ColumnValue& value : values) {
+        if (plan_->Origin(value.column).empty()) {
+            return SetLastError(DB_E_ERRORSOCCURRED,
+                                ColumnTitle(value.column) + ": a computed value");
+        }
+    }
+    return S_OK;
+}
+
+void SqliteSelection::NoteChanged(std::size_t row, std::vector<Value> key,
+                                  const std::vector<ColumnValue>& values) {
+    for (std::size_t i = 0; i < key.size(); ++i) {
+        for (const ColumnValue& value : values) {
+            if (plan_->Origin(value.column) == plan_->KeyOrigin(i)) key[i] = value.value;
+        }
+    }
+    Changed changed;
+    changed.row.BeginRow();
+    for (const Value& value : key) changed.row.Append(value);
+    changed_.insert_or_assign(row, std::move(changed));
+}
+
+HRESULT SqliteSelection::Update(std::size_t row, const std::vector<ColumnValue>& values) {
+    HRESULT result = CheckIdentified();
+    if (SUCCEEDED(result)) result = CheckColumns(values);
+    if (FAILED(result) || values.empty()) return result;
+    std::string sql = "UPDATE " + plan_->Table() + " SET ";
+    std::vector<Value> parameters;
+    for (const ColumnValue& value : values) {
+        if (!parameters.empty()) sql += ',';
+        sql += QuotedName(plan_->Origin(value.column)) + "=?";
+        parameters.push_back(value.value);
+    }
+    sql += " WHERE " + plan_->KeyCondition();
+    std::vector<Value> key;
+    ReadKnown(row, key);
+    key.resize(plan_->KeyCount());
+    parameters.insert(parameters.end(), key.begin(), key.end());
+    result = connection_->Database().ChangeOne(sql, parameters, plan_->Title());
+    if (SUCCEEDED(result)) NoteChanged(row, std::move(key), values);
+    return result;
+}
+
+HRESULT SqliteSelection::Delete(std::size_t row) {
+    const HRESULT result = CheckIdentified();
+    if (FAILED(result)) return result;
+    std::vector<Value> key;
+    ReadKnown(row, key);
+    key.resize(plan_->KeyCount());
+    return connection_->Database().ChangeOne(
+        "DELETE FROM " + plan_->Table() + " WHERE " + plan_->KeyCondition(), key, plan_->Title());
+}
+
+HRESULT SqliteSelection::Insert(const std::vector<ColumnValue>& values) {
+    HRESULT result = CheckIdentified();
+    if (SUCCEEDED(result)) result = CheckColumns(values);
+    if (FAILED(result)) return result;
+    std::string columns;
+    std::string places;
+    std::vector<Value> parameters;
+    for (const ColumnValue& value : values) {
+        columns += (columns.empty() ? "" : ",") + QuotedName(plan_->Origin(value.column));
+        places += places.empty() ? "?" : ",?";
+        parameters.push_back(value.value);
+    }
+    return connection_->Database().ChangeOne(
+        "INSERT INTO " + plan_->Table() + "(" + columns + ") VALUES(" + places + ")", parameters,
+        plan_->Title());
+}
+
+}  // namespace oledb::sqlite

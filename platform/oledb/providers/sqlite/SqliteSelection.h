@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/oledb/Provider.h"
+#include "platform/oledb/RowBuffer.h"
+#include "platform/oledb/providers/sqlite/SqliteConnection.h"
+
+namespace oledb::sqlite {
+
+/// The rows of a select, read to the end when it is executed, so that no walk holds a lock.
+class SqliteSelection final : public Selection {
+public:
+    SqliteSelection(std::shared_ptr<SqliteConnection> connection, std::shared_ptr<SelectPlan> plan)
+        : connection_(std::move(connection)), plan_(std::move(plan)) {}
+
+    HRESULT Execute(const std::vector<Value>& parameters);
+
+    std::size_t RowCount() const override { return rows_.RowCount(); }
+    std::size_t ColumnCount() const override { return plan_->ColumnCount(); }
+    std::string ColumnTitle(std::size_t column) const override;
+    bool FromOneTable() const override { return plan_->FromOneTable(); }
+    HRESULT Read(std::size_t row, std::vector<Value>& values) override;
+    HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values) override;
+    HRESULT Delete(std::size_t row) override;
+    HRESULT Insert(const std::vector<ColumnValue>& values) override;
+
+private:
+    /// A row that was changed: its identity, and its values once they were read again.
+    struct Changed {
+        RowBuffer row;
+        bool complete = false;
+    };
+
+    /// The row as it is known, identity in front.
+    void ReadKnown(std::size_t row, std::vector<Value>& values) const;
+    HRESULT ReadAgain(Changed& changed);
+    HRESULT CheckIdentified() const;
+    HRESULT CheckColumns(const std::vector<ColumnValue>& values) const;
+    void NoteChanged(std::size_t row, std::vector<Value> key,
+                     const std::vector<ColumnValue>& values);
+
+    std::shared_ptr<SqliteConnection> connection_;
+    std::shared_ptr<SelectPlan> plan_;
+    RowBuffer rows_;
+    std::unordered_map<std::size_t, Changed> changed_;
+};
+
+}  // namespace oledb::sqlite

@@ -1,0 +1,91 @@
+#include "platform/oledb/providers/sqlite/SqliteStatement.h"
+
+#include "platform/oledb/providers/sqlite/sqlite_call.h"
+
+namespace oledb::sqlite {
+namespace {
+
+/// The text has no terminator by which the trace could show it.
+void BindText(sqlite3_stmt* statement, int index, std::string_view text) {
+    const void* const bytes = text.data();
+    const auto bind = [](sqlite3_stmt* to, int at, const void* from, int size) {
+        return sqlite3_bind_text(to, at, static_cast<const char*>(from), size, SQLITE_STATIC);
+    };
+    Traced("sqlite3_bind_text", bind, statement, index, bytes, static_cast<int>(text.size()));
+}
+
+}  // namespace
+
+void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
+    SQLITE_CALL(sqlite3_finalize, statement);
+}
+
+int SqliteStatement::Prepare(sqlite3* database, const std::string& sql) {
+    sqlite3_stmt* made = nullptr;
+    const int code = SQLITE_CALL(sqlite3_prepare_v2, database, sql.c_str(),
+                                 static_cast<int>(sql.size()) + 1, &made, nullptr);
+    handle_.reset(made);
+    return code;
+}
+
+void SqliteStatement::Bind(int index, const Value& value) {
+    switch (value.kind) {
+        case Value::Kind::Null:
+            SQLITE_CALL(sqlite3_bind_null, handle_.get(), index);
+            break;
+        case Value::Kind::Integer:
+            SQLITE_CALL(sqlite3_bind_int64, handle_.get(), index, value.integer);
+            break;
+        case Value::Kind::Real:
+            SQLITE_CALL(sqlite3_bind_double, handle_.get(), index, value.real);
+            break;
+        case Value::Kind::Text:
+            BindText(handle_.get(), index, value.text);
+            break;
+        case Value::Kind::Blob:
+            SQLITE_CALL(sqlite3_bind_blob, handle_.get(), index, value.text.data(),
+                        static_cast<int>(value.text.size()), SQLITE_STATIC);
+            break;
+    }
+}
+
+int SqliteStatement::Step() {
+    return SQLITE_CALL(sqlite3_step, handle_.get());
+}
+
+void SqliteStatement::Reset() {
+    SQLITE_CALL(sqlite3_reset, handle_.get());
+}
+
+int SqliteStatement::ColumnCount() const {
+    return SQLITE_CALL(sqlite3_column_count, handle_.get());
+}
+
+Value SqliteStatement::Column(int column) const {
+    sqlite3_stmt* const row = handle_.get();
+    const int type = SQLITE_CALL(sqlite3_column_type, row, column);
+    if (type == SQLITE_INTEGER) {
+        return Value::Of(std::int64_t{SQLITE_CALL(sqlite3_column_int64, row, column)});
+    }
+    if (type == SQLITE_FLOAT) return Value::Of(SQLITE_CALL(sqlite3_column_double, row, column));
+    if (type == SQLITE_NULL) return {};
+    const void* const bytes = type == SQLITE_BLOB ? SQLITE_CALL(sqlite3_column_blob, row, column)
+                                                  : SQLITE_CALL(sqlite3_column_text, row, column);
+    const auto size = static_cast<std::size_t>(SQLITE_CALL(sqlite3_column_bytes, row, column));
+    Value value = Value::Of(std::string_view(static_cast<const char*>(bytes), size));
+    if (type == SQLITE_BLOB) value.kind = Value::Kind::Blob;
+    return value;
+}
+
+std::string SqliteStatement::OriginColumn(int column) const {
+    const char* const name = SQLITE_CALL(sqlite3_column_origin_name, handle_.get(), column);
+    return name == nullptr ? std::string() : name;
+}
+
+void SqliteStatement::AppendRow(RowBuffer& rows) const {
+    rows.BeginRow();
+    const int columns = ColumnCount();
+    for (int column = 0; column < columns; ++column) rows.Append(Column(column));
+}
+
+}  // namespace oledb::sqlite
