@@ -33,6 +33,17 @@ public:
     /// Code of the file format: 29 by layer, 30 by block, 31 default, else an index of widths.
     std::uint8_t lineWeight() const { return lineWeight_; }
 
+    /// Shows the entity as picked, and as usual again. Kept while the drawing is open, never filed.
+    Acad::ErrorStatus highlight() const {
+        highlighted_ = true;
+        return Acad::eOk;
+    }
+    Acad::ErrorStatus unhighlight() const {
+        highlighted_ = false;
+        return Acad::eOk;
+    }
+    bool isHighlighted() const { return highlighted_; }
+
     /// Gives layer, linetype and the like that are still unset the drawing's current values.
     /// Appending calls it.
     virtual void setDatabaseDefaults(AcDbDatabase* database);
@@ -73,4 +84,5 @@ private:
     double linetypeScale_ = 1.0;
     AcDb::Visibility visibility_ = AcDb::kVisible;
     std::uint8_t lineWeight_ = 29;
+    mutable bool highlighted_ = false;
 };
