@@ -1,0 +1,45 @@
+#!/usr/bin/env bash
+# Makes the sample project twice, once on A4 sheets and once on A3 sheets, draws every sample, and
+# says where the sheets and pictures are and what the database then holds.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+grdx=$PWD/${1:?build folder}/bin/grdx
+rm -rf demo
+mkdir -p demo
+
+boreholes() { "$grdx" list -s "$1" --json | python3 -c '
+import json, sys
+print(*[b["borehole"] for b in json.load(sys.stdin)["boreholes"]], sep="\n")'; }
+
+draw_project() { # FOLDER NUMBER STANDARD-CODE
+    local suite=demo/$1
+    "$grdx" new "$suite" --number "$2" --name "滨江新城一期岩土工程勘察" --code "$3"
+    "$grdx" import samples samples/samples.csv -s "$suite"
+    "$grdx" import layers samples/layers.csv -s "$suite"
+    boreholes "$suite" | while read -r borehole; do
+        "$grdx" draw samples -s "$suite" --borehole "$borehole" --all --unit "滨江岩土试验室" \
+            --tester "王工" --checker "李工" --date 2026-05-20 --outer-frame --right-axis
+    done
+}
+
+pictures() { # FOLDER
+    find "demo/$1/output" -name '*.dwg' | sort | while read -r sheet; do
+        "$grdx" plot "$sheet" --to svg -o "${sheet%.dwg}.svg"
+        rsvg-convert -d 110 -p 110 "${sheet%.dwg}.svg" -o "${sheet%.dwg}.png"
+        rm "${sheet%.dwg}.svg"
+    done
+}
+
+echo "== A4 sheets, two charts each (standard code 0)"
+draw_project a4 2026-017 0
+echo "== A3 sheets, up to six charts each (standard code 2)"
+draw_project a3 2026-018 2
+echo "== Pictures"
+pictures a4
+pictures a3
+
+echo "== What was stored (A4 project)"
+"$grdx" list -s demo/a4
+echo
+echo "A4 sheets and pictures: demo/a4/output/2026-017/室内曲线"
+echo "A3 sheets and pictures: demo/a3/output/2026-018/室内曲线"
