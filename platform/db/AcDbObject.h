@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "platform/db/AcDbKeptFields.h"
 #include "platform/db/AcDbObjectId.h"
 #include "platform/rx/AcRxClass.h"
 #include "platform/rx/Acad.h"
@@ -15,6 +16,11 @@ class AcDbDwgFiler;
 struct AcDbObjectFileData {
     std::vector<std::uint8_t> extendedData;  ///< application data as its bits stand in the file
     AcDbObjectId extensionDictionary;
+    std::uint8_t plotStyleSource =
+        0;  ///< of an entity: 0 by layer, 1 by block, 2 default, 3 its own
+    AcDbObjectId plotStyle;
+    /// What the class's dwgInFields left unread; null for nothing.
+    std::shared_ptr<const AcDbKeptFields> unreadFields;
 };
 
 /// An object of a drawing database. Objects appended to a database are used only between opening
@@ -39,7 +45,8 @@ public:
     bool isErased() const;
     bool isReadEnabled() const;
     bool isWriteEnabled() const;
-    /// Stops the program when the object is in a database and not open in that mode: a fault of ours.
+    /// Stops the program when the object is in a database and not open in that mode: a fault of
+    /// ours.
     void assertReadEnabled() const;
     /// The same for write; also notes that the object has changed since it was read or saved.
     void assertWriteEnabled();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "platform/db/AcDbObjectId.h"
@@ -14,4 +15,8 @@ struct AcDbStub {
     int readers = 0;      ///< how many times it is open for read
     bool writer = false;  ///< open for write
     bool erased = false;
+    /// Where the object stands in the file that the drawing was read from; 0 for a new object.
+    std::uint32_t filePosition = 0;
+    /// The entry's place among the entries; set anew whenever the drawing is written or copied.
+    std::uint32_t index = 0;
 };

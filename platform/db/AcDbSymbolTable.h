@@ -27,8 +27,10 @@ private:
     template <class T>
     friend struct DwgFields;
     std::string name_;
-    bool xrefResolved_ = false;
-    bool xrefDependent_ = false;
+    bool referenced_ = true;      ///< by an entity when last edited, as files note it
+    bool xrefDependent_ = false;  ///< came from a drawing attached to this one
+    Adesk::Int16 xrefIndex_ = 0;  ///< 1 above the number of that drawing; 0 for this one's own
+    AcDbObjectId xrefBlock_;      ///< the block that stands for that drawing
 };
 
 /// A table of named records, in the order they were added.

@@ -184,6 +184,11 @@ struct HeaderVariables : DimensionVariables {
     AcDbObjectId LTYPE_CONTINUOUS;
     std::array<Adesk::Int16, 4> unknown54{};
 
+    // Kept elsewhere in the file.
+    Adesk::Int16 MEASUREMENT = 1;  ///< 0 inches, 1 metric
+    Adesk::Int16 DWGCODEPAGE =
+        39;  ///< number in the file format of the texts' code page: 39 is 936
+
     /// Tells the variables to a visitor in the order of the file: reading and writing use this one
     /// list. `v(…)` takes values, `v.hardPointers(…)` and `v.hardOwners(…)` ids, `v.handleSeed` the
     /// seed. `Self` is this struct, const for writing.
