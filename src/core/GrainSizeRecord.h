@@ -23,4 +23,7 @@ struct GrainSizeRecord {
     /// Parallel to `sizes`: mass retained on each sieve (sample), or share of the mass in each
     /// class, 0 to 1 (layer).
     std::vector<double> amounts;
+
+    /// 0 for a record without items.
+    double LargestSize() const { return sizes.empty() ? 0.0 : sizes.front(); }
 };

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "src/chart/CSheetPen.h"
+#include "src/core/GrainSizeRecord.h"
+
+/// The composition table of a result chart: one column a sieve, grouped by fractions, with size
+/// range and percentage. Text heights follow ChartTextHeight.
+class CCompositionTable {
+public:
+    /// `sizes` in mm, largest first; all but negative ones get a column. The table is centred in
+    /// the sheet's frame once `SetTop` has been called.
+    CCompositionTable(const CSheetPen& pen, const std::vector<double>& sizes);
+
+    int ColumnCount() const { return static_cast<int>(sizeTexts_.size()); }
+    /// More columns than leave room for the index block beside them: it stands below then.
+    bool IsLong() const { return ColumnCount() > kCompactColumns; }
+    void SetTop(double top) { top_ = top; }
+    double Top() const { return top_; }
+    double Left() const;
+    double ColumnWidth() const { return columnWidth_; }
+    /// Left edge of a column, from 0; of the column count: right edge of the last one.
+    double ColumnLeft(int column) const { return Left() + column * columnWidth_; }
+
+    void DrawLines() const;
+    void DrawFractionNames() const;
+    void DrawColumns() const;
+    /// Writes a column's percentage.
+    void DrawPercentage(int column, const std::string& text) const;
+
+private:
+    static constexpr int kCompactColumns = 15;
+
+    double Width() const;
+    bool StartsFraction(int column) const;
+    void DrawSize(int column, const std::string& text, double drop) const;
+
+    const CSheetPen& pen_;
+    double columnWidth_;
+    double top_ = 0.0;
+    std::vector<std::string> sizeTexts_;  // one a column
+    std::vector<int> fractionColumns_;    // boulders to clay
+};
