@@ -1,0 +1,69 @@
+#include "src/edit/store_command.h"
+
+#include <memory>
+
+#include "platform/ed/command_line.h"
+#include "platform/mfc/message_box.h"
+#include "platform/win32/gbk_literal.h"
+#include "src/common/module_state.h"
+#include "src/db/project_number.h"
+#include "src/edit/select_entity.h"
+#include "src/entity/CKFCurve.h"
+
+namespace {
+
+constexpr int kFailed = 0;
+constexpr int kStored = 1;
+
+/// Ends the work on a picked entity.
+struct EntityRelease {
+    void operator()(AcDbEntity* entity) const {
+        entity->unhighlight();
+        entity->close();
+    }
+};
+
+bool BelongsToItsProject(const CKFCurve& curve) {
+    int projectIndex = 0;
+    std::string projectNumber;
+    curve.GetProjectKey(projectIndex, projectNumber);
+    return CheckProjectNumber(projectIndex, projectNumber) != 0;
+}
+
+/// The result of the curve's own store. Without a chart mode the curve would write nothing and yet
+/// count as stored, so it is not asked.
+int Store(CKFCurve& curve) {
+    const bool belongs = BelongsToItsProject(curve);
+    CurveDataChanged = 0;
+    return belongs && ChartMode != kChartModeNotSet ? curve.StoreToDatabase() : kFailed;
+}
+
+void Report(int result) {
+    if (result == kFailed) {
+        acutPrintf("%s", "\n颗分数据存储失败!"_gbk);
+    } else if (result == kStored) {
+        acutPrintf("%s", "\n颗分数据存储成功!"_gbk);
+    } else if (StoreFromReactor == 0) {
+        acutPrintf("%s", "\n该试样没有改动，无须入库!"_gbk);
+    } else {
+        AfxMessageBox("试样选择错误，改动的试样数据没有入库!"_gbk);
+    }
+}
+
+}  // namespace
+
+void SGRDX() {
+    AcDbObjectId id;
+    std::unique_ptr<AcDbEntity, EntityRelease> entity(
+        SelectEntity("\n请选择颗分试样曲线:"_gbk, id, AcDb::kForWrite));
+    if (entity == nullptr) {
+        return;
+    }
+    if (!entity->isKindOf(CKFCurve::desc())) {
+        acutPrintf("%s", "\n没有选中颗分试样曲线!\n请选择颗分试样曲线!"_gbk);
+        return;
+    }
+    const int result = Store(static_cast<CKFCurve&>(*entity));
+    entity.reset();
+    Report(result);
+}

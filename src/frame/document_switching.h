@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "platform/rx/Acad.h"
+
+/// What the view shows once a drawing is open.
+enum ZoomAfterOpen : int { kZoomNone = 0, kZoomExtents = 1, kZoomAll = 2 };
+
+/// Opens one drawing, or several whose paths are joined by "|". In single-document mode the first
+/// takes the place of the current drawing and the others are dropped with a message; else each
+/// becomes a document of its own, and with `lock` the last of them is locked for writing.
+///
+/// Gives the status of the first open that failed, or of the lock.
+Acad::ErrorStatus OpenDocument(const std::string& paths, ZoomAfterOpen zoom, bool lock);
+
+/// Closes the current drawing without saving, taking one lock off it first if told to.
+Acad::ErrorStatus CloseCurrentDocument(bool unlock);
+
+/// Drawings to open as documents of their own.
+struct OpenRequest {
+    std::string paths;  ///< joined by "|"
+    ZoomAfterOpen zoom = kZoomNone;
+    Acad::ErrorStatus status = Acad::eOk;  ///< out: the first failure
+};
+
+/// Body for the application context; `request` is an OpenRequest. Anywhere else it prints an error
+/// and opens nothing.
+void OpenRequestedDocuments(void* request);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/mfc/CListBox.h"
+#include "src/ui/CModulePage.h"
+
+/// Choice of one borehole and any number of its samples. CurrentBorehole is the borehole shown.
+/// What is chosen is marked as drawn when the sheet closes with OK.
+class CGcbhPage : public CModulePage {
+public:
+    CGcbhPage();
+
+    /// The chosen sample numbers, without marks, in list order; filled when the page accepts.
+    const std::vector<std::string>& ChosenSamples() const { return chosenSamples_; }
+    /// Needs the page's window.
+    bool HasSelectedSample() const { return samples_.GetSelCount() > 0; }
+
+    BOOL OnInitDialog() override;
+    void OnOK() override;
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    afx_msg void OnSelchangeBorehole();
+    afx_msg void OnRemoveMarks();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CListBox boreholes_;
+    CListBox samples_;
+    std::vector<std::string> chosenSamples_;
+};

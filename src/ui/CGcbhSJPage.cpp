@@ -1,0 +1,71 @@
+#include "src/ui/CGcbhSJPage.h"
+
+#include "platform/mfc/CDataExchange.h"
+#include "platform/mfc/message_box.h"
+#include "platform/win32/gbk_literal.h"
+#include "src/common/module_state.h"
+#include "src/db/CSheJiLayerTable.h"
+#include "src/db/table_filters.h"
+#include "src/ui/mark_operations.h"
+#include "src/ui/resource_ids.h"
+#include "src/ui/settings.h"
+
+namespace {
+
+/// Layers are kept with the project, samples in a profile of their own.
+MarkKey LayerMarks() {
+    return {kSettingsSection, "KFQXTC" + ProjectContext.GCBH, ProjectProfilePath};
+}
+
+std::string LayerLabel(int mainLayer, int subLayer) {
+    const std::string label = std::to_string(mainLayer);
+    return subLayer == 0 ? label : label + "-" + std::to_string(subLayer);
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CGcbhSJPage, CModulePage)
+ON_BN_CLICKED(IDC_REMOVE_LAYER_MARKS, OnRemoveMarks)
+END_MESSAGE_MAP()
+
+CGcbhSJPage::CGcbhSJPage() : CModulePage(IDD_LAYER_PAGE) {}
+
+BOOL CGcbhSJPage::OnInitDialog() {
+    CModulePage::OnInitDialog();
+    CSheJiLayerTable table;
+    if (!table.Open(table.BuildQuery(LayersWithFractionsFilter(ProjectContext.GCSY)))) {
+        return TRUE;  // marks are compared with a complete list only
+    }
+    for (HRESULT row = table.MoveFirst(); row == S_OK; row = table.MoveNext()) {
+        layers_.AddString(LayerLabel(table.record.ZCBH, table.record.YCBH).c_str());
+    }
+    ShowMarks(layers_, LayerMarks());
+    layers_.SetCurSel(0);
+    return TRUE;
+}
+
+void CGcbhSJPage::OnOK() {
+    if (!UpdateData(TRUE)) {
+        return;
+    }
+    if (layers_.GetCurSel() == LB_ERR) {
+        AfxMessageBox("请选择试样编号。"_gbk);
+        return;
+    }
+    chosenLayers_ = SelectedItemTexts(layers_);
+    AddMarks(layers_, LayerMarks());
+    CModulePage::OnOK();
+}
+
+void CGcbhSJPage::OnRemoveMarks() {
+    if (layers_.GetCurSel() == LB_ERR) {
+        AfxMessageBox("请先选择土层,再删除!"_gbk);
+        return;
+    }
+    RemoveMarks(layers_, LayerMarks());
+}
+
+void CGcbhSJPage::DoDataExchange(CDataExchange* pDX) {
+    CModulePage::DoDataExchange(pDX);
+    DDX_Control(pDX, IDC_LAYERS, layers_);
+}

@@ -1,0 +1,26 @@
+#include "src/ui/CModulePage.h"
+
+#include "src/common/module_state.h"
+
+namespace {
+
+std::vector<std::byte> CopyTemplate(HMODULE module, unsigned dialogNumber) {
+    HRSRC const resource =
+        FindResource(module, MAKEINTRESOURCE(static_cast<WORD>(dialogNumber)), RT_DIALOG);
+    const auto* const bytes =
+        static_cast<const std::byte*>(LockResource(LoadResource(module, resource)));
+    return {bytes, bytes + SizeofResource(module, resource)};
+}
+
+}  // namespace
+
+CModulePage::CModulePage(unsigned dialogNumber)
+    : templateCopy_(CopyTemplate(ExtensionModule.ModuleResourceInstance(), dialogNumber)) {
+    if (templateCopy_.empty()) {
+        return;
+    }
+    const auto* const dialogTemplate = reinterpret_cast<LPCDLGTEMPLATE>(templateCopy_.data());
+    InitModalIndirect(dialogTemplate);
+    m_psp.dwFlags |= PSP_DLGINDIRECT;
+    m_psp.pResource = dialogTemplate;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What the pages and browsers list of the project's test items. Texts are GBK, in the database's
+/// order, without repetitions that follow each other. False, after telling the user, when the table
+/// cannot be opened.
+bool ReadBoreholes(std::vector<std::string>& boreholes);
+bool ReadSamples(const std::string& borehole, std::vector<std::string>& samples);
+
+/// Order of the sample list: numbers that end with anything but a digit as they come, then the
+/// others by sort key.
+std::vector<std::string> OrderedSamples(const std::vector<std::string>& samples);
+
+/// Sort key of a number that ends with digits: the number n they make, plus 10000 times the number
+/// m before the one character in front of them, if there is one (3-12 gives 30012, A1 gives 1).
+/// Numbers too large for the key count as the largest.
+int SampleSortKey(const std::string& sample);

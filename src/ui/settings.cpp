@@ -1,0 +1,34 @@
+#include "src/ui/settings.h"
+
+#include <array>
+#include <cstdlib>
+
+#include "platform/win32/private_profile.h"
+#include "src/common/module_state.h"
+
+namespace {
+
+std::string ReadSetting(const char* key, const char* absent) {
+    std::array<char, 50> buffer{};
+    GetPrivateProfileString(kSettingsSection, key, absent, buffer.data(), buffer.size(),
+                            SettingsProfilePath.c_str());
+    return buffer.data();
+}
+
+}  // namespace
+
+bool ReadSettingFlag(const char* key) {
+    return std::atoi(ReadSetting(key, "0").c_str()) != 0;
+}
+
+std::string ReadSettingText(const char* key) {
+    return ReadSetting(key, "");
+}
+
+void WriteSettingFlag(const char* key, bool on) {
+    WriteSettingText(key, on ? "1" : "0");
+}
+
+void WriteSettingText(const char* key, const std::string& text) {
+    WritePrivateProfileString(kSettingsSection, key, text.c_str(), SettingsProfilePath.c_str());
+}

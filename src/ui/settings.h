@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+/// Section of the plug-in's keys in all three profiles.
+inline constexpr const char* kSettingsSection = "CKFDlg";
+
+/// What the option and annotation pages remember, by key in the settings profile. A missing profile
+/// or key reads as off, or as an empty text; a failed write is not told.
+bool ReadSettingFlag(const char* key);
+/// At most 49 bytes, cut at a whole character.
+std::string ReadSettingText(const char* key);
+void WriteSettingFlag(const char* key, bool on);
+void WriteSettingText(const char* key, const std::string& text);
