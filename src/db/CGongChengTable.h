@@ -15,4 +15,7 @@ public:
         LONG GCSJ;       ///< data-check flag
     };
     Record record{};
+
+private:
+    static const Bindings& Columns();
 };

@@ -18,4 +18,7 @@ public:
         DBSTATUS KLSYZLStatus;
     };
     Record record{};
+
+private:
+    static const Bindings& Columns();
 };

@@ -17,4 +17,7 @@ public:
         DBSTATUS QYHDStatus;
     };
     Record record{};
+
+private:
+    static const Bindings& Columns();
 };

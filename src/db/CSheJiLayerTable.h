@@ -13,4 +13,7 @@ public:
         BYTE ZCBH;  ///< main layer number
     };
     Record record{};
+
+private:
+    static const Bindings& Columns();
 };

@@ -1,0 +1,82 @@
+#include "src/db/sample_loader.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <numeric>
+
+#include "platform/ed/command_line.h"
+#include "platform/mfc/message_box.h"
+#include "platform/win32/gbk_literal.h"
+#include "src/common/module_state.h"
+#include "src/db/CKeFenItemTable.h"
+#include "src/db/CQuYangTable.h"
+#include "src/db/float_widening.h"
+#include "src/db/table_filters.h"
+#include "src/db/table_open_error.h"
+
+namespace {
+
+/// Orders both lists by size, the largest first.
+void SortBySize(std::vector<double>& sizes, std::vector<double>& masses) {
+    std::vector<std::size_t> order(sizes.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return sizes[a] > sizes[b]; });
+    std::vector<double> sortedSizes;
+    std::vector<double> sortedMasses;
+    for (const std::size_t from : order) {
+        sortedSizes.push_back(sizes[from]);
+        sortedMasses.push_back(masses[from]);
+    }
+    sizes = std::move(sortedSizes);
+    masses = std::move(sortedMasses);
+}
+
+}  // namespace
+
+int LoadSampleDepth(double& depth, double& thickness) {
+    CQuYangTable table;
+    const std::string filter = SampleFilter(ProjectContext.GCSY, CurrentBorehole, CurrentSample);
+    if (!table.Open(table.BuildQuery(filter))) {
+        ReportTableOpenError(kSampleTableError);
+        return 0;
+    }
+    if (table.MoveFirst() != S_OK) return 0;
+    if (table.record.QYSDStatus == DBSTATUS_S_ISNULL) {
+        acutPrintf("\n数据库z_c_QuYang取样编号%s数据QYSD不全!"_gbk, CurrentSample.c_str());
+        return 0;
+    }
+    depth = WidenFloat(table.record.QYSD);
+    if (table.record.QYHDStatus == DBSTATUS_S_ISNULL) {
+        acutPrintf("\n数据库z_c_QuYang取样编号%s数据QYHD不全!"_gbk, CurrentSample.c_str());
+        return 0;
+    }
+    thickness = WidenFloat(table.record.QYHD);
+    return 1;
+}
+
+int LoadTestItems(std::vector<double>& sizes, std::vector<double>& masses) {
+    CKeFenItemTable table;
+    const std::string filter =
+        SampleItemsFilter(ProjectContext.GCSY, CurrentBorehole, CurrentSample);
+    if (!table.Open(table.BuildQuery(filter))) {
+        ReportTableOpenError(kTestItemTableError);
+        return 0;
+    }
+    HRESULT result = table.MoveFirst();
+    if (result != S_OK) {
+        AfxMessageBox("请在数据表中输入数据"_gbk);
+        return 0;
+    }
+    for (; result == S_OK; result = table.MoveNext()) {
+        const auto& record = table.record;
+        if (record.KLLJStatus == DBSTATUS_S_ISNULL || record.KLSYZLStatus == DBSTATUS_S_ISNULL) {
+            AfxMessageBox("颗分试验项目表数据不全，请检查!"_gbk);
+            return 0;
+        }
+        sizes.push_back(WidenFloat(record.KLLJ));
+        masses.push_back(WidenFloat(record.KLSYZL));
+    }
+    SortBySize(sizes, masses);
+    return 1;
+}
