@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbKeptObject.h"
+
+/// An entity of a class that nothing here knows. What all entities have in common is read and may
+/// be changed; its own fields are kept as they are.
+class AcDbKeptEntity : public AcDbEntity {
+public:
+    ACRX_DECLARE_MEMBERS(AcDbKeptEntity);
+    AcDbKeptEntity() = default;
+    AcDbKeptEntity(AcDbKeptClass keptClass, AcDbKeptFields fields)
+        : class_(std::move(keptClass)), fields_(std::move(fields)) {}
+
+    const AcDbKeptClass& keptClass() const { return class_; }
+    const AcDbKeptFields& keptFields() const { return fields_; }
+    /// The proxy graphics that the file has for the entity; empty for none.
+    const std::vector<std::uint8_t>& graphics() const { return graphics_; }
+    std::unique_ptr<AcDbObject> clone() const override;
+
+private:
+    template <class T>
+    friend struct DwgFields;
+    AcDbKeptClass class_;
+    AcDbKeptFields fields_;
+    std::vector<std::uint8_t> graphics_;
+    /// Neighbours of an entity that stands in no block itself (an attribute, a vertex).
+    AcDbObjectId previous_;
+    AcDbObjectId next_;
+};
