@@ -15,7 +15,7 @@ public:
     /// A dialog whose template is set by InitModalIndirect.
     CDialog();
     /// A dialog with template `number` of the current resources (as they are when it is shown).
-    explicit CDialog(UINT number, CWnd* parent = nullptr);
+    explicit CDialog(WORD number, CWnd* parent = nullptr);
     ~CDialog() override;
 
     /// The template must live as long as the dialog. TRUE.
@@ -43,7 +43,8 @@ protected:
     void CreateFrom(std::unique_ptr<mfc::DialogModel> dialog);
     void DestroyDialog();
 
-    UINT number_ = 0;
+private:
+    WORD number_ = 0;
     LPCDLGTEMPLATE template_ = nullptr;
     std::unique_ptr<mfc::DialogModel> dialog_;
 

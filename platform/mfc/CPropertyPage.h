@@ -17,7 +17,7 @@ public:
     /// A page whose template is set by m_psp.pResource or InitModalIndirect.
     CPropertyPage();
     /// A page with template `number` of the current resources.
-    explicit CPropertyPage(UINT number);
+    explicit CPropertyPage(WORD number);
 
     PROPSHEETPAGE m_psp{};
 

@@ -53,14 +53,13 @@ protected:
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
-    bool MakeTabs();
+    bool MakeSheet();
     void CreatePage(std::size_t index);
     void AcceptPages();
     void CancelPages();
     void DestroySheet();
 
     CString caption_;
-    CWnd* parent_;
     std::vector<CPropertyPage*> pages_;
     std::unique_ptr<mfc::SheetModel> sheet_;
 };

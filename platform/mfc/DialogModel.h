@@ -19,9 +19,11 @@ public:
     /// The control of that id; null when there is none, and for IDC_STATIC.
     WindowModel* Find(int id) const;
 
-    /// The control with the focus, at first the first one with WS_TABSTOP; null for none.
+    /// The control with the focus; null for none.
     WindowModel* Focus() const { return focus_; }
     void SetFocus(WindowModel* control);
+    /// Gives the focus to the first control with WS_TABSTOP that is enabled.
+    void FocusFirst();
 
     bool Command(int id) override;
 

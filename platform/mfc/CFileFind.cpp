@@ -1,0 +1,40 @@
+#include "platform/mfc/CFileFind.h"
+
+CFileFind::~CFileFind() {
+    Close();
+}
+
+BOOL CFileFind::FindFile(const char* pattern) {
+    Close();
+    current_ = {};
+    folder_ = pattern;
+    folder_ = folder_.Left(folder_.ReverseFind('\\') + 1);
+    search_ = ::FindFirstFile(pattern, &next_);
+    hasNext_ = search_ != INVALID_HANDLE_VALUE;
+    return hasNext_ ? TRUE : FALSE;
+}
+
+BOOL CFileFind::FindNextFile() {
+    if (!hasNext_) {
+        return FALSE;
+    }
+    current_ = next_;
+    hasNext_ = ::FindNextFile(search_, &next_) != FALSE;
+    return hasNext_ ? TRUE : FALSE;
+}
+
+void CFileFind::Close() {
+    if (search_ != INVALID_HANDLE_VALUE) {
+        FindClose(search_);
+        search_ = INVALID_HANDLE_VALUE;
+        hasNext_ = false;
+    }
+}
+
+CString CFileFind::GetFilePath() const {
+    return folder_ + current_.cFileName;
+}
+
+BOOL CFileFind::IsDirectory() const {
+    return (current_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? TRUE : FALSE;
+}

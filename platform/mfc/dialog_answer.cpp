@@ -1,0 +1,214 @@
+#include "platform/mfc/dialog_answer.h"
+
+#include <charconv>
+#include <optional>
+
+#include "platform/mfc/message_box.h"
+#include "platform/win32/code_page.h"
+
+namespace mfc {
+namespace {
+
+struct KindWord {
+    std::string_view word;
+    Answer::Kind kind;
+};
+constexpr KindWord kKinds[] = {{"@page", Answer::Kind::Page},   {"@select", Answer::Kind::Select},
+                               {"@type", Answer::Kind::Type},   {"@check", Answer::Kind::Check},
+                               {"@press", Answer::Kind::Press}, {"@answer", Answer::Kind::Box}};
+
+struct ButtonWord {
+    std::string_view word;
+    int id;
+};
+constexpr ButtonWord kPressWords[] = {{"ok", IDOK}, {"cancel", IDCANCEL}};
+constexpr ButtonWord kBoxWords[] = {{"yes", IDYES}, {"no", IDNO}, {"ok", IDOK}};
+
+constexpr std::string_view kBlanks = " \t\r\n";
+
+/// Takes a quoted text, whose first quote is at `pos`; false when its end is missing.
+bool TakeQuoted(std::string_view line, std::size_t& pos, std::string& word) {
+    for (++pos; pos < line.size(); ++pos) {
+        if (line[pos] != '"') {
+            word += line[pos];
+        } else if (line.substr(pos + 1).starts_with('"')) {
+            word += line[++pos];
+        } else {
+            ++pos;
+            return true;
+        }
+    }
+    return false;
+}
+
+bool SplitWords(std::string_view line, std::vector<std::string>& words, std::string& error) {
+    for (std::size_t pos = line.find_first_not_of(kBlanks); pos < line.size();
+         pos = line.find_first_not_of(kBlanks, pos)) {
+        std::string word;
+        if (line[pos] == '"') {
+            if (!TakeQuoted(line, pos, word)) {
+                error = "a quoted text has no end";
+                return false;
+            }
+        } else {
+            const std::size_t end = std::min(line.find_first_of(kBlanks, pos), line.size());
+            word = line.substr(pos, end - pos);
+            pos = end;
+        }
+        words.push_back(std::move(word));
+    }
+    return true;
+}
+
+std::optional<int> ParseNumber(const std::string& word) {
+    int number = 0;
+    const auto [end, status] = std::from_chars(word.data(), word.data() + word.size(), number);
+    const bool whole = status == std::errc() && end == word.data() + word.size();
+    return whole && number > 0 && number < 0xFFFF ? std::optional(number) : std::nullopt;
+}
+
+template <std::size_t size>
+std::optional<int> ParseButton(const ButtonWord (&table)[size], const std::string& word) {
+    for (const ButtonWord& button : table) {
+        if (button.word == word) {
+            return button.id;
+        }
+    }
+    return std::nullopt;
+}
+
+/// What comes after the kind and the id.
+class ArgumentReader {
+public:
+    ArgumentReader(std::vector<std::string> words, std::string& error)
+        : words_(std::move(words)), error_(error) {}
+
+    bool Read(Answer& answer) {
+        switch (answer.kind) {
+            case Answer::Kind::Page:
+                return Count(2, 2) && Take(answer.id, ParseNumber(words_[1]), "a page's number");
+            case Answer::Kind::Select:
+                return Count(3, words_.size()) && TakeId(answer) && TakeTexts(answer);
+            case Answer::Kind::Type:
+                return Count(3, 3) && TakeId(answer) && TakeTexts(answer);
+            case Answer::Kind::Check:
+                return Count(3, 3) && TakeId(answer) && TakeSwitch(answer);
+            case Answer::Kind::Press:
+                return Count(2, 2) && TakePressed(answer);
+            default:
+                return Count(2, 2) &&
+                       Take(answer.id, ParseButton(kBoxWords, words_[1]), "yes, no or ok");
+        }
+    }
+
+private:
+    bool Count(std::size_t min, std::size_t max) {
+        if (words_.size() < min) {
+            error_ = words_[0] + " needs more";
+        } else if (words_.size() > max) {
+            error_ = words_[0] +
+                     " has more than it takes, a text with blanks stands in quotes: " + words_[max];
+        }
+        return words_.size() >= min && words_.size() <= max;
+    }
+    bool Take(int& target, std::optional<int> value, const char* what) {
+        if (!value) {
+            error_ = words_[0] + " takes " + what + ", not " + words_[1];
+            return false;
+        }
+        target = *value;
+        return true;
+    }
+    bool TakeId(Answer& answer) {
+        return Take(answer.id, ParseNumber(words_[1]), "a control's id");
+    }
+    bool TakePressed(Answer& answer) {
+        std::optional<int> id = ParseButton(kPressWords, words_[1]);
+        return Take(answer.id, id ? id : ParseNumber(words_[1]), "a button's id, ok or cancel");
+    }
+    bool TakeSwitch(Answer& answer) {
+        answer.on = words_[2] == "on";
+        if (!answer.on && words_[2] != "off") {
+            error_ = words_[0] + " takes on or off, not " + words_[2];
+            return false;
+        }
+        return true;
+    }
+    bool TakeTexts(Answer& answer) {
+        for (std::size_t i = 2; i < words_.size(); ++i) {
+            if (!win32::TryGbkFromUtf8(words_[i], answer.texts.emplace_back())) {
+                error_ = "a text that GBK cannot write: " + words_[i];
+                return false;
+            }
+        }
+        return true;
+    }
+
+    std::vector<std::string> words_;
+    std::string& error_;
+};
+
+std::string Quoted(const std::string& gbk) {
+    const std::string text = win32::Utf8FromGbk(gbk);
+    if (!text.empty() && text.find_first_of(" \t\"") == std::string::npos) {
+        return text;
+    }
+    std::string quoted = "\"";
+    for (const char c : text) {
+        quoted += c == '"' ? "\"\"" : std::string(1, c);
+    }
+    return quoted + '"';
+}
+
+template <std::size_t size>
+std::string ButtonName(const ButtonWord (&table)[size], int id) {
+    for (const ButtonWord& button : table) {
+        if (button.id == id) {
+            return std::string(button.word);
+        }
+    }
+    return std::to_string(id);
+}
+
+}  // namespace
+
+bool ParseAnswer(std::string_view line, Answer& answer, std::string& error) {
+    std::vector<std::string> words;
+    if (!SplitWords(line, words, error)) {
+        return false;
+    }
+    for (const KindWord& known : kKinds) {
+        if (!words.empty() && words[0] == known.word) {
+            Answer read{known.kind};
+            if (!ArgumentReader(std::move(words), error).Read(read)) {
+                return false;
+            }
+            answer = std::move(read);
+            return true;
+        }
+    }
+    error = "an answer is one of @page, @select, @type, @check, @press and @answer";
+    return false;
+}
+
+std::string DescribeAnswer(const Answer& answer) {
+    std::string line;
+    for (const KindWord& known : kKinds) {
+        if (known.kind == answer.kind) {
+            line = known.word;
+        }
+    }
+    line += ' ';
+    line += answer.kind == Answer::Kind::Press ? ButtonName(kPressWords, answer.id)
+            : answer.kind == Answer::Kind::Box ? ButtonName(kBoxWords, answer.id)
+                                               : std::to_string(answer.id);
+    if (answer.kind == Answer::Kind::Check) {
+        line += answer.on ? " on" : " off";
+    }
+    for (const std::string& text : answer.texts) {
+        line += ' ' + Quoted(text);
+    }
+    return line;
+}
+
+}  // namespace mfc
