@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/db/AcDbHostApplicationServices.h"
-#include "platform/mfc/resources.h"
+#include "platform/mfc/afx.h"
 #include "platform/win32/window_message.h"
 
 namespace {

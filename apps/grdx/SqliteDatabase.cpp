@@ -1,0 +1,133 @@
+#include "apps/grdx/SqliteDatabase.h"
+
+#include <sqlite3.h>
+
+#include "apps/grdx/Failure.h"
+
+namespace console {
+
+namespace {
+constexpr int kLockWaitMilliseconds = 5000;
+
+int FlagsOf(SqliteDatabase::Mode mode) {
+    switch (mode) {
+        case SqliteDatabase::Mode::Create:
+            return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+        case SqliteDatabase::Mode::ReadWrite:
+            return SQLITE_OPEN_READWRITE;
+        case SqliteDatabase::Mode::ReadOnly:
+            break;
+    }
+    return SQLITE_OPEN_READONLY;
+}
+}  // namespace
+
+void SqliteDatabase::Closer::operator()(sqlite3* handle) const {
+    sqlite3_close_v2(handle);
+}
+
+SqliteDatabase::SqliteDatabase(const std::string& path, Mode mode) : path_(path) {
+    sqlite3* handle = nullptr;
+    const int result = sqlite3_open_v2(path.c_str(), &handle, FlagsOf(mode), nullptr);
+    handle_.reset(handle);
+    if (result != SQLITE_OK) {
+        Fail();
+    }
+    sqlite3_busy_timeout(handle, kLockWaitMilliseconds);
+}
+
+void SqliteDatabase::Execute(const char* sql) {
+    if (sqlite3_exec(handle_.get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
+        Fail();
+    }
+}
+
+void SqliteDatabase::Fail() const {
+    throw Failure(path_ + ": " + sqlite3_errmsg(handle_.get()));
+}
+
+void SqliteStatement::Finalizer::operator()(sqlite3_stmt* handle) const {
+    sqlite3_finalize(handle);
+}
+
+SqliteStatement::SqliteStatement(SqliteDatabase& database, const char* sql) : database_(database) {
+    sqlite3_stmt* handle = nullptr;
+    Check(sqlite3_prepare_v2(database.handle_.get(), sql, -1, &handle, nullptr));
+    handle_.reset(handle);
+}
+
+void SqliteStatement::Check(int result) const {
+    if (result != SQLITE_OK) {
+        database_.Fail();
+    }
+}
+
+void SqliteStatement::Bind(int parameter, std::int64_t value) {
+    Check(sqlite3_bind_int64(handle_.get(), parameter, value));
+}
+
+void SqliteStatement::Bind(int parameter, double value) {
+    Check(sqlite3_bind_double(handle_.get(), parameter, value));
+}
+
+void SqliteStatement::Bind(int parameter, const std::optional<double>& value) {
+    if (value) {
+        Bind(parameter, *value);
+    } else {
+        Check(sqlite3_bind_null(handle_.get(), parameter));
+    }
+}
+
+void SqliteStatement::Bind(int parameter, const std::string& value) {
+    Check(sqlite3_bind_text(handle_.get(), parameter, value.c_str(), static_cast<int>(value.size()),
+                            SQLITE_TRANSIENT));
+}
+
+bool SqliteStatement::Step() {
+    const int result = sqlite3_step(handle_.get());
+    if (result != SQLITE_ROW && result != SQLITE_DONE) {
+        database_.Fail();
+    }
+    return result == SQLITE_ROW;
+}
+
+void SqliteStatement::Run() {
+    Step();
+    Check(sqlite3_reset(handle_.get()));
+}
+
+int SqliteStatement::Integer(int column) const {
+    return sqlite3_column_int(handle_.get(), column);
+}
+
+std::optional<double> SqliteStatement::Number(int column) const {
+    if (sqlite3_column_type(handle_.get(), column) == SQLITE_NULL) {
+        return std::nullopt;
+    }
+    return sqlite3_column_double(handle_.get(), column);
+}
+
+std::string SqliteStatement::Text(int column) const {
+    const unsigned char* text = sqlite3_column_text(handle_.get(), column);
+    return text != nullptr ? reinterpret_cast<const char*>(text) : "";
+}
+
+SqliteTransaction::SqliteTransaction(SqliteDatabase& database) : database_(database) {
+    database_.Execute("BEGIN IMMEDIATE");
+}
+
+SqliteTransaction::~SqliteTransaction() {
+    if (open_) {
+        try {
+            database_.Execute("ROLLBACK");
+        } catch (const Failure&) {  // SQLite has rolled back by itself
+        }
+    }
+}
+
+void SqliteTransaction::Commit() {
+    database_.Execute("COMMIT");
+    open_ = false;
+}
+
+}  // namespace console

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string>
+
+#include "apps/grdx/SqliteDatabase.h"
+
+namespace console {
+
+/// The project of a suite folder. Texts are UTF-8.
+struct ProjectData {
+    int index = 1;       ///< key of the project in every table
+    std::string number;  ///< names the output folder too
+    std::string name;
+    int code = 0;  ///< 2: six charts on A3 sheets; 1: other bound of fine sand
+};
+
+/// Makes the five tables in an empty database and enters the project.
+void MakeProjectTables(SqliteDatabase& database, const ProjectData& project);
+
+}  // namespace console

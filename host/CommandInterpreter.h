@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "host/BuiltInCommand.h"
+#include "host/CommandInput.h"
+
+struct AcEdCommand;
+
+namespace host {
+
+/// Runs the commands that command-line input names, built-in ones and those of modules.
+///
+/// The words on a command's line are its arguments as far as it asks for any; what is missing comes
+/// from the lines after it. A word left over is the next command. Reactors of the editor hear of
+/// every command before and after. After each command the input that was sent to the current
+/// document meanwhile is run, in the order it was sent.
+class CommandInterpreter {
+public:
+    explicit CommandInterpreter(Host& host) : host_(host) {}
+
+    /// Runs commands until the input gives no more, or the host is to quit. False when a command
+    /// was unknown, cancelled or failed; the reasons are on the command line.
+    bool Run(CommandInput& input);
+    /// Runs one command, which takes its arguments from `input`, and what it sent to the documents.
+    bool RunCommand(const std::string& name, CommandInput& input);
+
+    /// The next word of the running command's input, after the prompt was printed; nothing when no
+    /// command runs or its input is used up.
+    std::optional<std::string> Ask(const char* prompt);
+
+    /// Called after each command of Run, and what it sent, is through.
+    void SetAfterCommand(std::function<void()> afterCommand) {
+        afterCommand_ = std::move(afterCommand);
+    }
+
+private:
+    bool RunOne(const std::string& name, CommandInput& input);
+    bool RunBuiltIn(const BuiltInCommand& command, CommandInput& input);
+    bool RunModuleCommand(const AcEdCommand& command);
+    bool Collect(const BuiltInCommand& command, BuiltInCommand::Arguments& arguments);
+    bool RunPending();
+
+    Host& host_;
+    CommandInput* input_ = nullptr;  ///< of the running command
+    std::function<void()> afterCommand_;
+};
+
+}  // namespace host

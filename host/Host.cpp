@@ -1,0 +1,103 @@
+#include "host/Host.h"
+
+#include <filesystem>
+
+#include "platform/ap/AcApDocManager.h"
+#include "platform/ed/file_search.h"
+#include "platform/rx/AcRxDynamicLinker.h"
+#include "platform/suite/orvik8.h"
+#include "platform/suite/suite_folder.h"
+#include "platform/win32/code_page.h"
+#include "platform/win32/window_message.h"
+#include "platform/win32/windows_path.h"
+
+namespace host {
+
+namespace {
+constexpr std::size_t kFolderBufferSize = 260;
+
+/// Command text that arrives at the main window goes to the current document.
+LRESULT OnMainWindowMessage(UINT message, LPARAM lParam) {
+    if (message != WM_COPYDATA || lParam == 0) {
+        return 0;
+    }
+    const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+    const std::string text(static_cast<const char*>(data.lpData), data.cbData);
+    // The count includes the terminating zero.
+    const Acad::ErrorStatus status =
+        acDocManager->sendStringToExecute(acDocManager->curDocument(), text.c_str());
+    return status == Acad::eOk ? TRUE : FALSE;
+}
+
+void CloseAllDocuments(void* /*data*/) {
+    while (AcApDocument* document = acDocManager->curDocument()) {
+        acDocManager->closeDocument(document);
+    }
+}
+
+bool IsAbsolute(const std::string& path) {
+    return !path.empty() && (path.front() == '\\' || path.front() == '/');
+}
+}  // namespace
+
+Host::Host()
+    : interpreter_(*this),
+      mainWindow_(win32::CreateWindow([](UINT message, WPARAM /*sender*/, LPARAM data) {
+          return OnMainWindowMessage(message, data);
+      })) {
+    win32::SetMainWindow(mainWindow_);
+    std::error_code gone;
+    win32::WindowsPath(std::filesystem::current_path(gone).string(), startFolder_);
+}
+
+Host::~Host() {
+    acDocManager->executeInApplicationContext(CloseAllDocuments, nullptr);
+    for (auto module = modules_.rbegin(); module != modules_.rend(); ++module) {
+        acrxDynamicLinker->unloadModule(module->c_str());
+    }
+    win32::SetMainWindow(nullptr);
+    win32::DestroyWindow(mainWindow_);
+}
+
+bool Host::OpenSuite(const std::string& folder, std::string& error) {
+    if (!suite::OpenFolder(folder, error)) {
+        return false;
+    }
+    char registered[kFolderBufferSize] = "";
+    GetRegisteredFolder(registered);
+    const std::string support = std::string(registered) + "\\Support";
+    ed::SetSearchFolders({support});
+    ed::LoadFontMapping(support + "\\fonts.ini");
+    return true;
+}
+
+bool Host::LoadModule(const std::string& path, std::string& error) {
+    if (!acrxDynamicLinker->loadModule(path.c_str(), error)) {
+        return false;
+    }
+    modules_.push_back(path);
+    return true;
+}
+
+std::string Host::FindModule(const std::string& name) {
+    std::error_code fault;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", fault);
+    const std::filesystem::path folder = program.parent_path();
+    for (const auto& candidate : {folder / name, folder.parent_path() / "lib" / name}) {
+        if (std::filesystem::is_regular_file(candidate, fault)) {
+            return candidate.string();
+        }
+    }
+    return {};
+}
+
+void Host::StartDocument() {
+    acDocManager->executeInApplicationContext(
+        [](void* /*data*/) { acDocManager->appContextNewDocument(); }, nullptr);
+}
+
+std::string Host::ResolvePath(const std::string& path) const {
+    return IsAbsolute(path) || startFolder_.empty() ? path : startFolder_ + "\\" + path;
+}
+
+}  // namespace host

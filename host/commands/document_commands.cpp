@@ -1,0 +1,112 @@
+#include <vector>
+
+#include "host/BuiltInCommand.h"
+#include "host/Host.h"
+#include "host/complaint.h"
+#include "platform/ap/AcApDocManager.h"
+#include "platform/ed/system_variables.h"
+#include "platform/mfc/message_box.h"
+#include "platform/win32/code_page.h"
+
+namespace host {
+
+namespace {
+bool IsSingleDocumentMode() {
+    resbuf mode;
+    return acedGetVar("SDI", &mode) == RTNORM && mode.resval.rint != 0;
+}
+
+bool Save(AcApDocument& document, const char* path = nullptr) {
+    const Acad::ErrorStatus status = acDocManager->saveDocument(&document, path);
+    if (status == Acad::eInvalidInput) {
+        return Complain(std::string(document.fileName()) +
+                        " was never saved: SAVEAS gives it a name.");
+    }
+    return status == Acad::eOk ||
+           Complain(win32::GbkFromUtf8(document.database()->lastFileError()));
+}
+
+/// Lets the user keep unsaved changes of a document that is to go. False: it must stay.
+bool MayGo(AcApDocument& document) {
+    if (!document.database()->isModified()) {
+        return true;
+    }
+    const std::string question = std::string("Save the changes to ") + document.fileName() + "?";
+    switch (MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
+                       MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
+        case IDYES:
+            return Save(document);
+        case IDNO:
+            return true;
+        default:
+            return Complain(std::string(document.fileName()) + " stays open.");
+    }
+}
+
+/// In single-document mode the current document makes room for the next.
+bool CurrentMayBeReplaced() {
+    AcApDocument* current = acDocManager->curDocument();
+    return !IsSingleDocumentMode() || current == nullptr || MayGo(*current);
+}
+
+bool New(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
+    if (!CurrentMayBeReplaced()) {
+        return false;
+    }
+    AcApDocument* const replaced = IsSingleDocumentMode() ? acDocManager->curDocument() : nullptr;
+    acDocManager->appContextNewDocument();
+    if (replaced != nullptr) {
+        acDocManager->closeDocument(replaced);
+    }
+    return true;
+}
+
+bool Open(Host& host, const BuiltInCommand::Arguments& arguments) {
+    if (!CurrentMayBeReplaced()) {
+        return false;
+    }
+    // The reason of a failure is printed by whoever reads the file.
+    const std::string path = host.ResolvePath(arguments.front());
+    return (IsSingleDocumentMode()
+                ? acedSyncFileOpen(path.c_str())
+                : acDocManager->appContextOpenDocument(path.c_str())) == Acad::eOk;
+}
+
+bool QuickSave(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
+    return Save(*acDocManager->curDocument());
+}
+
+bool SaveAs(Host& host, const BuiltInCommand::Arguments& arguments) {
+    return Save(*acDocManager->curDocument(), host.ResolvePath(arguments.front()).c_str());
+}
+
+bool Close(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
+    AcApDocument* const document = acDocManager->curDocument();
+    if (document == nullptr) {
+        return Complain("No drawing is open.");
+    }
+    return MayGo(*document) && acDocManager->closeDocument(document) == Acad::eOk;
+}
+
+bool Quit(Host& host, const BuiltInCommand::Arguments& /*arguments*/) {
+    const std::unique_ptr<AcApDocumentIterator> documents(acDocManager->newAcApDocumentIterator());
+    for (; !documents->done(); documents->step()) {
+        if (!MayGo(*documents->document())) {
+            return false;
+        }
+    }
+    host.Quit();
+    return true;
+}
+}  // namespace
+
+const std::vector<BuiltInCommand>& DocumentCommands() {
+    static const std::vector<BuiltInCommand> commands = {
+        {"NEW", true, {}, New},          {"OPEN", true, {"Drawing to open: "}, Open},
+        {"QSAVE", false, {}, QuickSave}, {"SAVEAS", false, {"Save drawing as: "}, SaveAs},
+        {"CLOSE", true, {}, Close},      {"QUIT", true, {}, Quit},
+    };
+    return commands;
+}
+
+}  // namespace host
