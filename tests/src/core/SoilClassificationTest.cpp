@@ -1,0 +1,54 @@
+#include "src/core/soil_classification.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/win32/code_page.h"
+
+namespace {
+
+std::string ClassOf(std::vector<double> sizes, std::vector<double> shares, int standardCode,
+                    double total = 1.0) {
+    GrainSizeRecord record;
+    record.kind = total == 1.0 ? RecordKind::layer : RecordKind::sample;
+    record.sizes = std::move(sizes);
+    for (double share : shares) {
+        record.amounts.push_back(share * total);
+    }
+    record.totalMass = total;
+    return win32::Utf8FromGbk(ClassifySoil(record, standardCode));
+}
+
+TEST(SoilClassification, TakesTheFirstRuleThatHolds) {
+    const struct {
+        const char* reason;
+        std::vector<double> sizes;
+        std::vector<double> shares;
+        int code;
+        const char* soilClass;
+    } cases[] = {
+        {"mostly above 200 mm", {400, 0.075}, {0.6, 0.4}, 0, "漂石,块石"},
+        {"a sieve of 200 mm counts", {200}, {0.51}, 0, "漂石,块石"},
+        {"mostly above 20 mm", {200, 20}, {0.5, 0.1}, 0, "卵石,碎石"},
+        {"mostly above 2 mm", {20, 2}, {0.4, 0.2}, 0, "圆砾,角砾"},
+        {"just half above 2 mm", {20, 2}, {0.25, 0.25}, 0, "砾砂"},
+        {"a quarter above 2 mm", {2, 0.5}, {0.25, 0.6}, 0, "砾砂"},
+        {"less than a quarter above 2 mm", {2, 0.5}, {0.2499, 0.6}, 0, "粗砂"},
+        {"0.49 is below the bound itself", {0.49, 0.25}, {0.6, 0.1}, 0, "中砂"},
+        {"mostly above 0.25 mm", {0.5, 0.25}, {0.5, 0.1}, 0, "中砂"},
+        {"fine sand", {0.25, 0.075}, {0.4, 0.5}, 0, "细砂"},
+        {"silty sand at 85 percent", {0.25, 0.075}, {0.25, 0.6}, 0, "粉砂"},
+        {"no name at half", {0.25, 0.075}, {0.25, 0.25}, 0, ""},
+        {"no name for silt", {0.075}, {0.3}, 0, ""},
+        {"code 2 goes by 0.075 mm", {0.25, 0.09}, {0.4, 0.5}, 2, "细砂"},
+        {"code 1: fine sand above 0.1 mm", {0.25, 0.1}, {0.4, 0.4}, 1, "细砂"},
+        {"code 1: a sieve of 0.09 mm does not count", {0.25, 0.09}, {0.4, 0.5}, 1, "粉砂"},
+        {"code 1: 75 percent is silty", {0.25, 0.1}, {0.25, 0.5}, 1, "粉砂"},
+        {"code 1 names silt too", {0.075}, {0.3}, 1, "粉砂"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(ClassOf(c.sizes, c.shares, c.code), c.soilClass) << c.reason;
+        EXPECT_EQ(ClassOf(c.sizes, c.shares, c.code, 512.0), c.soilClass) << c.reason;
+    }
+}
+
+}  // namespace
