@@ -15,10 +15,11 @@ class AcDbDwgFiler;
 /// saving loses nothing.
 struct AcDbObjectFileData {
     std::vector<std::uint8_t> extendedData;  ///< application data as its bits stand in the file
+    std::size_t extendedDataBits = 0;        ///< how many; the last byte is filled up with zeros
     AcDbObjectId extensionDictionary;
+    AcDbObjectId plotStyle;  ///< of an entity with plotStyleSource 3
     std::uint8_t plotStyleSource =
         0;  ///< of an entity: 0 by layer, 1 by block, 2 default, 3 its own
-    AcDbObjectId plotStyle;
     /// What the class's dwgInFields left unread; null for nothing.
     std::shared_ptr<const AcDbKeptFields> unreadFields;
 };
