@@ -30,6 +30,8 @@ public:
     const T& operator[](int i) const { return at(i); }
     T& operator[](int i) { return at(i); }
     const T* asArrayPtr() const { return items_.data(); }
+    /// The items themselves, for what appends many.
+    std::vector<T>& asVector() { return items_; }
 
     auto begin() { return items_.begin(); }
     auto end() { return items_.end(); }

@@ -4,10 +4,11 @@
 #include <vector>
 
 #include "platform/ge/AcGePoint3d.h"
+#include "platform/ge/SplineKnot.h"
 
 /// C2 cubic through fit points: chord-length parameters, zero second derivative at both ends.
-/// Consecutive fit points that coincide count once. Two distinct points give the straight segment;
-/// fewer give an empty curve.
+/// Consecutive fit points closer than AcGeTol::equalPoint count once. Two distinct points give the
+/// straight segment; fewer give an empty curve.
 class AcGeCubicSplineCurve3d {
 public:
     AcGeCubicSplineCurve3d() = default;
@@ -22,18 +23,25 @@ public:
     AcGePoint3d evalPoint(double param) const;
 
     /// Where the curve meets the segment from `start` to `end` (both ends belong to it), in order
-    /// along the curve, each place once. Exact to 1e-9 drawing units: roots of each cubic piece in
-    /// closed form, polished. Only x and y are looked at, the curve's z being that of the segment's
-    /// plane. Where a whole piece lies on the segment, its two ends are reported.
+    /// along the curve, each place once, appended to `points`. Exact to 1e-9 drawing units: roots
+    /// of each cubic piece in closed form, polished. An end or a touching place within
+    /// AcGeTol::equalPoint of the segment is on it. Only x and y are looked at, the curve's z being
+    /// that of the segment's plane. Where a whole piece lies on the segment, its two ends are
+    /// reported, and where a part of one does, the ends of that part. Coordinates that are not
+    /// finite meet nothing.
     void intersectWith(const AcGePoint3d& start, const AcGePoint3d& end,
                        std::vector<AcGePoint3d>& points) const;
 
-    /// A polyline along the curve, no chord further from it than `maxChordError` drawing units;
-    /// every fit point is one of its vertices.
+    /// A polyline along the curve, no chord further from it than `maxChordError` drawing units
+    /// (above 0); every fit point is one of its vertices. A piece so wild that it would need more
+    /// than 10,000 chords gets that many. Empty for a curve that is not valid.
     std::vector<AcGePoint3d> samplePoints(double maxChordError) const;
 
 private:
-    std::vector<AcGePoint3d> points_;             // distinct fit points
-    std::vector<double> knots_;                   // same length
-    std::vector<AcGeVector3d> secondDerivatives_;  // at the knots
+    void addDistinctPoints(std::span<const AcGePoint3d> fitPoints);
+    void solveSecondDerivatives();
+    void boundPieces();
+
+    std::vector<double> knots_;
+    std::vector<SplineKnot> nodes_;  // same length
 };

@@ -21,6 +21,16 @@ public:
         return {x - v.x, y - v.y, z - v.z};
     }
     constexpr AcGeVector3d operator*(double s) const { return {x * s, y * s, z * s}; }
+    constexpr AcGeVector3d operator-() const { return {-x, -y, -z}; }
+    constexpr double dotProduct(const AcGeVector3d& v) const { return x * v.x + y * v.y + z * v.z; }
+    constexpr AcGeVector3d crossProduct(const AcGeVector3d& v) const {
+        return {y * v.z - z * v.y, z * v.x - x * v.z, x * v.y - y * v.x};
+    }
+    /// The vector of length 1 in this direction; a null vector stays one.
+    AcGeVector3d normal() const {
+        const double own = length();
+        return own > 0.0 ? *this * (1.0 / own) : *this;
+    }
     double length() const { return std::sqrt(x * x + y * y + z * z); }
     AcGeVector3d& transformBy(const class AcGeMatrix3d& m);
     /// Equal when the difference is no longer than the tolerance.
