@@ -24,7 +24,7 @@ test: all readers
 sanitize:
 	$(MAKE) test PRESET=sanitize
 
-bench: all
+bench: all readers
 	@bench/run.sh $(BUILD)
 
 format: packages
