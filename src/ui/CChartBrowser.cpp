@@ -22,7 +22,7 @@ std::string SheetLabel(const SheetLabels& labels, const std::string& fileName) {
 
 }  // namespace
 
-CChartBrowser::CChartBrowser(UINT dialogNumber, SheetLabels labels, std::string chartFolder,
+CChartBrowser::CChartBrowser(WORD dialogNumber, SheetLabels labels, std::string chartFolder,
                              CWnd* parent)
     : CDialog(dialogNumber, parent), labels_(labels), chartFolder_(std::move(chartFolder)) {}
 

@@ -20,7 +20,7 @@ public:
     BOOL OnInitDialog() override;
 
 protected:
-    CChartBrowser(UINT dialogNumber, SheetLabels labels, std::string chartFolder, CWnd* parent);
+    CChartBrowser(WORD dialogNumber, SheetLabels labels, std::string chartFolder, CWnd* parent);
 
     void DoDataExchange(CDataExchange* pDX) override;
     void OnOK() override;

@@ -4,9 +4,8 @@
 
 namespace {
 
-std::vector<std::byte> CopyTemplate(HMODULE module, unsigned dialogNumber) {
-    HRSRC const resource =
-        FindResource(module, MAKEINTRESOURCE(static_cast<WORD>(dialogNumber)), RT_DIALOG);
+std::vector<std::byte> CopyTemplate(HMODULE module, WORD dialogNumber) {
+    HRSRC const resource = FindResource(module, MAKEINTRESOURCE(dialogNumber), RT_DIALOG);
     const auto* const bytes =
         static_cast<const std::byte*>(LockResource(LoadResource(module, resource)));
     return {bytes, bytes + SizeofResource(module, resource)};
@@ -14,7 +13,7 @@ std::vector<std::byte> CopyTemplate(HMODULE module, unsigned dialogNumber) {
 
 }  // namespace
 
-CModulePage::CModulePage(unsigned dialogNumber)
+CModulePage::CModulePage(WORD dialogNumber)
     : templateCopy_(CopyTemplate(ExtensionModule.ModuleResourceInstance(), dialogNumber)) {
     if (templateCopy_.empty()) {
         return;

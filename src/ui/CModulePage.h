@@ -11,7 +11,7 @@ class CModulePage : public CPropertyPage {
 protected:
     /// Without a template of that number, or while the plug-in is not attached, the sheet that the
     /// page is put on cannot be shown.
-    explicit CModulePage(unsigned dialogNumber);
+    explicit CModulePage(WORD dialogNumber);
 
 private:
     std::vector<std::byte> templateCopy_;

@@ -8,7 +8,7 @@
 
 void SetModuleIcon(CWnd& window) {
     HICON const icon =
-        LoadIcon(ExtensionModule.ModuleResourceInstance(), MAKEINTRESOURCE(WORD{IDI_GRDX}));
+        LoadIcon(ExtensionModule.ModuleResourceInstance(), MAKEINTRESOURCE(IDI_GRDX));
     window.SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
     window.SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 }

@@ -11,7 +11,7 @@ using mfc::ControlDescription;
 using mfc::DialogDescription;
 using mfc::DialogRect;
 
-constexpr DWORD kPageStyle = WS_CHILD | WS_DISABLED | WS_CAPTION;
+constexpr DWORD kPageStyle = WS_CHILD | WS_CAPTION;
 constexpr DWORD kDialogStyle = DS_MODALFRAME | WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kListStyle = WS_TABSTOP | WS_BORDER | WS_VSCROLL | LBS_NOTIFY;
 
@@ -154,7 +154,7 @@ const mfc::ModuleResources& PluginResources() {
     static const mfc::ModuleResources resources = {
         .dialogs = {AnnotationPage(), OptionsPage(), SamplePage(), LayerPage(), SampleBrowser(),
                     LayerBrowser()},
-        .icons = {{static_cast<WORD>(IDI_GRDX), kIcon}},
+        .icons = {{IDI_GRDX, kIcon}},
         .strings = {}};
     return resources;
 }

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "platform/win32/win_types.h"
+
 /// Numbers of the plug-in's dialogs and of their controls; the same number means different things
 /// in different dialogs.
 
-enum DialogNumber : unsigned {
+enum DialogNumber : WORD {
     IDD_ANNOTATION = 601,
     IDD_SAMPLE_BROWSER = 602,
     IDD_SAMPLE_PAGE = 604,
@@ -36,4 +38,4 @@ enum LayerPageControl : int { IDC_LAYERS = 2001, IDC_REMOVE_LAYER_MARKS = 2038 }
 enum BrowserControl : int { IDC_BROWSER_BOREHOLES = 2014, IDC_SHEETS = 2015 };
 
 /// Icon of the property sheet and of the browsers.
-inline constexpr unsigned IDI_GRDX = 2007;
+inline constexpr WORD IDI_GRDX = 2007;
