@@ -22,11 +22,27 @@ struct TableColumns {
     }
 };
 
-HRESULT ReadColumns(SqliteDatabase& database, const SelectText& text, TableColumns& columns) {
-    const std::string schema = text.schema.empty() ? "" : QuotedName(text.schema) + ".";
+std::string SchemaPrefix(const SelectText& text) {
+    return text.schema.empty() ? "" : QuotedName(text.schema) + ".";
+}
+
+/// Sets `found` to whether the name is a table's, and not a view's or nobody's.
+HRESULT IsTable(SqliteDatabase& database, const SelectText& text, bool& found) {
     SqliteStatement statement;
     const int code = statement.Prepare(
-        database.Handle(), "PRAGMA " + schema + "table_info(" + QuotedName(text.table) + ")");
+        database.Handle(), "SELECT 1 FROM " + SchemaPrefix(text) +
+                               "sqlite_master WHERE type='table' AND name=? COLLATE NOCASE");
+    if (code != SQLITE_OK) return database.Failure(code, text.table);
+    found = false;
+    return database.Run(statement, {Value::Of(std::string_view(text.table))}, text.table,
+                        [&] { found = true; });
+}
+
+HRESULT ReadColumns(SqliteDatabase& database, const SelectText& text, TableColumns& columns) {
+    SqliteStatement statement;
+    const int code =
+        statement.Prepare(database.Handle(), "PRAGMA " + SchemaPrefix(text) + "table_info(" +
+                                                 QuotedName(text.table) + ")");
     if (code != SQLITE_OK) return database.Failure(code, text.table);
     std::vector<std::pair<std::int64_t, std::string>> keys;
     const HRESULT result = database.Run(statement, {}, text.table, [&] {
@@ -57,8 +73,11 @@ std::string SelectPlan::KeyCondition() const {
 }
 
 HRESULT SelectPlan::FindKeys(SqliteDatabase& database, const SelectText& text) {
+    bool table = false;
+    HRESULT result = IsTable(database, text, table);
+    if (FAILED(result) || !table) return result;
     TableColumns columns;
-    const HRESULT result = ReadColumns(database, text, columns);
+    result = ReadColumns(database, text, columns);
     if (FAILED(result)) return result;
     for (const char* rowId : {"rowid", "_rowid_", "oid"}) {
         if (columns.Has(rowId)) continue;
@@ -87,7 +106,7 @@ bool SelectPlan::PrepareKeyed(SqliteDatabase& database, const SelectText& text) 
 HRESULT SelectPlan::Prepare(SqliteDatabase& database, const SelectText& text) {
     fromOneTable_ = text.fromOneTable;
     title_ = text.table.empty() ? "select" : text.table;
-    table_ = (text.schema.empty() ? "" : QuotedName(text.schema) + ".") + QuotedName(text.table);
+    table_ = SchemaPrefix(text) + QuotedName(text.table);
     if (fromOneTable_ && !text.distinct) {
         const HRESULT result = FindKeys(database, text);
         if (FAILED(result)) return result;

@@ -148,4 +148,9 @@ HRESULT SelectText::Parse(std::string_view utf8, std::string& error) {
     return S_OK;
 }
 
+std::string SelectText::Key() const {
+    if (!fromOneTable) return statement;
+    return (distinct ? "DISTINCT " : "ALL ") + list + " FROM " + from + tail;
+}
+
 }  // namespace oledb::sqlite

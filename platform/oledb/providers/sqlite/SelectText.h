@@ -30,6 +30,9 @@ struct SelectText {
     /// taken. DB_E_MULTIPLESTATEMENTS or DB_E_ERRORSINCOMMAND with the reason in `error` otherwise;
     /// what is wrong beyond that shows when the statement is prepared.
     HRESULT Parse(std::string_view utf8, std::string& error);
+
+    /// The same for all selects that differ in parameters only.
+    std::string Key() const;
 };
 
 }  // namespace oledb::sqlite

@@ -16,36 +16,42 @@ constexpr std::size_t kKeptPlans = 64;
 
 }  // namespace
 
-HRESULT SqliteConnection::FindPlan(const SelectText& text, std::shared_ptr<SelectPlan>& plan) {
-    const std::string key = text.fromOneTable ? (text.distinct ? "D " : "A ") + text.list +
-                                                    " FROM " + text.from + text.tail
-                                              : text.statement;
-    if (const auto kept = plans_.find(key); kept != plans_.end()) {
-        plan = kept->second;
-        return S_OK;
-    }
+HRESULT SqliteConnection::MakePlan(const SelectText& text, const std::string& key,
+                                   std::shared_ptr<SelectPlan>& plan) {
     auto made = std::make_shared<SelectPlan>();
     const HRESULT result = made->Prepare(database_, text);
     if (FAILED(result)) return result;
     if (plans_.size() >= kKeptPlans) plans_.clear();
-    plan = plans_.emplace(key, std::move(made)).first->second;
+    plans_.insert_or_assign(key, made);
+    plan = std::move(made);
     return S_OK;
+}
+
+HRESULT SqliteConnection::Execute(const std::shared_ptr<SelectPlan>& plan, const SelectText& text,
+                                  std::unique_ptr<Selection>& selection) {
+    auto made = std::make_unique<SqliteSelection>(shared_from_this(), plan);
+    const HRESULT result = made->Execute(text.parameters);
+    if (SUCCEEDED(result)) selection = std::move(made);
+    return result;
 }
 
 HRESULT SqliteConnection::Select(std::string_view statement,
                                  std::unique_ptr<Selection>& selection) {
     SelectText text;
     std::string error;
-    const HRESULT parsed = text.Parse(statement, error);
-    if (FAILED(parsed)) return SetLastError(parsed, "statement " + error);
+    HRESULT result = text.Parse(statement, error);
+    if (FAILED(result)) return SetLastError(result, "statement " + error);
+    const std::string key = text.Key();
     std::shared_ptr<SelectPlan> plan;
-    HRESULT result = FindPlan(text, plan);
-    if (FAILED(result)) return result;
-    auto made = std::make_unique<SqliteSelection>(shared_from_this(), plan);
-    result = made->Execute(text.parameters);
-    if (FAILED(result)) return result;
-    selection = std::move(made);
-    return S_OK;
+    if (const auto kept = plans_.find(key); kept != plans_.end()) {
+        plan = kept->second;
+        result = Execute(plan, text, selection);
+        // After another failure than a lock the table may be another one than it was.
+        if (SUCCEEDED(result) || result == DB_E_TIMEOUT) return result;
+        plans_.erase(key);
+    }
+    result = MakePlan(text, key, plan);
+    return FAILED(result) ? result : Execute(plan, text, selection);
 }
 
 HRESULT Connect(const InitString& properties, std::shared_ptr<Connection>& connection) {

@@ -22,11 +22,13 @@ public:
     SqliteDatabase& Database() { return database_; }
 
 private:
-    /// The plan for a select, made or kept from before.
-    HRESULT FindPlan(const SelectText& text, std::shared_ptr<SelectPlan>& plan);
+    HRESULT MakePlan(const SelectText& text, const std::string& key,
+                     std::shared_ptr<SelectPlan>& plan);
+    HRESULT Execute(const std::shared_ptr<SelectPlan>& plan, const SelectText& text,
+                    std::unique_ptr<Selection>& selection);
 
     SqliteDatabase database_;
-    std::unordered_map<std::string, std::shared_ptr<SelectPlan>> plans_;  ///< by text
+    std::unordered_map<std::string, std::shared_ptr<SelectPlan>> plans_;  ///< by SelectText::Key
 };
 
 /// The properties are "Data Source", the path of the file as a Windows path, and nothing else.

@@ -1,0 +1,514 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <memory>
+#include <string>
+
+#include "platform/oledb/last_error.h"
+#include "platform/win32/gbk_literal.h"
+#include "tests/platform/oledb/SqliteTestDatabase.h"
+#include "tests/platform/oledb/TestRowset.h"
+
+// What a row set promises, whatever the provider.
+
+namespace {
+
+struct Pair {
+    LONG id;
+    float value;
+    DBSTATUS valueStatus;
+    char text[9];
+    DBSTATUS textStatus;
+};
+const std::vector<DBBINDING> kPair{
+    Bind(1, DBTYPE_I4, offsetof(Pair, id), 4),
+    Bind(2, DBTYPE_R4, offsetof(Pair, value), 4, offsetof(Pair, valueStatus)),
+    Bind(3, DBTYPE_STR, offsetof(Pair, text), 9, offsetof(Pair, textStatus))};
+
+class RowsetContract : public testing::TestWithParam<TestProvider> {
+protected:
+    void SetUp() override {
+        database_ = GetParam().make();
+        ASSERT_EQ(MakeSource(database_->InitString(), source_), S_OK);
+        ASSERT_EQ(source_->Initialize(), S_OK) << oledb::LastErrorText();
+        IUnknown* made = nullptr;
+        ASSERT_EQ(source_.As<IDBCreateSession>(IID_IDBCreateSession)
+                      ->CreateSession(nullptr, IID_IDBCreateCommand, &made),
+                  S_OK);
+        session_ = Ref<IDBCreateCommand>(static_cast<IDBCreateCommand*>(made));
+    }
+    HRESULT Open(TestRowset& set, const std::string& sql) {
+        return set.Open(*session_.operator->(), sql);
+    }
+    /// A row set over three rows of `id`, `value`, `text`, the second with nulls.
+    void OpenPairs(TestRowset& set,
+                   const std::string& sql = "SELECT id,value,text FROM t ORDER BY id") {
+        database_->Run("CREATE TABLE t(note TEXT, id INTEGER, value REAL, text TEXT)");
+        database_->Run(
+            "INSERT INTO t VALUES('a',1,161.6,'one'),('b',2,NULL,NULL),('c',3,0.3,'three')");
+        ASSERT_EQ(Open(set, sql), S_OK) << oledb::LastErrorText();
+        ASSERT_EQ(set.SetBindings(kPair), S_OK);
+    }
+    std::string Pairs() { return database_->Rows("SELECT * FROM t"); }
+
+    std::unique_ptr<TestDatabase> database_;
+    Ref<IDBInitialize> source_;
+    Ref<IDBCreateCommand> session_;
+};
+
+constexpr const char* kThree = "a|1|161.6|one b|2|null|null c|3|0.3|three";
+
+TEST_P(RowsetContract, NumbersAreConvertedOrRefused) {
+    struct Case {
+        const char* stored;
+        DBTYPE type;
+        HRESULT result;
+        DBSTATUS status;
+        double value;
+    };
+    constexpr HRESULT kBad = DB_E_ERRORSOCCURRED;
+    const Case cases[] = {
+        {"161.6", DBTYPE_R4, S_OK, DBSTATUS_S_OK, 161.6F},
+        {"7", DBTYPE_R4, S_OK, DBSTATUS_S_OK, 7},
+        {"' 0.075 '", DBTYPE_R4, S_OK, DBSTATUS_S_OK, 0.075F},
+        {"'+1e2'", DBTYPE_R4, S_OK, DBSTATUS_S_OK, 100},
+        {"'12mm'", DBTYPE_R4, kBad, DBSTATUS_E_CANTCONVERTVALUE, 0},
+        {"''", DBTYPE_R4, kBad, DBSTATUS_E_CANTCONVERTVALUE, 0},
+        {"x'31'", DBTYPE_R4, kBad, DBSTATUS_E_CANTCONVERTVALUE, 0},
+        {"1e39", DBTYPE_R4, kBad, DBSTATUS_E_DATAOVERFLOW, 0},
+        {"-3.4028235e38", DBTYPE_R4, S_OK, DBSTATUS_S_OK, -std::numeric_limits<float>::max()},
+        {"2147483647", DBTYPE_I4, S_OK, DBSTATUS_S_OK, 2147483647},
+        {"2147483648", DBTYPE_I4, kBad, DBSTATUS_E_DATAOVERFLOW, 0},
+        {"1e30", DBTYPE_I4, kBad, DBSTATUS_E_DATAOVERFLOW, 0},
+        {"'12'", DBTYPE_I4, S_OK, DBSTATUS_S_OK, 12},
+        {"3.0", DBTYPE_I4, S_OK, DBSTATUS_S_OK, 3},
+        {"-3.7", DBTYPE_I4, S_OK, DBSTATUS_S_TRUNCATED, -3},
+        {"-32768", DBTYPE_I2, S_OK, DBSTATUS_S_OK, -32768},
+        {"32768", DBTYPE_I2, kBad, DBSTATUS_E_DATAOVERFLOW, 0},
+        {"255", DBTYPE_UI1, S_OK, DBSTATUS_S_OK, 255},
+        {"-1", DBTYPE_UI1, kBad, DBSTATUS_E_DATAOVERFLOW, 0},
+        {"NULL", DBTYPE_UI1, S_OK, DBSTATUS_S_ISNULL, 0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.stored) + " as type " + std::to_string(c.type));
+        database_->Run(std::string("CREATE TABLE v(x); INSERT INTO v VALUES(") + c.stored + ")");
+        {
+            struct {
+                alignas(8) std::byte value[8];
+                DBSTATUS status;
+            } record{};
+            TestRowset set;
+            ASSERT_EQ(Open(set, "SELECT x FROM v"), S_OK);
+            ASSERT_EQ(set.SetBindings({Bind(1, c.type, 0, 8, 8)}), S_OK);
+            EXPECT_EQ(set.MoveAndRead(&record), c.result);
+            EXPECT_EQ(record.status, c.status);
+            const auto as = [&]<class T>(T number) {
+                std::memcpy(&number, record.value, sizeof(T));
+                return static_cast<double>(number);
+            };
+            const double value = c.type == DBTYPE_R4   ? as(0.0F)
+                                 : c.type == DBTYPE_I4 ? as(LONG{0})
+                                 : c.type == DBTYPE_I2 ? as(SHORT{0})
+                                                       : as(BYTE{0});
+            EXPECT_EQ(value, c.value);
+        }
+        database_->Run("DROP TABLE v");
+    }
+}
+
+TEST_P(RowsetContract, TextsAreConvertedAndCutAtWholeCharacters) {
+    // "淺" is 9C 5C in GBK: the trail byte is a backslash. "𠀀" is a pair of UTF-16 units and no
+    // character of GBK.
+    struct Case {
+        const char* stored;
+        const char* narrow;  ///< UTF-8 of what arrives in 6 bytes of GBK
+        DBSTATUS narrowStatus;
+        const char* wide;  ///< UTF-8 of what arrives in 3 units and a terminator
+        DBSTATUS wideStatus;
+    };
+    const Case cases[] = {
+        {"''", "", DBSTATUS_S_OK, "", DBSTATUS_S_OK},
+        {"'ZK3'", "ZK3", DBSTATUS_S_OK, "ZK3", DBSTATUS_S_OK},
+        {"'ZK-33'", "ZK-33", DBSTATUS_S_OK, "ZK-", DBSTATUS_S_TRUNCATED},
+        {"'ZK-333'", "ZK-33", DBSTATUS_S_TRUNCATED, "ZK-", DBSTATUS_S_TRUNCATED},
+        {"'筛分'", "筛分", DBSTATUS_S_OK, "筛分", DBSTATUS_S_OK},
+        {"'筛分法'", "筛分", DBSTATUS_S_TRUNCATED, "筛分法", DBSTATUS_S_OK},
+        {"'a淺淺b'", "a淺淺", DBSTATUS_S_TRUNCATED, "a淺淺", DBSTATUS_S_TRUNCATED},
+        {"'ab𠀀'", "ab?", DBSTATUS_S_OK, "ab", DBSTATUS_S_TRUNCATED},
+        {"12", "12", DBSTATUS_S_OK, "12", DBSTATUS_S_OK},
+        {"0.5", "0.5", DBSTATUS_S_OK, "0.5", DBSTATUS_S_OK},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.stored);
+        database_->Run(std::string("CREATE TABLE v(x); INSERT INTO v VALUES(") + c.stored + ")");
+        {
+            struct Record {
+                char16_t wide[4];
+                DBSTATUS wideStatus;
+                DBSTATUS narrowStatus;
+                char narrow[6];
+                char bare[6];
+                char behind;
+            } record{};
+            record.behind = '#';
+            TestRowset set;
+            ASSERT_EQ(Open(set, "SELECT x FROM v"), S_OK);
+            ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_WSTR, offsetof(Record, wide), 8,
+                                            offsetof(Record, wideStatus)),
+                                       Bind(1, DBTYPE_STR, offsetof(Record, narrow), 6,
+                                            offsetof(Record, narrowStatus)),
+                                       Bind(1, DBTYPE_STR, offsetof(Record, bare), 6)}),
+                      S_OK);
+            EXPECT_EQ(set.MoveAndRead(&record), S_OK);
+            EXPECT_EQ(win32::Utf8FromUtf16(record.wide), c.wide);
+            EXPECT_EQ(record.wideStatus, c.wideStatus);
+            EXPECT_EQ(win32::Utf8FromGbk(record.narrow), c.narrow);
+            EXPECT_EQ(record.narrowStatus, c.narrowStatus);
+            EXPECT_STREQ(record.bare, record.narrow);
+            EXPECT_EQ(record.behind, '#');
+        }
+        database_->Run("DROP TABLE v");
+    }
+}
+
+TEST_P(RowsetContract, NullWithoutStatusFailsItsRowOnly) {
+    TestRowset set;
+    OpenPairs(set);
+    ASSERT_EQ(set.SetBindings({kPair[0], Bind(2, DBTYPE_R4, offsetof(Pair, value), 4)}), S_OK);
+    Pair pair{};
+    EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(set.MoveAndRead(&pair), DB_E_ERRORSOCCURRED);
+    EXPECT_NE(oledb::LastErrorText().find("t, column value: null"), std::string::npos)
+        << oledb::LastErrorText();
+    EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(pair.value, 0.3F);
+}
+
+TEST_P(RowsetContract, MovesBothWaysAndEndsWithASuccessCode) {
+    TestRowset set;
+    OpenPairs(set);
+    Pair pair{};
+    const auto fetched = [&](DBROWCOUNT count, DBROWOFFSET offset) {
+        return set.Move(count, offset) == S_OK && set.Read(&pair) == S_OK ? pair.id : 0;
+    };
+    EXPECT_EQ(fetched(1, 0), 1);
+    EXPECT_EQ(fetched(1, 1), 3);
+    EXPECT_EQ(set.Move(), DB_S_ENDOFROWSET);
+    EXPECT_EQ(set.Move(), DB_S_ENDOFROWSET);
+    EXPECT_EQ(fetched(-1, 0), 3);
+    EXPECT_EQ(fetched(-1, -1), 1);
+    EXPECT_EQ(set.Move(-1), DB_S_ENDOFROWSET);
+    EXPECT_EQ(set.rows->RestartPosition(DB_NULL_HCHAPTER), S_OK);
+    EXPECT_EQ(fetched(-1, 0), 3) << "backwards from the start begins at the end";
+    set.rows->RestartPosition(DB_NULL_HCHAPTER);
+    EXPECT_EQ(set.Move(1, 4), DB_S_ENDOFROWSET);
+    EXPECT_EQ(fetched(1, 0), 1) << "a move out of the rows leaves the position";
+
+    HROW held[3] = {};
+    HROW* places = held;
+    DBCOUNTITEM obtained = 0;
+    set.rows->RestartPosition(DB_NULL_HCHAPTER);
+    EXPECT_EQ(set.rows->GetNextRows(DB_NULL_HCHAPTER, 0, 3, &obtained, &places), S_OK);
+    EXPECT_EQ(set.rows->GetData(held[0], set.accessor, &pair), S_OK);
+    EXPECT_EQ(pair.id, 1) << "rows fetched before stay usable";
+    EXPECT_EQ(set.rows->ReleaseRows(3, held, nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(set.rows->GetData(held[2], set.accessor, &pair), DB_E_BADROWHANDLE);
+    EXPECT_EQ(set.rows->ReleaseRows(1, &held[2], nullptr, nullptr, nullptr), DB_E_ERRORSOCCURRED);
+}
+
+TEST_P(RowsetContract, AChangeReachesExactlyItsRowAtOnce) {
+    TestRowset set;
+    OpenPairs(set, "select TEXT, ID, VALUE from T where ID > 0 order by ID;");
+    database_->Run("INSERT INTO t SELECT * FROM t");  // twins, told apart by nothing
+    ASSERT_EQ(set.SetBindings(
+                  {Bind(1, DBTYPE_STR, offsetof(Pair, text), 9, offsetof(Pair, textStatus)),
+                   Bind(2, DBTYPE_I4, offsetof(Pair, id), 4),
+                   Bind(3, DBTYPE_R4, offsetof(Pair, value), 4, offsetof(Pair, valueStatus))}),
+              S_OK);
+    Pair pair{};
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    pair.value = 49.999F;
+    std::strcpy(pair.text, "筛分"_gbk);
+    EXPECT_EQ(set.Set(&pair), S_OK);
+    EXPECT_EQ(Pairs(), std::string("a|1|49.999|筛分 b|2|null|null c|3|0.3|three ") + kThree);
+    Pair again{};
+    EXPECT_EQ(set.Read(&again), S_OK);
+    EXPECT_EQ(again.value, 49.999F) << "the row set shows its own changes";
+}
+
+TEST_P(RowsetContract, StatusDecidesBetweenNullAndValue) {
+    TestRowset set;
+    OpenPairs(set);
+    Pair pair{};
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    pair.valueStatus = DBSTATUS_S_ISNULL;
+    EXPECT_EQ(set.Set(&pair), S_OK);
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(pair.textStatus, DBSTATUS_S_ISNULL);
+    pair.value = 0.0F;
+    pair.valueStatus = DBSTATUS_S_OK;
+    EXPECT_EQ(set.Set(&pair), S_OK);
+    EXPECT_EQ(Pairs(), "a|1|null|one b|2|0.0|null c|3|0.3|three");
+}
+
+TEST_P(RowsetContract, UntouchedColumnsKeepWhatTheBufferCannotHold) {
+    database_->Run("CREATE TABLE t(id, value, text)");
+    database_->Run("INSERT INTO t VALUES('7', 123456.123456789, '很长的文字比位置多𠀀')");
+    TestRowset set;
+    ASSERT_EQ(Open(set, "SELECT id,value,text FROM t"), S_OK);
+    ASSERT_EQ(set.SetBindings(kPair), S_OK);
+    Pair pair{};
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(pair.textStatus, DBSTATUS_S_TRUNCATED);
+    EXPECT_EQ(set.Set(&pair), S_OK);
+    EXPECT_EQ(database_->Rows("SELECT typeof(id),value,text FROM t"),
+              "text|123456.123456789|很长的文字比位置多𠀀");
+    pair.id = 8;
+    EXPECT_EQ(set.Set(&pair), S_OK);
+    EXPECT_EQ(database_->Rows("SELECT id,value,text FROM t"),
+              "8|123456.123456789|很长的文字比位置多𠀀");
+}
+
+TEST_P(RowsetContract, FloatsAreKeptAsTheirShortestDecimals) {
+    TestRowset set;
+    OpenPairs(set);
+    ASSERT_EQ(set.Move(), S_OK);
+    for (const float value :
+         {161.6F, 0.1F, 1.0F / 3.0F, 1e-7F, 16777216.0F, -2.5F, std::numeric_limits<float>::max(),
+          std::numeric_limits<float>::denorm_min()}) {
+        Pair pair{};
+        ASSERT_EQ(set.Read(&pair), S_OK);
+        pair.value = value;
+        ASSERT_EQ(set.Set(&pair), S_OK);
+        pair.value = 0.0F;
+        ASSERT_EQ(set.Read(&pair), S_OK);
+        EXPECT_EQ(pair.value, value);
+        if (value == 161.6F) {
+            EXPECT_EQ(database_->Rows("SELECT value FROM t WHERE id=1"), "161.6");
+        }
+    }
+}
+
+TEST_P(RowsetContract, RowsAreInsertedAndDeleted) {
+    TestRowset set;
+    OpenPairs(set);
+    Pair pair{4, 2.5F, DBSTATUS_S_OK, "four", DBSTATUS_S_ISNULL};
+    EXPECT_EQ(set.Insert(&pair), S_OK);
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(set.Delete(), S_OK);
+    EXPECT_EQ(set.Read(&pair), DB_E_DELETEDROW);
+    EXPECT_EQ(set.Set(&pair), DB_E_DELETEDROW);
+    EXPECT_EQ(set.Delete(), DB_E_DELETEDROW);
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(pair.id, 2);
+    set.rows->RestartPosition(DB_NULL_HCHAPTER);
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(pair.id, 2) << "a deleted row is passed over";
+    ASSERT_EQ(set.Move(), S_OK);
+    EXPECT_EQ(set.Move(), DB_S_ENDOFROWSET) << "an inserted row shows in the next row set";
+    EXPECT_EQ(Pairs(), "b|2|null|null c|3|0.3|three null|4|2.5|null");
+}
+
+TEST_P(RowsetContract, AFailedChangeLeavesTheRow) {
+    TestRowset set;
+    OpenPairs(set);
+    database_->Run("CREATE UNIQUE INDEX one ON t(id)");
+    Pair pair{};
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    pair.id = 3;
+    EXPECT_EQ(set.Set(&pair), DB_E_INTEGRITYVIOLATION);
+    EXPECT_EQ(set.Insert(&pair), DB_E_INTEGRITYVIOLATION);
+    pair.id = 9;
+    pair.value = std::nanf("");
+    EXPECT_EQ(set.Set(&pair), DB_E_ERRORSOCCURRED);
+    EXPECT_EQ(pair.valueStatus, DBSTATUS_E_CANTCONVERTVALUE);
+    pair.value = 1.0F;
+    pair.valueStatus = 99;
+    EXPECT_EQ(set.Set(&pair), DB_E_ERRORSOCCURRED);
+    EXPECT_EQ(Pairs(), kThree);
+
+    pair.valueStatus = DBSTATUS_S_OK;
+    database_->Lock();
+    EXPECT_EQ(set.Set(&pair), DB_E_TIMEOUT) << "locked by somebody else";
+    EXPECT_NE(oledb::LastErrorText().find("locked"), std::string::npos);
+    database_->Unlock();
+    EXPECT_EQ(Pairs(), kThree);
+    EXPECT_EQ(set.Set(&pair), S_OK) << "and works again afterwards";
+
+    database_->Run("DELETE FROM t");
+    pair.value = 2.0F;
+    EXPECT_EQ(set.Set(&pair), DB_E_DELETEDROW);
+    EXPECT_EQ(set.Delete(), DB_E_DELETEDROW);
+    EXPECT_EQ(Pairs(), "");
+}
+
+TEST_P(RowsetContract, AWalkHoldsNoLock) {
+    TestRowset set;
+    OpenPairs(set);
+    Pair pair{};
+    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    database_->Run("DROP TABLE t");
+    EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(pair.id, 2);
+}
+
+TEST_P(RowsetContract, ChangesNeedToBeAskedFor) {
+    database_->Run("CREATE TABLE t(id, value, text); INSERT INTO t VALUES(1, 2, 'x')");
+    const std::string sql = "SELECT id,value,text FROM t";
+    TestRowset reading;
+    ASSERT_EQ(reading.Open(*session_.operator->(), sql, {}), S_OK);
+    EXPECT_FALSE(reading.change);
+    EXPECT_FALSE(reading.rows.As<IUnknown>(IID_IRowsetUpdate)) << "no deferred mode";
+
+    TestRowset changing;
+    ASSERT_EQ(changing.Open(*session_.operator->(), sql,
+                            {MakeProperty(DBPROP_UPDATABILITY, VT_I4, DBPROPVAL_UP_CHANGE)}),
+              S_OK);
+    ASSERT_EQ(changing.SetBindings(kPair), S_OK);
+    Pair pair{};
+    ASSERT_EQ(changing.MoveAndRead(&pair), S_OK);
+    EXPECT_EQ(changing.Insert(&pair), DB_E_NOTSUPPORTED);
+    EXPECT_EQ(changing.Delete(), DB_E_NOTSUPPORTED);
+    pair.id = 5;
+    EXPECT_EQ(changing.Set(&pair), S_OK);
+    EXPECT_EQ(database_->Rows("SELECT id FROM t"), "5");
+}
+
+TEST_P(RowsetContract, PropertiesAreGrantedOrRefused) {
+    struct Case {
+        const char* what;
+        DBPROP property;
+        HRESULT result;
+        DBPROPSTATUS status;
+    };
+    constexpr DBPROPID kUnknown = 0x7777;
+    DBPROP oneColumn = MakeProperty(DBPROP_CANHOLDROWS, VT_BOOL, VARIANT_TRUE);
+    oneColumn.colid.eKind = 2;
+    const Case cases[] = {
+        {"change only", MakeProperty(DBPROP_UPDATABILITY, VT_I4, 1), S_OK, DBPROPSTATUS_OK},
+        {"no holding", MakeProperty(DBPROP_CANHOLDROWS, VT_BOOL, VARIANT_FALSE), S_OK,
+         DBPROPSTATUS_OK},
+        {"a fourth kind of change", MakeProperty(DBPROP_UPDATABILITY, VT_I4, 8),
+         DB_E_ERRORSOCCURRED, DBPROPSTATUS_BADVALUE},
+        {"a number as flag", MakeProperty(DBPROP_IRowsetChange, VT_I4, 1), DB_E_ERRORSOCCURRED,
+         DBPROPSTATUS_BADVALUE},
+        {"deferred mode", MakeProperty(DBPROP_IRowsetUpdate, VT_BOOL, VARIANT_TRUE),
+         DB_E_ERRORSOCCURRED, DBPROPSTATUS_NOTSUPPORTED},
+        {"an unknown one", MakeProperty(kUnknown, VT_BOOL, VARIANT_TRUE), DB_E_ERRORSOCCURRED,
+         DBPROPSTATUS_NOTSUPPORTED},
+        {"an unknown one, if possible",
+         MakeProperty(kUnknown, VT_BOOL, VARIANT_TRUE, DBPROPOPTIONS_OPTIONAL), DB_S_ERRORSOCCURRED,
+         DBPROPSTATUS_NOTSUPPORTED},
+        {"for one column", oneColumn, DB_E_ERRORSOCCURRED, DBPROPSTATUS_NOTSUPPORTED},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        IUnknown* made = nullptr;
+        ASSERT_EQ(session_->CreateCommand(nullptr, IID_ICommandProperties, &made), S_OK);
+        const Ref<ICommandProperties> command(static_cast<ICommandProperties*>(made));
+        DBPROP property = c.property;
+        DBPROPSET set{&property, 1, DBPROPSET_ROWSET};
+        EXPECT_EQ(command->SetProperties(1, &set), c.result);
+        EXPECT_EQ(property.dwStatus, c.status);
+    }
+}
+
+TEST_P(RowsetContract, OneSelectAndNothingElseRuns) {
+    database_->Run("CREATE TABLE t(id INTEGER, text TEXT); INSERT INTO t VALUES(1,'it''s; ok')");
+    struct Case {
+        const char* sql;
+        HRESULT result;
+    };
+    const Case cases[] = {
+        {"SELECT id FROM t;", S_OK},
+        {"  select id from t  ;  \n", S_OK},
+        {"SELECT id FROM t WHERE text='it''s; ok'", S_OK},
+        {"SELECT id FROM t WHERE id IN (1,2) AND (text LIKE 'it%' OR id=-5) ORDER BY 1 LIMIT 5",
+         S_OK},
+        {"", DB_E_NOCOMMAND},
+        {";", DB_E_ERRORSINCOMMAND},
+        {"SELECT id FROM t; DELETE FROM t", DB_E_MULTIPLESTATEMENTS},
+        {"SELECT id FROM t;;", DB_E_MULTIPLESTATEMENTS},
+        {"SELECT id FROM t WHERE text='O'Brien';", DB_E_ERRORSINCOMMAND},
+        {"SELECT id FROM t WHERE text='''; DELETE FROM t;", DB_E_ERRORSINCOMMAND},
+        {"SELECT id FROM t WHERE text='a' -- and more'", DB_E_ERRORSINCOMMAND},
+        {"SELECT id FROM t /* all */", DB_E_ERRORSINCOMMAND},
+        {"SELECT id FROM t WHERE", DB_E_ERRORSINCOMMAND},
+        {"SELECT nothing FROM t", DB_E_ERRORSINCOMMAND},
+        {"SELECT id FROM missing", DB_E_NOTABLE},
+        {"DELETE FROM t", DB_E_ERRORSINCOMMAND},
+        {"WITH d AS (SELECT 1) DELETE FROM t", DB_E_ERRORSINCOMMAND},
+        {"PRAGMA user_version=5", DB_E_ERRORSINCOMMAND},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.sql);
+        TestRowset set;
+        EXPECT_EQ(Open(set, c.sql), c.result) << oledb::LastErrorText();
+        EXPECT_EQ(oledb::LastErrorText().empty(), c.result == S_OK) << oledb::LastErrorText();
+        EXPECT_TRUE(c.result != S_OK || set.Move() == S_OK);
+        EXPECT_EQ(database_->Rows("SELECT id FROM t"), "1");
+    }
+}
+
+TEST_P(RowsetContract, ChangesNeedRowsOfOneTable) {
+    database_->Run("CREATE TABLE t(id INTEGER, value REAL); INSERT INTO t VALUES(1,2.0),(1,2.0)");
+    database_->Run("CREATE TABLE u(id INTEGER); CREATE VIEW w AS SELECT * FROM t");
+    for (const char* sql :
+         {"SELECT t.id,value FROM t JOIN u ON t.id=u.id", "SELECT t.id,value FROM t,u",
+          "SELECT id,count(*) FROM t", "SELECT id,value FROM t GROUP BY id",
+          "SELECT id,value FROM t UNION SELECT 1,2", "SELECT id,value FROM (SELECT * FROM t)",
+          "SELECT id,value FROM w", "SELECT 1,2"}) {
+        SCOPED_TRACE(sql);
+        TestRowset set;
+        EXPECT_EQ(Open(set, sql), DB_E_ERRORSOCCURRED);
+        EXPECT_EQ(set.Open(*session_.operator->(), sql, {}), S_OK)
+            << "for reading it may be opened";
+    }
+    TestRowset distinct;
+    ASSERT_EQ(Open(distinct, "SELECT DISTINCT id FROM t"), S_OK);
+    ASSERT_EQ(distinct.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
+    LONG id = 0;
+    ASSERT_EQ(distinct.MoveAndRead(&id), S_OK);
+    id = 7;
+    EXPECT_EQ(distinct.Set(&id), DB_E_NOTSUPPORTED);
+    EXPECT_EQ(distinct.Insert(&id), DB_E_NOTSUPPORTED);
+    EXPECT_EQ(distinct.Delete(), DB_E_NOTSUPPORTED);
+    EXPECT_EQ(distinct.Move(), DB_S_ENDOFROWSET);
+    EXPECT_EQ(database_->Rows("SELECT id FROM t"), "1 1");
+}
+
+TEST_P(RowsetContract, BindingsAreChecked) {
+    TestRowset set;
+    OpenPairs(set);
+    DBBINDING length = Bind(1, DBTYPE_I4, 0, 4);
+    length.dwPart |= DBPART_LENGTH;
+    const std::pair<DBBINDING, DBBINDSTATUS> cases[] = {
+        {Bind(0, DBTYPE_I4, 0, 4), DBBINDSTATUS_BADORDINAL},
+        {Bind(4, DBTYPE_I4, 0, 4), DBBINDSTATUS_BADORDINAL},
+        {Bind(1, 7, 0, 8), DBBINDSTATUS_UNSUPPORTEDCONVERSION},
+        {Bind(1, DBTYPE_WSTR, 0, 1), DBBINDSTATUS_BADBINDINFO},
+        {length, DBBINDSTATUS_BADBINDINFO},
+    };
+    for (const auto& [binding, expected] : cases) {
+        DBBINDSTATUS status = DBBINDSTATUS_OK;
+        HACCESSOR accessor = DB_NULL_HACCESSOR;
+        EXPECT_EQ(
+            set.accessors->CreateAccessor(DBACCESSOR_ROWDATA, 1, &binding, 0, &accessor, &status),
+            DB_E_ERRORSOCCURRED);
+        EXPECT_EQ(status, expected);
+    }
+    EXPECT_EQ(set.accessors->ReleaseAccessor(set.accessor, nullptr), S_OK);
+    ASSERT_EQ(set.Move(), S_OK);
+    Pair pair{};
+    EXPECT_EQ(set.Read(&pair), DB_E_BADACCESSORHANDLE);
+}
+
+INSTANTIATE_TEST_SUITE_P(Providers, RowsetContract,
+                         testing::Values(TestProvider{
+                             "SQLite",
+                             [] { return std::unique_ptr<TestDatabase>(new SqliteTestDatabase); }}),
+                         [](const auto& tested) { return std::string(tested.param.name); });
+
+}  // namespace

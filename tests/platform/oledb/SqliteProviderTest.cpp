@@ -1,0 +1,198 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "platform/oledb/last_error.h"
+#include "platform/oledb/trace.h"
+#include "tests/platform/oledb/SqliteTestDatabase.h"
+#include "tests/platform/oledb/TestRowset.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Ref<IDBCreateCommand> OpenSession(const std::string& initString) {
+    Ref<IDBInitialize> source;
+    EXPECT_EQ(MakeSource(initString, source), S_OK);
+    EXPECT_EQ(source->Initialize(), S_OK) << oledb::LastErrorText();
+    IUnknown* made = nullptr;
+    EXPECT_EQ(source.As<IDBCreateSession>(IID_IDBCreateSession)
+                  ->CreateSession(nullptr, IID_IDBCreateCommand, &made),
+              S_OK);
+    return Ref<IDBCreateCommand>(static_cast<IDBCreateCommand*>(made));
+}
+
+TEST(SqliteProvider, InitialisationStringsThatNameNoDataSourceAreRefused) {
+    struct Case {
+        const char* text;
+        HRESULT source;  ///< of making the data source
+        HRESULT opened;  ///< of initialising it
+        const char* named;
+    };
+    const Case cases[] = {
+        {"", DB_E_BADINITSTRING, 0, "Provider"},
+        {"Data Source=a.db", DB_E_BADINITSTRING, 0, "Provider"},
+        {"Provider=Oracle;Data Source=a.db", REGDB_E_CLASSNOTREG, 0, "Oracle"},
+        {"Provider=", REGDB_E_CLASSNOTREG, 0, "\"\""},
+        {"nonsense", DB_E_BADINITSTRING, 0, "nonsense"},
+        {"Provider=SQLite;Data Source=\"a.db", DB_E_BADINITSTRING, 0, "Data Source"},
+        {"provider=sqlite", S_OK, DB_E_BADINITSTRING, "Data Source"},
+        {"Provider=SQLite;Data Source=", S_OK, DB_E_BADINITSTRING, "Data Source"},
+        {"Provider=SQLite;Data Source=a.db;Pasword=x", S_OK, DB_E_BADINITSTRING, "Pasword"},
+        {"Provider=SQLite;Data Source=:memory:", S_OK, E_FAIL, ":memory:"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        Ref<IDBInitialize> source;
+        ASSERT_EQ(MakeSource(c.text, source), c.source);
+        if (c.source == S_OK) {
+            EXPECT_EQ(source->Initialize(), c.opened);
+        }
+        EXPECT_NE(oledb::LastErrorText().find(c.named), std::string::npos)
+            << oledb::LastErrorText();
+    }
+}
+
+TEST(SqliteProvider, FilesThatAreNoDatabaseAreRefusedAndLeftAlone) {
+    const TestFolder folder;
+    std::ofstream(folder.File("empty.db")).flush();
+    std::ofstream(folder.File("text.db")) << std::string(5000, 'x');
+    fs::create_directory(folder.File("folder.db"));
+    for (const char* name : {"missing.db", "empty.db", "text.db", "folder.db"}) {
+        SCOPED_TRACE(name);
+        Ref<IDBInitialize> source;
+        ASSERT_EQ(MakeSource("Provider=SQLite;Data Source=" + folder.File(name), source), S_OK);
+        EXPECT_TRUE(FAILED(source->Initialize()));
+        EXPECT_NE(oledb::LastErrorText().find(name), std::string::npos) << oledb::LastErrorText();
+        IUnknown* session = nullptr;
+        EXPECT_EQ(source.As<IDBCreateSession>(IID_IDBCreateSession)
+                      ->CreateSession(nullptr, IID_IOpenRowset, &session),
+                  E_UNEXPECTED);
+    }
+    EXPECT_FALSE(fs::exists(folder.File("missing.db")));
+    EXPECT_EQ(fs::file_size(folder.File("empty.db")), 0U);
+    EXPECT_EQ(fs::file_size(folder.File("text.db")), 5000U);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.File("")), {}), 3);
+}
+
+TEST(SqliteProvider, AFailedDataSourceMayBeInitialisedAgain) {
+    const TestFolder folder;
+    Ref<IDBInitialize> source;
+    ASSERT_EQ(MakeSource("Provider=SQLite;Data Source=" + folder.File("late.db"), source), S_OK);
+    EXPECT_TRUE(FAILED(source->Initialize()));
+    SqliteTestDatabase(folder.File("late.db").c_str()).Run("CREATE TABLE t(x)");
+    EXPECT_EQ(source->Initialize(), S_OK) << oledb::LastErrorText();
+    EXPECT_EQ(source->Initialize(), DB_E_ALREADYINITIALIZED);
+}
+
+TEST(SqliteProvider, TheFileIsFoundByItsWindowsPathAndClosedWithTheLastObject) {
+    const TestFolder folder;
+    const std::string path = folder.File("工程.db");
+    SqliteTestDatabase(path.c_str())
+        .Run("PRAGMA journal_mode=DELETE; CREATE TABLE t(x); INSERT INTO t VALUES(1)");
+    std::string windows = folder.File("工程.DB");
+    std::replace(windows.begin(), windows.end(), '/', '\\');
+    {
+        TestRowset set;
+        ASSERT_EQ(
+            set.Open(*OpenSession("Data Source='" + windows + "';Provider=SQLite").operator->(),
+                     "SELECT x FROM t"),
+            S_OK);
+        ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
+        LONG x = 0;
+        ASSERT_EQ(set.MoveAndRead(&x), S_OK);
+        x = 2;
+        EXPECT_EQ(set.Set(&x), S_OK) << "the row set alone keeps the database open";
+        EXPECT_TRUE(fs::exists(path + "-wal"));
+    }
+    EXPECT_FALSE(fs::exists(path + "-wal"));
+}
+
+TEST(SqliteProvider, RowsAreToldApartByWhateverTheTableHas) {
+    struct Case {
+        const char* create;
+        const char* after;
+    };
+    const Case cases[] = {
+        {"CREATE TABLE t(x, n)", "1|5 1|2"},
+        {"CREATE TABLE t(x, n, rowid, _rowid_)", "1|5 1|2"},
+        {"CREATE TABLE t(x, n INTEGER PRIMARY KEY)", "1|2 1|5"},
+        {"CREATE TABLE t(x, n TEXT, \"odd \"\" name\", PRIMARY KEY(n, x)) WITHOUT ROWID",
+         "1|2 1|5"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.create);
+        SqliteTestDatabase database;
+        database.Run(c.create);
+        database.Run("INSERT INTO t(x,n) VALUES(1,1),(1,2)");
+        TestRowset set;
+        const auto session = OpenSession(database.InitString());
+        ASSERT_EQ(set.Open(*session.operator->(), "SELECT x,n FROM main.t AS a WHERE a.x=1"), S_OK)
+            << oledb::LastErrorText();
+        struct {
+            LONG x, n;
+        } record{};
+        ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4), Bind(2, DBTYPE_I4, 4, 4)}), S_OK);
+        ASSERT_EQ(set.MoveAndRead(&record), S_OK);
+        ASSERT_EQ(record.n, 1);
+        for (const LONG key : {4, 5}) {
+            record.n = key;  // also where it is the row's identity that changes
+            ASSERT_EQ(set.Set(&record), S_OK) << oledb::LastErrorText();
+            ASSERT_EQ(set.Read(&record), S_OK);
+            EXPECT_EQ(record.n, key);
+        }
+        EXPECT_EQ(database.Rows("SELECT x,n FROM t"), c.after);
+    }
+}
+
+std::vector<std::string> traced;
+
+TEST(SqliteProvider, AQuestionAboutAnotherKeyIsNotPreparedAgain) {
+    SqliteTestDatabase database;
+    database.Run(
+        "CREATE TABLE t(k TEXT, n INTEGER); INSERT INTO t VALUES('a',1),('b?1',2),('b',2)");
+    const auto session = OpenSession(database.InitString());
+    oledb::SetTrace([](const char* line) { traced.emplace_back(line); });
+    for (const auto& [condition, rows] :
+         std::vector<std::pair<std::string, LONG>>{{"k='a' and n=1", 1},
+                                                   {"k='b?1' and n=2", 1},
+                                                   {"k='c' and n=1", 0},
+                                                   {"k='2' and n=2", 0}}) {
+        TestRowset set;
+        ASSERT_EQ(set.Open(*session.operator->(), "SELECT n FROM t WHERE " + condition), S_OK);
+        LONG found = 0;
+        while (set.Move() == S_OK) ++found;
+        EXPECT_EQ(found, rows) << condition;
+    }
+    oledb::SetTrace(nullptr);
+    const auto prepared = std::count_if(traced.begin(), traced.end(), [](const auto& line) {
+        return line.starts_with("sqlite3_prepare_v2") && line.find("WHERE k=?1") != line.npos;
+    });
+    EXPECT_EQ(prepared, 1);
+}
+
+TEST(SqliteProvider, AChangedTableIsSeenByStatementsKeptPrepared) {
+    SqliteTestDatabase database;
+    database.Run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1)");
+    const auto session = OpenSession(database.InitString());
+    const std::string sql = "SELECT n FROM t";
+    EXPECT_EQ(TestRowset().Open(*session.operator->(), sql), S_OK);
+    database.Run("DROP TABLE t");
+    EXPECT_EQ(TestRowset().Open(*session.operator->(), sql), DB_E_NOTABLE);
+    database.Run(
+        "CREATE TABLE t(m PRIMARY KEY, n INTEGER) WITHOUT ROWID; INSERT INTO t VALUES('x',3)");
+    TestRowset set;
+    ASSERT_EQ(set.Open(*session.operator->(), sql), S_OK) << oledb::LastErrorText();
+    ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
+    LONG n = 0;
+    ASSERT_EQ(set.MoveAndRead(&n), S_OK);
+    n = 4;
+    EXPECT_EQ(set.Set(&n), S_OK) << oledb::LastErrorText();
+    EXPECT_EQ(database.Rows("SELECT m,n FROM t"), "x|4");
+}
+
+}  // namespace
