@@ -13,7 +13,7 @@ PLATFORM = {
     "platform/suite": ["platform/win32"],
     "platform/rx": ["platform/win32"],
     "platform/ge": [],
-    "platform/gi": ["platform/ge", "platform/rx"],
+    "platform/gi": ["platform/ge", "platform/rx", "platform/win32"],
     "platform/db": ["platform/gi", "platform/ge", "platform/rx", "platform/win32"],
     "platform/dwg": ["platform/db", "platform/gi", "platform/ge", "platform/rx", "platform/win32"],
     "platform/ed": ["platform/db", "platform/ge", "platform/rx", "platform/win32"],

@@ -7,8 +7,10 @@
 #include "platform/gi/AcGiWorldDraw.h"
 
 /// Records what an entity draws as the byte stream of proxy graphics that a drawing file keeps for
-/// programs without the entity's class. Layout: 32-bit total size, 32-bit record count, then records
-/// of 32-bit size, 32-bit kind and data, little-endian.
+/// programs without the entity's class. Layout: 32-bit size of the whole stream, 32-bit record
+/// count, then records of 32-bit size (its own eight bytes included), 32-bit kind and data,
+/// little-endian. The first record is the box around everything. Lines with widths are recorded as
+/// filled polygons, and the colour "none of its own" as by layer, which is what readers know.
 class AcGiProxyGraphicsRecorder : public AcGiWorldDraw {
 public:
     AcGiProxyGraphicsRecorder();
