@@ -1,14 +1,13 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -18,12 +17,11 @@
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "platform/mfc/resources.h"
 #include "platform/suite/orvik8.h"
-#include "platform/suite/suite_folder.h"
 #include "platform/win32/clock.h"
 #include "platform/win32/code_page.h"
 #include "src/common/module_state.h"
-#include "src/db/project_database.h"
 #include "src/ui/plugin_resources.h"
+#include "tests/src/TestProject.h"
 
 /// A suite folder of its own with an empty project 1, number "GC1", whose data are checked; a
 /// scripted user; module-wide values as they are right after loading. Texts of the tests are UTF-8,
@@ -33,28 +31,23 @@ public:
     static std::string Gbk(const std::string& utf8) { return win32::GbkFromUtf8(utf8); }
     static std::string Utf8(const std::string& gbk) { return win32::Utf8FromGbk(gbk); }
 
-    const std::filesystem::path& Folder() const { return folder_; }
+    const std::filesystem::path& Folder() const { return project_->Folder(); }
 
     void WriteText(const std::string& name, const std::string& utf8) const {
-        std::ofstream(folder_ / name, std::ios::binary) << Gbk(utf8);
+        std::ofstream(Folder() / name, std::ios::binary) << Gbk(utf8);
     }
     std::string ReadText(const std::string& name) const {
         std::ostringstream text;
-        text << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
+        text << std::ifstream(Folder() / name, std::ios::binary).rdbuf();
         return Utf8(text.str());
     }
     void WriteProject(const std::string& keys) const {
         WriteText("project.ini", "[Project]\r\n" + keys);
     }
 
-    void Sql(const std::string& statement) const {
-        sqlite3* database = nullptr;
-        ASSERT_EQ(sqlite3_open((folder_ / "project.db").c_str(), &database), SQLITE_OK);
-        char* error = nullptr;
-        EXPECT_EQ(sqlite3_exec(database, statement.c_str(), nullptr, nullptr, &error), SQLITE_OK)
-            << statement << ": " << (error == nullptr ? "" : error);
-        sqlite3_free(error);
-        sqlite3_close(database);
+    /// Runs statements and gives the rows of their results, columns joined by "|".
+    std::vector<std::string> Sql(const std::string& statements) const {
+        return project_->Sql(statements);
     }
     /// A sample whose sieve items of 10 g each make up `total` g; names are written to the database
     /// as they stand.
@@ -115,10 +108,12 @@ protected:
     void SetUp() override {
         static const HINSTANCE instance = mfc::RegisterModule(PluginResources());
         ExtensionModule.AttachInstance(instance);
-        MakeFolder();
-        ResetModuleState();
-        std::string error;
-        ASSERT_TRUE(suite::OpenFolder(folder_.string(), error)) << error;
+        project_.emplace();
+        ResetDrivers();
+        ProjectContext = {};
+        WriteProject("GCSY=1\r\nGCBH=GC1\r\nGCBZ=0\r\nGCMC=某工程\r\nGCSJ=0\r\n");
+        Sql("CREATE TABLE x_GongCheng(GCSY INTEGER,GCBH TEXT,GCMC TEXT,GCBZ INTEGER,GCSJ INTEGER);"
+            "INSERT INTO x_GongCheng VALUES (1,'GC1','某工程',0,0);");
         ProjectProfilePath = PathFrom(GetProjectProfilePath);
         SettingsProfilePath = PathFrom(GetSettingsProfilePath);
         MarkProfilePath = PathFrom(GetMarkProfilePath);
@@ -138,11 +133,9 @@ protected:
         mfc::SetWindowSystem(nullptr);
         ed::SetCommandLineSink(nullptr);
         win32::SetClock(nullptr);
-        CloseProjectDatabase();
-        suite::CloseFolder();
-        ResetModuleState();
+        ResetDrivers();
         std::filesystem::current_path(std::filesystem::temp_directory_path());
-        std::filesystem::remove_all(folder_);
+        project_.reset();
     }
 
     mfc::ScriptedWindowSystem& Windows() { return windows_; }
@@ -154,50 +147,17 @@ private:
         return buffer;
     }
 
-    static void ResetModuleState() {
-        ChartMode = kChartModeNotSet;
-        ProjectContext = {};
+    /// What TestProject leaves: the state of drivers, guard and reactor.
+    static void ResetDrivers() {
         SelectedItems.clear();
         SelectedCount = 0;
-        for (std::string* text :
-             {&CurrentBorehole, &CurrentSample, &PreviousSample, &CurrentMainLayer,
-              &CurrentSubLayer, &CurrentMethod, &SheetMethods, &LastSheetPath, &ProjectProfilePath,
-              &SettingsProfilePath, &MarkProfilePath}) {
-            text->clear();
-        }
         MadeSheets.clear();
         OpenedFromChartCommand = 0;
-        Annotation = {};
-        OuterFrameOption = RightAxisOption = RecomputePercentages = false;
         CurveDataChanged = StoreFromReactor = 0;
-    }
-
-    void MakeFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "grdx-XXXXXX").string();
-        ASSERT_NE(mkdtemp(name.data()), nullptr);
-        folder_ = name;
-        WriteText("suite.ini",
-                  "[Suite]\r\nProjectProfile=project.ini\r\nSettingsProfile=settings.ini\r\n"
-                  "MarkProfile=marks.ini\r\nRegisteredFolder=.\r\n"
-                  "Database=Provider=SQLite;Data Source=project.db\r\n");
-        WriteProject("GCSY=1\r\nGCBH=GC1\r\nGCBZ=0\r\nGCMC=某工程\r\nGCSJ=0\r\n");
-        std::string results = "GCSY INTEGER,ZKBH TEXT,QYBH TEXT,KLSYFF TEXT";
-        for (const char* column :
-             {"KL800",  "KL400",  "KL200", "KL60",   "KL40",   "KL20",   "KL10",  "KL5",
-              "KL2",    "KL_5",   "KL_25", "KL_1",   "KL_075", "KL_074", "KL_05", "KL_01",
-              "KL_005", "KL_002", "KL0",   "KLD10",  "KLD15",  "KLD30",  "KLD50", "KLD60",
-              "KLD85",  "KLD90",  "KLD95", "KLTYZL", "KLHL",   "KLBJXS", "KLQLXS"}) {
-            results += std::string(",") + column + " REAL";
+        for (std::string* text : {&PreviousSample, &SheetMethods, &LastSheetPath,
+                                  &ProjectProfilePath, &SettingsProfilePath, &MarkProfilePath}) {
+            text->clear();
         }
-        Sql("CREATE TABLE x_GongCheng(GCSY INTEGER,GCBH TEXT,GCMC TEXT,GCBZ INTEGER,GCSJ INTEGER);"
-            "CREATE TABLE z_c_QuYang(GCSY INTEGER,ZKBH TEXT,QYBH TEXT,QYSD REAL,QYHD REAL);"
-            "CREATE TABLE Z_c_KeFen(" +
-            results +
-            ");"
-            "CREATE TABLE Z_c_KeFenCSXM(GCSY INTEGER,ZKBH TEXT,QYBH TEXT,XH INTEGER,KLLJ REAL,"
-            "KLSYZL REAL);"
-            "CREATE TABLE x_SheJi(GCSY INTEGER,ZCBH INTEGER,YCBH INTEGER,CSLX INTEGER,CSV TEXT);"
-            "INSERT INTO x_GongCheng VALUES (1,'GC1','某工程',0,0);");
     }
 
     std::vector<mfc::Answer> NextStep(mfc::FrameModel& window) {
@@ -210,7 +170,7 @@ private:
         return step(window);
     }
 
-    std::filesystem::path folder_;
+    std::optional<TestProject> project_;
     mfc::ScriptedWindowSystem windows_;
     std::deque<Step> steps_;
     std::vector<std::string> boxes_;

@@ -1,0 +1,59 @@
+#include "src/frame/document_switching.h"
+
+#include "tests/src/frame/FrameFixture.h"
+
+namespace {
+
+class DocumentSwitchingTest : public FrameFixture {
+protected:
+    void SetUp() override {
+        FrameFixture::SetUp();
+        MakeDrawing("a.dwg");
+        MakeDrawing("b.dwg");
+    }
+    std::string Both() const { return Path("a.dwg") + "|" + Path("b.dwg"); }
+};
+
+TEST_F(DocumentSwitchingTest, SingleModeOpensTheFirstInPlaceAndSaysSo) {
+    SetDocumentMode(1);
+    EXPECT_EQ(OpenDocument(Both(), kZoomExtents, false), Acad::eOk);
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_EQ(CurrentDrawing(), "a.dwg");
+    EXPECT_EQ(acDocManager->takePendingInput(), "zoom e ");
+    EXPECT_EQ(Printed(), "当前是单文档状态,只能打开一个文档");
+}
+
+TEST_F(DocumentSwitchingTest, MultiModeOpensEachFromEitherContext) {
+    EXPECT_EQ(OpenDocument(Both(), kZoomAll, false), Acad::eOk);
+    EXPECT_EQ(acDocManager->documentCount(), 3);
+    EXPECT_EQ(CurrentDrawing(), "b.dwg");
+    EXPECT_EQ(acDocManager->takePendingInput(), "zoom a ");
+
+    InApplicationContext([this] {
+        EXPECT_EQ(OpenDocument(Path("a.dwg"), kZoomNone, true), Acad::eOk);
+        EXPECT_EQ(CurrentDrawing(), "a.dwg");
+        EXPECT_EQ(acDocManager->curDocument()->lockMode(), AcAp::kWrite);
+        EXPECT_EQ(CloseCurrentDocument(true), Acad::eOk);
+    });
+    EXPECT_EQ(acDocManager->documentCount(), 2);
+}
+
+TEST_F(DocumentSwitchingTest, AFailedOpenGivesItsStatusAndTheOthersOpen) {
+    EXPECT_EQ(OpenDocument(Path("missing.dwg") + "|" + Path("a.dwg"), kZoomNone, false),
+              Acad::eDrawingNotOpened);
+    EXPECT_EQ(CurrentDrawing(), "a.dwg");
+    SetDocumentMode(1);
+    EXPECT_EQ(OpenDocument(Path("missing.dwg"), kZoomExtents, false), Acad::eDrawingNotOpened);
+    EXPECT_EQ(CurrentDrawing(), "a.dwg");
+    EXPECT_EQ(acDocManager->takePendingInput(), "") << "nothing to zoom";
+}
+
+TEST_F(DocumentSwitchingTest, TheBodyRefusesToRunInADocumentsContext) {
+    OpenRequest request{.paths = Path("a.dwg")};
+    OpenRequestedDocuments(&request);
+    EXPECT_NE(request.status, Acad::eOk);
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_EQ(Printed(), "\nERROR: in Document context : " + CurrentDrawing() + "\n");
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+#include "src/frame/project_context.h"
+
+#include "tests/src/frame/FrameFixture.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// A main window that notes what it is sent.
+class ProjectContextTest : public ProjectFixture {
+protected:
+    void SetUp() override {
+        ProjectFixture::SetUp();
+        window_ = win32::CreateWindow([this](UINT message, WPARAM sender, LPARAM data) {
+            EXPECT_EQ(message, WM_COPYDATA);
+            EXPECT_EQ(sender, reinterpret_cast<WPARAM>(window_));
+            const auto& copied = *reinterpret_cast<const COPYDATASTRUCT*>(data);
+            EXPECT_EQ(copied.dwData, 1U);
+            received_.assign(static_cast<const char*>(copied.lpData), copied.cbData);
+            return LRESULT{0};
+        });
+        win32::SetMainWindow(window_);
+    }
+    void TearDown() override {
+        win32::SetMainWindow(nullptr);
+        win32::DestroyWindow(window_);
+        ProjectFixture::TearDown();
+    }
+
+    HWND window_ = nullptr;
+    std::string received_;
+};
+
+TEST_F(ProjectContextTest, AProjectPassesWhenOpenAndChecked) {
+    struct Row {
+        const char* keys;
+        bool passes;
+    };
+    for (const Row& row : {Row{"GCSY=0\r\nGCSJ=0\r\n", true}, Row{"GCSY=3\r\nGCSJ=-1\r\n", true},
+                           Row{"GCSY=-1\r\nGCSJ=0\r\n", false}, Row{"GCSJ=0\r\n", false},
+                           Row{"GCSY=1\r\nGCSJ=1\r\n", false}, Row{"GCSY=1\r\n", false}}) {
+        WriteProject(row.keys);
+        EXPECT_EQ(CheckProject(ProjectCheck::kCharts), row.passes) << row.keys;
+    }
+    EXPECT_EQ(Boxes(), (Texts{"请首先启动【数据管理】并打开工程，再重试此功能！",
+                              "请首先启动【数据管理】并打开工程，再重试此功能！",
+                              "工程数据没有进行[数据合法性检查]，\n请到主模块执行[数检]命令后再试此"
+                              "功能！",
+                              "工程数据没有进行[数据合法性检查]，\n请到主模块执行[数检]命令后再试此"
+                              "功能！"}));
+}
+
+TEST_F(ProjectContextTest, UncheckedDataHandTheChartsOverToDataManagementOnly) {
+    WriteProject("GCSY=1\r\n");
+    EXPECT_FALSE(CheckProject(ProjectCheck::kOpeners));
+    EXPECT_EQ(received_, "");
+    EXPECT_EQ(Windows().Shown().back().type, MB_OK | MB_ICONEXCLAMATION);
+    EXPECT_EQ(Boxes(), Texts{"工程数据没有进行[数据合法性检查]，\n\n请到主模块执行[数检]命令后再试"
+                             "此功能！"});
+    EXPECT_FALSE(CheckProject(ProjectCheck::kCharts));
+    EXPECT_EQ(received_, std::string("\x03"
+                                     "GoDBManage\n\0",
+                                     13));
+}
+
+TEST_F(ProjectContextTest, ReadsTheStandardCodeFromItsLeadingDigits) {
+    struct Row {
+        const char* text;
+        int code;
+    };
+    for (const Row& row : {Row{"2", 2}, Row{"02", 2}, Row{"2a", 2}, Row{"x2", 0}, Row{"", 0}}) {
+        WriteProject(std::string("GCBZ=") + row.text + "\r\n");
+        LoadProjectContext();
+        EXPECT_EQ(ProjectContext.GCBZ, row.code) << row.text;
+    }
+    EXPECT_EQ(ProjectContext.GCSY, -1) << "no index";
+
+    const std::string name = "丂" + std::string(600, 'n');
+    WriteProject("GCSY=7\r\nGCBH=勘-1\r\nGCMC=" + name + "\r\n");
+    LoadProjectContext();
+    EXPECT_EQ(ProjectContext.GCSY, 7);
+    EXPECT_EQ(Utf8(ProjectContext.GCBH), "勘-1");
+    EXPECT_EQ(Utf8(ProjectContext.GCMC), name);
+}
+
+}  // namespace
