@@ -4,21 +4,10 @@
 
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"
-#include "src/chart/append_or_drop.h"
 #include "src/entity/model_space.h"
 
-void AppendOrDrop(const CDrawTools& tools, AcDbDatabase* target,
-                  std::unique_ptr<AcDbEntity> entity) {
-    AcDbObjectId id;
-    const bool appended = target == nullptr ? tools.AddToModelSpace(entity.get(), id) == Acad::eOk
-                                            : tools.AddToDrawing(target, entity.get(), id) == 1;
-    if (appended) {
-        entity.release();
-    }
-}
-
 Acad::ErrorStatus CDrawTools::AddToModelSpace(AcDbEntity* entity, AcDbObjectId& id) const {
-    return AppendToWorkingModelSpace(entity, id);
+    return AppendToModelSpace(DrawingOrWorking(nullptr), entity, id);
 }
 
 int CDrawTools::AddToDrawing(AcDbDatabase* target, AcDbEntity* entity, AcDbObjectId& id) const {
@@ -26,16 +15,14 @@ int CDrawTools::AddToDrawing(AcDbDatabase* target, AcDbEntity* entity, AcDbObjec
 }
 
 void CDrawTools::AppendEntity(AcDbEntity* entity, AcDbObjectId& id, AcDbDatabase* target) const {
-    if (AppendToModelSpace(target, entity, id) != Acad::eOk) {
-        delete entity;
-    }
+    id = AppendOrDrop(target, std::unique_ptr<AcDbEntity>(entity));
 }
 
 void CDrawTools::DrawLine(double x1, double y1, double x2, double y2, AcDbDatabase* target) const {
     auto line = std::make_unique<AcDbLine>();
     line->setStartPoint({x1, y1, 0.0});
     line->setEndPoint({x2, y2, 0.0});
-    AppendOrDrop(*this, target, std::move(line));
+    AppendOrDrop(target, std::move(line));
 }
 
 void CDrawTools::DrawWideLine(double x1, double y1, double x2, double y2, double width,
@@ -46,5 +33,5 @@ void CDrawTools::DrawWideLine(double x1, double y1, double x2, double y2, double
     AcCmColor color;
     color.setColorIndex(colorIndex);
     line->setColor(color, false);
-    AppendOrDrop(*this, target, std::move(line));
+    AppendOrDrop(target, std::move(line));
 }

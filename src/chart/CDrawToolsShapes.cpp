@@ -2,7 +2,7 @@
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbHatch.h"
 #include "src/chart/CDrawTools.h"
-#include "src/chart/append_or_drop.h"
+#include "src/entity/model_space.h"
 
 namespace {
 
@@ -40,18 +40,15 @@ void CDrawTools::DrawSolidDot(double x, double y, double radius, Adesk::UInt16 c
     auto circle =
         std::make_unique<AcDbCircle>(AcGePoint3d(x, y, 0.0), AcGeVector3d::kZAxis, radius);
     circle->setColor(color, false);
-    AcDbObjectId circleId;
-    if (AddToDrawing(target, circle.get(), circleId) != 1) {
+    const AcDbObjectId circleId = AppendOrDrop(target, std::move(circle));
+    if (circleId.isNull()) {
         return;
     }
-    circle.release();
-
     std::unique_ptr<AcDbHatch> hatch = MakeSolidFill(circleId, color);
     AcDbObjectIdArray boundaries;
     hatch->getAssocObjIds(boundaries);
-    AcDbObjectId hatchId;
-    if (AddToDrawing(target, hatch.get(), hatchId) == 1) {
-        hatch.release();
+    const AcDbObjectId hatchId = AppendOrDrop(target, std::move(hatch));
+    if (!hatchId.isNull()) {
         ConnectBoundaries(boundaries, hatchId);
     }
 }
@@ -68,5 +65,5 @@ void CDrawTools::InsertDrawingAsBlock(const std::string& path, double x, double 
     reference->setPosition({x, y, 0.0});
     reference->setRotation(rotation);
     reference->setScaleFactors({scale, scale, scale});
-    AppendOrDrop(*this, target, std::move(reference));
+    AppendOrDrop(target, std::move(reference));
 }

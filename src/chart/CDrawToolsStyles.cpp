@@ -1,19 +1,15 @@
 #include <memory>
 
 #include "platform/ap/AcApDocManager.h"
-#include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/ed/adesk_results.h"
 #include "platform/ed/file_search.h"
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/chart/CDrawTools.h"
 #include "src/common/module_state.h"
+#include "src/entity/model_space.h"
 
 namespace {
-
-AcDbDatabase* TargetOrWorking(AcDbDatabase* target) {
-    return target != nullptr ? target : acdbHostApplicationServices()->workingDatabase();
-}
 
 bool FindFontFile(const std::string& fileName) {
     char path[512];
@@ -40,7 +36,7 @@ int CDrawTools::CreateTextStyleId(const std::string& name, const std::string& fo
     if (!FindFontFile(fontFile) || !FindFontFile(bigFontFile)) {
         return 0;
     }
-    AcDbDatabase* drawing = TargetOrWorking(target);
+    AcDbDatabase* drawing = DrawingOrWorking(target);
     AcDbTextStyleTable* styles = nullptr;
     if (drawing == nullptr || drawing->getSymbolTable(styles, AcDb::kForWrite) != Acad::eOk) {
         return 0;
@@ -71,7 +67,7 @@ void CDrawTools::CreateLayer(const std::string& name, AcDbObjectId& id, AcDbData
     if (name.empty()) {
         return;
     }
-    AcDbDatabase* drawing = TargetOrWorking(target);
+    AcDbDatabase* drawing = DrawingOrWorking(target);
     AcDbLayerTable* layers = nullptr;
     if (drawing == nullptr || drawing->getSymbolTable(layers, AcDb::kForWrite) != Acad::eOk) {
         return;

@@ -4,7 +4,7 @@
 #include "platform/db/AcDbText.h"
 #include "platform/win32/code_page.h"
 #include "src/chart/CDrawTools.h"
-#include "src/chart/append_or_drop.h"
+#include "src/entity/model_space.h"
 
 namespace {
 
@@ -97,7 +97,7 @@ void CDrawTools::DrawMixedText(double x, double y, const std::string& text, doub
         const bool doubleByte = HasHighBit(run[0]);
         const double runHeight = doubleByte ? height : height * kSingleByteHeight;
         const double runY = doubleByte ? y : y + kSingleByteRaise * height;
-        AppendOrDrop(*this, target, MakeRun(x, runY, run, runHeight, rotation, colorIndex));
+        AppendOrDrop(target, MakeRun(x, runY, run, runHeight, rotation, colorIndex));
         x += TextWidth(run, runHeight);
         start += run.size();
     }

@@ -1,7 +1,7 @@
 #include "src/chart/CSheetPen.h"
 
 #include "platform/db/AcDbText.h"
-#include "src/chart/append_or_drop.h"
+#include "src/entity/model_space.h"
 
 namespace {
 
@@ -39,7 +39,7 @@ void CSheetPen::PlainText(double x, double y, const std::string& text, double he
     auto entity = std::make_unique<AcDbText>(AcGePoint3d(x, y, 0.0), text.c_str(),
                                              AcDbObjectId::kNull, height, rotation);
     entity->setWidthFactor(kTextWidthFactor);
-    AppendOrDrop(tools_, sheet_, std::move(entity));
+    AppendOrDrop(sheet_, std::move(entity));
 }
 
 void CSheetPen::Dot(double x, double y) const {

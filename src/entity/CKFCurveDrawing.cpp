@@ -29,10 +29,7 @@ void ReportUnreadableLevel(const DiameterLevel& level) {
 
 void AddToWorkingDrawing(std::unique_ptr<AcDbEntity> entity, Adesk::UInt16 color) {
     entity->setColorIndex(color);
-    AcDbObjectId id;
-    if (AppendToWorkingModelSpace(entity.get(), id) == Acad::eOk) {
-        entity.release();
-    }
+    AppendOrDrop(nullptr, std::move(entity));
 }
 
 AcGiTextStyle LabelStyle(double textHeight, double widthFactor) {

@@ -17,6 +17,10 @@ Acad::ErrorStatus OpenModelSpace(AcDbDatabase* drawing, AcDbBlockTableRecord*& m
 
 }  // namespace
 
+AcDbDatabase* DrawingOrWorking(AcDbDatabase* drawing) {
+    return drawing != nullptr ? drawing : acdbHostApplicationServices()->workingDatabase();
+}
+
 Acad::ErrorStatus AppendToModelSpace(AcDbDatabase* drawing, AcDbEntity* entity, AcDbObjectId& id) {
     if (drawing == nullptr) {
         return Acad::eNoDatabase;
@@ -34,6 +38,10 @@ Acad::ErrorStatus AppendToModelSpace(AcDbDatabase* drawing, AcDbEntity* entity, 
     return status;
 }
 
-Acad::ErrorStatus AppendToWorkingModelSpace(AcDbEntity* entity, AcDbObjectId& id) {
-    return AppendToModelSpace(acdbHostApplicationServices()->workingDatabase(), entity, id);
+AcDbObjectId AppendOrDrop(AcDbDatabase* drawing, std::unique_ptr<AcDbEntity> entity) {
+    AcDbObjectId id;
+    if (AppendToModelSpace(DrawingOrWorking(drawing), entity.get(), id) == Acad::eOk) {
+        static_cast<void>(entity.release());  // the drawing's now
+    }
+    return id;
 }

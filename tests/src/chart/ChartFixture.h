@@ -1,0 +1,52 @@
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "src/chart/CDrawTools.h"
+#include "src/entity/CKFCurve.h"
+#include "tests/src/RecordedMessages.h"
+#include "tests/src/TestProject.h"
+#include "tests/src/chart/SheetDump.h"
+#include "tests/src/entity/RecordingDraw.h"
+
+/// A project, a sheet to draw on, and what the user is told.
+class ChartFixture : public testing::Test {
+protected:
+    void SetUp() override { CKFCurve::rxInit(); }
+    void TearDown() override { CKFCurve::rxRemove(); }
+
+    std::vector<std::string> Drawn() { return Dump(sheet_); }
+    /// Those of the drawn entities whose description starts so, in order.
+    std::vector<std::string> Drawn(const std::string& start) {
+        std::vector<std::string> lines = Drawn();
+        std::erase_if(lines, [&](const std::string& line) { return !line.starts_with(start); });
+        return lines;
+    }
+    std::size_t CountDrawn(const std::string& start) { return Drawn(start).size(); }
+
+    /// What the sheet's last entity, a curve, draws as labels.
+    std::vector<std::string> CurveLabels() {
+        RecordingDraw draw;
+        VisitModelSpace(sheet_, [&draw](AcDbEntity& entity) {
+            if (auto* curve = dynamic_cast<CKFCurve*>(&entity)) {
+                curve->worldDraw(&draw);
+            }
+        });
+        std::erase_if(draw.calls,
+                      [](const std::string& call) { return !call.starts_with("text"); });
+        return draw.calls;
+    }
+
+    TestProject project_;
+    RecordedMessages messages_;
+    CDrawTools tools_;
+    AcDbDatabase sheet_;
+};
+
+/// Straight on the size axis from 20 mm at 100 % to 0.02 mm at 0 %.
+inline std::vector<TestProject::Item> StraightItems() {
+    return {{20, 0}, {2, 100}, {0.2, 100}, {0.02, 100}};
+}

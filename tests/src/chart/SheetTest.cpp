@@ -1,0 +1,127 @@
+#include "platform/win32/clock.h"
+#include "platform/win32/gbk_literal.h"
+#include "src/chart/cumulative_sheet.h"
+#include "src/chart/result_sheet.h"
+#include "src/chart/sheet_setup.h"
+#include "tests/src/chart/ChartFixture.h"
+#include "tests/src/chart/FoundFonts.h"
+
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+using testing::Not;
+using testing::StartsWith;
+
+class Sheet : public ChartFixture {
+protected:
+    void SetUp() override {
+        ChartFixture::SetUp();
+        ProjectContext.GCMC = "某工程"_gbk;
+        Annotation.unit = "某院"_gbk;
+        Annotation.tester = "张三"_gbk;
+        Annotation.checker = "李四"_gbk;
+        std::tm day{};
+        day.tm_year = 2003 - 1900;
+        day.tm_mon = 3;
+        day.tm_mday = 9;
+        Annotation.date = win32::TimeFromLocal(day);
+    }
+    static void CheckEverything() {
+        Annotation.unitChecked = Annotation.testerChecked = Annotation.checkerChecked =
+            Annotation.dateChecked = true;
+    }
+
+    FoundFonts fonts_{project_.Folder().string()};
+};
+
+std::string StyleName(AcDbObjectId id) {
+    return dynamic_cast<const AcDbTextStyleTableRecord&>(*AcDbDatabase::objectOf(id)).name();
+}
+
+TEST_F(Sheet, ResultSheetFrameHeaderAndFooter) {
+    CheckEverything();
+    ASSERT_EQ(SetUpChartLayer(tools_, &sheet_), 1);
+    DrawResultSheet(tools_, &sheet_);
+    EXPECT_THAT(
+        Drawn("polyline"),
+        ElementsAre("polyline 205,268.75 30,268.75 w0.9", "polyline 30,18.75 30,268.75 w0.9",
+                    "polyline 205,18.75 205,268.75 w0.9", "polyline 205,18.75 30,18.75 w0.9"));
+    EXPECT_THAT(Drawn("line"), ElementsAre("line 30,257 205,257"));
+    EXPECT_THAT(Drawn(), IsSupersetOf({
+                             // 21 characters of 8 × 0.7
+                             "text 58.7,277 h8 颗",
+                             "text 32,263.25 h4 工程编号",
+                             "text 43.2,263.65 h3.2 : GC1",
+                             "text 32,257.75 h4 工程名称",
+                             "text 40.294,13.25 h4 某院",
+                             "text 81.471,13.25 h4 试验",
+                             "text 112.353,13.25 h4 检查",
+                             "text 143.235,13.65 h3.2 2003",
+                             "text 184.412,13.25 h4 图号",
+                         }));
+    EXPECT_EQ(FrameWidth, 175.0);
+    EXPECT_EQ(ChartOriginY, kUpperChartY);
+
+    VisitModelSpace(sheet_, [](const AcDbEntity& entity) {
+        if (const auto* text = dynamic_cast<const AcDbText*>(&entity)) {
+            const bool isTitle = text->position().y > 270;
+            EXPECT_EQ(StyleName(text->textStyle()), isTitle ? "KX_FONT" : "QV_FONT");
+        }
+        const auto* layer =
+            dynamic_cast<const AcDbLayerTableRecord*>(AcDbDatabase::objectOf(entity.layerId()));
+        EXPECT_STREQ(layer->name(), "ZZT_TC");
+    });
+    EXPECT_EQ(StyleName(QvFontStyleId), "QV_FONT");
+
+    DrawTestMethods(tools_, &sheet_, "筛分法,比重计法"_gbk);
+    EXPECT_THAT(Drawn(), Contains("text 117.5,257.75 h4 试验方法"));
+}
+
+TEST_F(Sheet, ResultSheetWithoutNames) {
+    OuterFrameOption = true;
+    DrawResultSheet(tools_, &sheet_);
+    EXPECT_THAT(Drawn(), IsSupersetOf({"text 81.471,13.25 h4 试验", "text 112.353,13.25 h4 检查",
+                                       "line 2,295 2,2", "line 2,295 208,295", "line 208,295 208,2",
+                                       "line 2,2 208,2"}));
+    EXPECT_THAT(Drawn("text 40.294"), IsEmpty()) << "no unit";
+    EXPECT_THAT(Drawn("text 92.671"), IsEmpty()) << "nothing after the tester";
+    EXPECT_THAT(Drawn("text 143.235"), ElementsAre("text 143.235,13.65 h3.2     "));
+}
+
+TEST_F(Sheet, CumulativeSheetTitleBlock) {
+    OuterFrameOption = true;
+    CheckEverything();
+    DrawCumulativeSheet(tools_, &sheet_);
+    EXPECT_THAT(Drawn(), ElementsAre("closed polyline 2,296 418,296 418,2 2,2 2,296 w0",
+                                     "text 142,8.09 h5 颗 粒 组 成 累 积 曲 线",
+                                     "text 388,8.2 h4 2003.04.09", "text 246,8.09 h5 李四",
+                                     "text 210,8.09 h5 张三"));
+    EXPECT_EQ(StyleName(QvFontStyleId), "QV_FONT");
+}
+
+TEST_F(Sheet, CumulativeSheetTemplateIsInsertedWhenFound) {
+    DrawCumulativeSheet(tools_, &sheet_);
+    EXPECT_THAT(Drawn(), ElementsAre(StartsWith("text 142")));
+
+    AcDbDatabase frame;
+    tools_.DrawLine(0, 0, 0.42, 0, &frame);
+    ASSERT_EQ(frame.saveAs((project_.Folder() / "gltka3.dwg").c_str()), Acad::eOk);
+    AcDbDatabase sheet;
+    DrawCumulativeSheet(tools_, &sheet);
+    EXPECT_THAT(Dump(sheet), ElementsAre("block 0,0 s1000", StartsWith("text 142")));
+}
+
+TEST_F(Sheet, AStyleThatCannotBeMadeIsNotTheLastSheets) {
+    SetUpChartTextStyle(tools_, &sheet_);
+    EXPECT_FALSE(QvFontStyleId.isNull());
+    ed::LoadFontMapping("");
+    AcDbDatabase next;
+    SetUpChartTextStyle(tools_, &next);
+    EXPECT_TRUE(QvFontStyleId.isNull());
+    EXPECT_THAT(messages_.Boxes(), ElementsAre("未找到形文件ComFont.shx"));
+}
+
+}  // namespace
