@@ -130,7 +130,8 @@ HRESULT SqliteSelection::Insert(const std::vector<ColumnValue>& values) {
     std::string places;
     std::vector<Value> parameters;
     for (const ColumnValue& value : values) {
-        columns += (columns.empty() ? "" : ",") + QuotedName(plan_->Origin(value.column));
+        if (!columns.empty()) columns += ',';
+        columns += QuotedName(plan_->Origin(value.column));
         places += places.empty() ? "?" : ",?";
         parameters.push_back(value.value);
     }

@@ -1,0 +1,108 @@
+#include "src/db/sample_loader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/win32/gbk_literal.h"
+#include "src/db/project_number.h"
+#include "tests/src/db/ProjectFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using SampleLoader = ProjectFixture;
+
+TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
+    struct Case {
+        const char* row;  ///< depth and thickness; null: no row
+        int result;
+        double depth, thickness;
+        const char* printed;
+    };
+    const Case cases[] = {
+        {"12.3,0.2", 1, 12.3, 0.2, ""},
+        {nullptr, 0, -9, -9, ""},
+        {"NULL,0.2", 0, -9, -9, "\n数据库z_c_QuYang取样编号5数据QYSD不全!"},
+        {"12.3,NULL", 0, 12.3, -9, "\n数据库z_c_QuYang取样编号5数据QYHD不全!"},
+        {"0,0", 1, 0, 0, ""},
+    };
+    for (const Case& c : cases) {
+        Run("DELETE FROM z_c_QuYang");
+        if (c.row != nullptr) {
+            Run(std::string("INSERT INTO z_c_QuYang VALUES(12,'ZK3','5',") + c.row + ")");
+        }
+        double depth = -9;
+        double thickness = -9;
+        EXPECT_EQ(LoadSampleDepth(depth, thickness), c.result);
+        EXPECT_EQ(depth, c.depth);
+        EXPECT_EQ(thickness, c.thickness);
+        EXPECT_EQ(Printed(), c.printed);
+        EXPECT_EQ(Box(), "");
+    }
+    Run("DROP TABLE z_c_QuYang");
+    double unused = 0;
+    EXPECT_EQ(LoadSampleDepth(unused, unused), 0);
+    EXPECT_EQ(Box(), "不能打开常规试验表,请检查数据!");
+}
+
+TEST_F(SampleLoader, ItemsComeCoarsestFirstAndEqualSizesByNumber) {
+    Run("INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',4,0.25,40.4),(12,'ZK3','5',1,0.075,10.1),"
+        "(12,'ZK3','5',3,0.5,30.3),(12,'ZK3','5',2,2,20.2),(12,'ZK3','5',5,0.5,50.5),"
+        "(12,'ZK3','6',1,40,1),(11,'ZK3','5',1,40,1)");
+    std::vector<double> sizes;
+    std::vector<double> masses;
+    EXPECT_EQ(LoadTestItems(sizes, masses), 1);
+    EXPECT_THAT(sizes, ElementsAre(2, 0.5, 0.5, 0.25, 0.075));
+    EXPECT_THAT(masses, ElementsAre(20.2, 30.3, 50.5, 40.4, 10.1))
+        << "32-bit floats arrive as the decimals they were";
+}
+
+TEST_F(SampleLoader, MissingItemsAreTold) {
+    std::vector<double> sizes;
+    std::vector<double> masses;
+    EXPECT_EQ(LoadTestItems(sizes, masses), 0);
+    EXPECT_EQ(Box(), "请在数据表中输入数据");
+    for (const char* second : {"NULL,1", "2,NULL"}) {
+        Run("DELETE FROM Z_c_KeFenCSXM; INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',1,0.5,30)");
+        Run(std::string("INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',2,") + second + ")");
+        sizes.clear();
+        masses.clear();
+        EXPECT_EQ(LoadTestItems(sizes, masses), 0);
+        EXPECT_EQ(Box(), "颗分试验项目表数据不全，请检查!");
+        EXPECT_THAT(sizes, ElementsAre(0.5));
+        EXPECT_THAT(masses, ElementsAre(30));
+    }
+    CurrentSample = "5'";
+    sizes.clear();
+    EXPECT_EQ(LoadTestItems(sizes, masses), 0);
+    EXPECT_EQ(Box(), "不能打开颗分试验项目表,请检查数据!");
+    EXPECT_THAT(sizes, IsEmpty());
+}
+
+TEST_F(SampleLoader, TheProjectsNumberMustBeTheCurvesOwn) {
+    Run("INSERT INTO x_GongCheng VALUES(12,'工-1','',0,0),(13,'a','',0,0),(13,'b','',0,0)");
+    struct Case {
+        int index;
+        std::string number;
+        int result;
+        const char* box;
+    };
+    const Case cases[] = {
+        {12, "工-1"_gbk, 1, ""},
+        {12, "工-2"_gbk, 0, "该工程工程编号已被修改,数据无法入库!"},
+        {13, "a", 1, ""},
+        {13, "A", 0, "该工程工程编号已被修改,数据无法入库!"},
+        {13, "b", 0, "该工程工程编号已被修改,数据无法入库!"},
+        {14, "a", 0, "打开工点信息数据表中不存在该工程!"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(CheckProjectNumber(c.index, c.number), c.result);
+        EXPECT_EQ(Box(), c.box);
+    }
+    Run("DROP TABLE x_GongCheng");
+    EXPECT_EQ(CheckProjectNumber(12, "a"), 0);
+    EXPECT_EQ(Box(), "不能打开工点信息数据表,请检查数据!");
+}
+
+}  // namespace
