@@ -29,7 +29,10 @@ public:
     /// one byte or two, stand for themselves.
     CString Format(const char* format) const;
 
-    friend auto operator<=>(const CTime&, const CTime&) = default;
+    friend bool operator==(const CTime& left, const CTime& right) = default;
+    friend auto operator<=>(const CTime& left, const CTime& right) {
+        return left.time_ <=> right.time_;
+    }
 
 private:
     std::time_t time_ = 0;

@@ -122,6 +122,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_SETICON && frame != nullptr) {
         const bool big = wParam == ICON_BIG;
         const HICON before = frame->Icon(big);
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry handles as numbers
         frame->SetIcon(reinterpret_cast<HICON>(lParam), big);
         return reinterpret_cast<LRESULT>(before);
     }

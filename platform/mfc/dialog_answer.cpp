@@ -149,7 +149,7 @@ private:
 };
 
 std::string Quoted(const std::string& gbk) {
-    const std::string text = win32::Utf8FromGbk(gbk);
+    std::string text = win32::Utf8FromGbk(gbk);
     if (!text.empty() && text.find_first_of(" \t\"") == std::string::npos) {
         return text;
     }

@@ -11,6 +11,7 @@ struct DLGTEMPLATE;
 using LPCDLGTEMPLATE = const DLGTEMPLATE*;
 
 inline LPCSTR MAKEINTRESOURCE(WORD number) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number that stands for a name
     return reinterpret_cast<LPCSTR>(static_cast<std::uintptr_t>(number));
 }
 inline const LPCSTR RT_DIALOG = MAKEINTRESOURCE(5);

@@ -32,7 +32,7 @@ public:
 private:
     GbkTable() : toUnicode_(0x10000), fromUnicode_(0x10000) {
         const iconv_t converter = iconv_open("UTF-16LE", "GBK");
-        if (converter == reinterpret_cast<iconv_t>(-1)) {
+        if (reinterpret_cast<std::intptr_t>(converter) == -1) {
             throw std::runtime_error("the C library's GBK conversion is not installed");
         }
         for (unsigned lead = 0x81; lead <= 0xFE; ++lead) {

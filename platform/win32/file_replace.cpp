@@ -71,7 +71,7 @@ std::string FollowLinks(std::string path) {
             return path;
         }
         target.resize(static_cast<std::size_t>(length));
-        path = target.starts_with('/') ? target : FolderPrefix(path) + target;
+        path = target.starts_with('/') ? target : FolderPrefix(path).append(target);
     }
     return {};
 }

@@ -9,6 +9,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/code_page.h"
@@ -18,8 +20,9 @@
 namespace {
 
 struct Found {
-    std::string name;  ///< GBK
-    std::string path;  ///< UTF-8
+    std::string folded;  ///< name by which entries are matched and sorted
+    std::string name;    ///< GBK
+    std::string path;    ///< UTF-8
 };
 
 struct Search {
@@ -84,16 +87,20 @@ std::vector<Found> Collect(std::string_view pattern) {
     std::vector<Found> entries;
     const std::unique_ptr<DIR, int (*)(DIR*)> open(opendir(folder.c_str()), closedir);
     while (const dirent* entry = open ? readdir(open.get()) : nullptr) {
-        const std::string utf8 = entry->d_name;
-        std::string name;
-        if (utf8 != "." && utf8 != ".." && win32::TryGbkFromUtf8(utf8, name) &&
-            Matches(wanted, win32::FoldCase(name))) {
-            entries.push_back({name, folder + "/" + utf8});
+        const std::string_view utf8 = entry->d_name;
+        Found found;
+        if (utf8 == "." || utf8 == ".." || !win32::TryGbkFromUtf8(utf8, found.name)) {
+            continue;
+        }
+        found.folded = win32::FoldCase(found.name);
+        if (Matches(wanted, found.folded)) {
+            found.path = folder;
+            found.path.append("/").append(utf8);
+            entries.push_back(std::move(found));
         }
     }
     std::sort(entries.begin(), entries.end(), [](const Found& left, const Found& right) {
-        const int order = win32::CompareNoCase(left.name, right.name);
-        return order != 0 ? order < 0 : left.name < right.name;
+        return std::tie(left.folded, left.name) < std::tie(right.folded, right.name);
     });
     return entries;
 }

@@ -12,6 +12,7 @@ struct WIN32_FIND_DATA {
     char cFileName[MAX_PATH];  ///< the name alone
 };
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): the published value, all bits set
 inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
 
 /// Starts a search; the last name of `pattern` may hold '*' (any run of characters) and '?' (one

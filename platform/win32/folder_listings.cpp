@@ -105,7 +105,7 @@ std::string FolderListings::Find(const std::string& folder, std::string_view gbk
     }
     const std::lock_guard lock(mutex_);
     const std::string folded = FoldCase(gbkName);
-    const std::string name = Current(folder, status).Find(folded);
+    std::string name = Current(folder, status).Find(folded);
     struct stat entry {};
     if (name.empty() || lstat((folder + "/" + name).c_str(), &entry) == 0) {
         return name;

@@ -147,11 +147,10 @@ TEST_F(PrivateProfile, WritingChangesOneLineOnly) {
         {"delete what is not there", "None", "a", nullptr, before},
     };
     const auto gbk = [](const std::string& text) {
-        std::string bytes = text;  // the stray byte is not part of any character
-        const std::size_t stray = bytes.find('\xFF');
-        return stray == std::string::npos ? win32::GbkFromUtf8(bytes)
-                                          : win32::GbkFromUtf8(bytes.substr(0, stray)) + '\xFF' +
-                                                win32::GbkFromUtf8(bytes.substr(stray + 1));
+        const std::size_t stray = text.find('\xFF');  // this byte stays as it is
+        return stray == std::string::npos ? win32::GbkFromUtf8(text)
+                                          : win32::GbkFromUtf8(text.substr(0, stray)) + '\xFF' +
+                                                win32::GbkFromUtf8(text.substr(stray + 1));
     };
     for (const auto& row : rows) {
         scratch_.Write("p.ini", gbk(before));

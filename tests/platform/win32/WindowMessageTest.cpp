@@ -8,11 +8,13 @@ TEST(WindowMessage, CopyDataReachesTheWindow) {
     std::string received;
     HWND sender = nullptr;
     const HWND window = win32::CreateWindow([&](UINT message, WPARAM wParam, LPARAM lParam) {
+        // NOLINTBEGIN(performance-no-int-to-ptr): messages carry pointers as numbers
         const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
         if (message != WM_COPYDATA || data->dwData != 1) {
             return LRESULT{0};
         }
         sender = reinterpret_cast<HWND>(wParam);
+        // NOLINTEND(performance-no-int-to-ptr)
         received.assign(static_cast<const char*>(data->lpData), data->cbData);
         return LRESULT{1};
     });
