@@ -82,6 +82,22 @@ public:
         ChartMode = kSampleCharts;
     }
 
+    struct Parameter {
+        int code;
+        const char* value;
+    };
+    /// Design values of layer 2-1, which becomes the current one.
+    void AddLayer(const std::vector<Parameter>& parameters) const {
+        for (const Parameter& parameter : parameters) {
+            Sql("INSERT INTO x_SheJi VALUES(1,2,1," + std::to_string(parameter.code) + ",'" +
+                parameter.value + "')");
+        }
+        CurrentSample = "2-1";
+        CurrentMainLayer = "2";
+        CurrentSubLayer = "1";
+        ChartMode = kLayerCharts;
+    }
+
     const std::filesystem::path& Folder() const { return folder_; }
 
 private:

@@ -114,6 +114,19 @@ TEST_F(Sheet, CumulativeSheetTemplateIsInsertedWhenFound) {
     EXPECT_THAT(Dump(sheet), ElementsAre("block 0,0 s1000", StartsWith("text 142")));
 }
 
+TEST_F(Sheet, CumulativeChartsStandInThreeRowsOfTwo) {
+    const struct {
+        int chart;
+        double x;
+        double y;
+    } cases[] = {{0, 48, 280}, {1, 242, 280}, {2, 48, 191.5}, {5, 242, 103}, {9, 242, 191.5}};
+    for (const auto& c : cases) {
+        PlaceCumulativeChart(c.chart);
+        EXPECT_EQ(ChartOriginX, c.x) << c.chart;
+        EXPECT_EQ(ChartOriginY, c.y) << c.chart;
+    }
+}
+
 TEST_F(Sheet, AStyleThatCannotBeMadeIsNotTheLastSheets) {
     SetUpChartTextStyle(tools_, &sheet_);
     EXPECT_FALSE(QvFontStyleId.isNull());

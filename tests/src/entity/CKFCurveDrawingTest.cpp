@@ -170,27 +170,4 @@ TEST(CKFCurveDrawing, ADragDrawsNothing) {
     EXPECT_THAT(curve.Diameters(), IsEmpty());
 }
 
-TEST(CKFCurveDrawing, SavingIsMarkedWhileProxyGraphicsAreMade) {
-    struct SavingFlagReader : RecordingDraw {
-        AcGiSubEntityTraits& subEntityTraits() const override {
-            ListFiler filer;
-            curve->dwgOutFields(&filer);
-            flags.push_back(filer.Words().end()[-2]);
-            return RecordingDraw::subEntityTraits();
-        }
-        const CKFCurve* curve = nullptr;
-        mutable std::vector<std::string> flags;
-    };
-    CKFCurve curve;
-    SetUpCurve(curve, 0, StraightCurve());
-    SavingFlagReader draw;
-    draw.curve = &curve;
-    curve.saveAs(&draw, AcDb::kR13Save);
-    EXPECT_FALSE(draw.flags.empty());
-    EXPECT_THAT(draw.flags, Each("int16 1"));
-    draw.flags.clear();
-    curve.worldDraw(&draw);
-    EXPECT_THAT(draw.flags, Each("int16 0"));
-}
-
 }  // namespace
