@@ -1,6 +1,7 @@
 #include "apps/grdx/numbers.h"
 
 #include <charconv>
+#include <chrono>
 #include <cmath>
 #include <limits>
 
@@ -39,6 +40,20 @@ std::optional<double> StoredNumber(double number) {
     char shortest[32];
     const auto written = std::to_chars(std::begin(shortest), std::end(shortest), stored);
     return ParseNumber({shortest, static_cast<std::size_t>(written.ptr - shortest)});
+}
+
+bool IsDate(std::string_view text) {
+    if (text.size() != 10 || text[4] != '-' || text[7] != '-') {
+        return false;
+    }
+    const std::optional<int> year = ParseInteger(text.substr(0, 4));
+    const std::optional<int> month = ParseInteger(text.substr(5, 2));
+    const std::optional<int> day = ParseInteger(text.substr(8, 2));
+    return year && month && day && *month > 0 && *day > 0 &&
+           std::chrono::year_month_day(std::chrono::year(*year),
+                                       std::chrono::month(static_cast<unsigned>(*month)),
+                                       std::chrono::day(static_cast<unsigned>(*day)))
+               .ok();
 }
 
 }  // namespace console

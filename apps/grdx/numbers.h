@@ -15,4 +15,7 @@ std::optional<int> ParseInteger(std::string_view text);
 /// hold it.
 std::optional<double> StoredNumber(double number);
 
+/// True for a day of the calendar written YYYY-MM-DD.
+bool IsDate(std::string_view text);
+
 }  // namespace console

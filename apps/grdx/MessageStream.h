@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace console {
+
+/// Standard error as the console program writes to it: texts of the plug-in as they stand, lines of
+/// the program itself, and the progress of long work, which only a terminal shows. All UTF-8.
+class MessageStream {
+public:
+    MessageStream();
+    /// Ends the line begun last.
+    ~MessageStream();
+    MessageStream(const MessageStream&) = delete;
+    MessageStream& operator=(const MessageStream&) = delete;
+
+    /// A text as it stands; a line break at its start only makes sure that it begins a line.
+    void Print(std::string_view text);
+    /// A text on lines of its own.
+    void PrintLine(std::string_view text);
+    /// A finding of the program's own, named as such.
+    void Report(std::string_view finding);
+    /// Replaces the progress shown last; an empty text takes it away.
+    void ShowProgress(const std::string& progress);
+
+private:
+    void Write(std::string_view text);
+
+    bool terminal_;
+    bool atLineStart_ = true;
+    bool progressShown_ = false;
+};
+
+}  // namespace console

@@ -1,0 +1,175 @@
+#include "apps/grdx/SheetAnswers.h"
+
+#include <unordered_map>
+
+#include "apps/grdx/Failure.h"
+#include "platform/mfc/ListBoxModel.h"
+#include "platform/mfc/SheetModel.h"
+#include "platform/win32/code_page.h"
+
+namespace console {
+
+namespace {
+// Templates and controls of the sheet, as scripts name them too.
+constexpr int kAnnotationPage = 601;
+constexpr int kOptionPage = 2008;
+constexpr int kBoreholeList = 2008;
+constexpr int kItemList = 2001;
+constexpr int kOuterFrame = 2035;
+constexpr int kRightAxis = 2036;
+constexpr int kRecompute = 2037;
+
+/// A text of the annotation page and the check box beside it.
+struct Annotation {
+    std::optional<std::string> PageChoices::*text;
+    std::optional<bool> PageChoices::*shown;
+    int textControl;
+    int checkControl;
+    const char* option;
+};
+constexpr Annotation kAnnotations[] = {
+    {&PageChoices::unit, &PageChoices::showUnit, 2013, 2026, "--unit"},
+    {&PageChoices::tester, &PageChoices::showTester, 2009, 2027, "--tester"},
+    {&PageChoices::checker, &PageChoices::showChecker, 2010, 2028, "--checker"},
+    {&PageChoices::date, &PageChoices::showDate, 2030, 2029, "--date"},
+};
+
+std::string WithoutMark(const std::string& item) {
+    return item.starts_with('*') ? item.substr(1) : item;
+}
+
+/// The list on one of the sheet's pages; null when there is none.
+mfc::ListBoxModel* FindList(mfc::FrameModel& window, int id) {
+    for (const mfc::SheetModel::Tab& tab : static_cast<mfc::SheetModel&>(window).Tabs()) {
+        mfc::WindowModel* control = tab.page != nullptr ? tab.page->Find(id) : nullptr;
+        if (control != nullptr && control->Kind() == mfc::WindowKind::ListBox) {
+            return static_cast<mfc::ListBoxModel*>(control);
+        }
+    }
+    return nullptr;
+}
+
+/// Index of every item of the list by its text without mark.
+std::unordered_map<std::string, int> Offered(const mfc::ListBoxModel* list) {
+    std::unordered_map<std::string, int> indexes;
+    int index = 0;
+    for (const auto& item :
+         list != nullptr ? list->Items() : std::vector<mfc::ListBoxModel::Item>()) {
+        indexes.emplace(WithoutMark(item.text), index++);
+    }
+    return indexes;
+}
+
+mfc::Answer Check(int control, bool on) {
+    return {mfc::Answer::Kind::Check, control, {}, on};
+}
+mfc::Answer Page(int number) {
+    return {mfc::Answer::Kind::Page, number};
+}
+}  // namespace
+
+SheetAnswers::SheetAnswers(const DrawRequest& request, mfc::ScriptedWindowSystem& windows)
+    : request_(request), windows_(windows), step_(request.layers ? Step::Items : Step::Borehole) {
+    for (const Annotation& annotation : kAnnotations) {
+        const std::optional<std::string>& text = request.choices.*annotation.text;
+        std::string gbk;
+        if (text && !win32::TryGbkFromUtf8(*text, gbk)) {
+            throw Failure(std::string(annotation.option) + " \"" + *text +
+                          "\": a character that GBK does not have");
+        }
+    }
+}
+
+std::vector<mfc::Answer> SheetAnswers::operator()(mfc::FrameModel& window) {
+    if (window.Kind() != mfc::WindowKind::Sheet) {
+        return {};
+    }
+    switch (step_) {
+        case Step::Borehole:
+            step_ = Step::Items;
+            return PickBorehole(window);
+        case Step::Items:
+            step_ = Step::Done;
+            return PickItems(window);
+        case Step::Done:
+            break;
+    }
+    return {};
+}
+
+std::vector<mfc::Answer> SheetAnswers::PickBorehole(mfc::FrameModel& sheet) {
+    const std::string borehole = win32::GbkFromUtf8(request_.borehole);
+    if (!Offered(FindList(sheet, kBoreholeList)).contains(borehole)) {
+        windows_.Fail("borehole \"" + request_.borehole + "\" is not offered");
+        return {};
+    }
+    // Each answer is given before the next is asked for, so the samples are there then.
+    return {{mfc::Answer::Kind::Select, kBoreholeList, {borehole}}};
+}
+
+std::vector<mfc::Answer> SheetAnswers::PickItems(mfc::FrameModel& sheet) {
+    mfc::ListBoxModel* const list = FindList(sheet, kItemList);
+    const std::unordered_map<std::string, int> offered = Offered(list);
+    std::set<int> wanted;
+    for (const std::string& item : request_.items) {
+        const auto found = offered.find(win32::GbkFromUtf8(item));
+        if (found == offered.end()) {
+            windows_.Fail(request_.layers
+                              ? "layer \"" + item + "\" is not offered"
+                              : "sample \"" + item + "\" is not offered for borehole \"" +
+                                    request_.borehole + "\"");
+            return {};
+        }
+        wanted.insert(found->second);
+    }
+    Click(list, wanted);
+    return RestOfSheet();
+}
+
+/// Clicks the items by their places instead of by their texts: thousands of them are found at once.
+void SheetAnswers::Click(mfc::ListBoxModel* list, const std::set<int>& wanted) {
+    const int count = list != nullptr ? static_cast<int>(list->Items().size()) : 0;
+    for (int index = 0; index < count; ++index) {
+        if ((request_.all || wanted.contains(index)) && list->Click(index)) {
+            picked_.push_back(WithoutMark(list->Items()[static_cast<std::size_t>(index)].text));
+        }
+    }
+}
+
+std::vector<mfc::Answer> SheetAnswers::RestOfSheet() const {
+    std::vector<mfc::Answer> answers;
+    AddOptions(answers);
+    AddAnnotations(answers);
+    answers.push_back({mfc::Answer::Kind::Press, IDOK});
+    return answers;
+}
+
+void SheetAnswers::AddOptions(std::vector<mfc::Answer>& answers) const {
+    const PageChoices& choices = request_.choices;
+    const std::pair<int, std::optional<bool>> boxes[] = {{kOuterFrame, choices.outerFrame},
+                                                         {kRightAxis, choices.rightAxis},
+                                                         {kRecompute, choices.recompute}};
+    answers.push_back(Page(kOptionPage));
+    for (const auto& [control, on] : boxes) {
+        if (on) {
+            answers.push_back(Check(control, *on));
+        }
+    }
+}
+
+void SheetAnswers::AddAnnotations(std::vector<mfc::Answer>& answers) const {
+    answers.push_back(Page(kAnnotationPage));
+    for (const Annotation& annotation : kAnnotations) {
+        const std::optional<std::string>& text = request_.choices.*annotation.text;
+        if (text) {
+            answers.push_back(
+                {mfc::Answer::Kind::Type, annotation.textControl, {win32::GbkFromUtf8(*text)}});
+        }
+        const std::optional<bool>& shown = request_.choices.*annotation.shown;
+        if (text || shown) {
+            answers.push_back(Check(annotation.checkControl, shown.value_or(true)));
+        }
+    }
+}
+
+}  // namespace console

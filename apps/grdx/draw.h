@@ -1,0 +1,44 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "apps/grdx/MessageStream.h"
+
+namespace console {
+
+/// What the option and annotation pages are to be set to; what is missing stays as the settings
+/// have it. Texts are UTF-8.
+struct PageChoices {
+    std::optional<std::string> unit;
+    std::optional<std::string> tester;
+    std::optional<std::string> checker;
+    std::optional<std::string> date;  ///< YYYY-MM-DD
+    // The check boxes beside these four.
+    std::optional<bool> showUnit;
+    std::optional<bool> showTester;
+    std::optional<bool> showChecker;
+    std::optional<bool> showDate;
+
+    std::optional<bool> outerFrame;
+    std::optional<bool> rightAxis;
+    std::optional<bool> recompute;  ///< of layer charts only
+};
+
+/// A request for charts: of samples of one borehole, or of layers.
+struct DrawRequest {
+    bool layers = false;
+    std::string borehole;            ///< of sample charts
+    std::vector<std::string> items;  ///< sample numbers or layer labels
+    bool all = false;                ///< everything that the page offers, instead of `items`
+    PageChoices choices;
+};
+
+/// Runs the chart command in the suite folder and answers its dialogs. Prints the path of every
+/// sheet on standard output as it is saved. False when anything asked for was not drawn or not
+/// stored; the reasons are told. Failure when the work cannot start.
+bool DrawCharts(const std::string& suiteFolder, const DrawRequest& request,
+                MessageStream& messages);
+
+}  // namespace console

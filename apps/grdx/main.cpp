@@ -1,0 +1,304 @@
+#include <cstdio>
+#include <exception>
+#include <iostream>
+#include <iterator>
+
+#include <CLI/CLI.hpp>
+#include <nlohmann/json.hpp>
+
+#include "apps/grdx/Failure.h"
+#include "apps/grdx/MessageStream.h"
+#include "apps/grdx/data_import.h"
+#include "apps/grdx/draw.h"
+#include "apps/grdx/drawing_info.h"
+#include "apps/grdx/new_suite.h"
+#include "apps/grdx/numbers.h"
+#include "apps/grdx/script.h"
+#include "apps/grdx/suite_access.h"
+#include "apps/grdx/suite_listing.h"
+#include "apps/grdx/text_encoding.h"
+#include "platform/suite/suite_folder.h"
+#include "platform/win32/file_replace.h"
+
+namespace {
+
+using console::Failure;
+using console::MessageStream;
+using console::SqliteDatabase;
+
+constexpr int kDone = 0;
+constexpr int kRefused = 1;
+constexpr int kWrongUsage = 2;
+
+/// What the command line asked for; each call reads its own part.
+struct Options {
+    std::string suite = ".";
+    std::string folder;
+    console::ProjectData project{1, "P1", "新建工程", 0};
+    std::string file;
+    std::vector<std::string> files;
+    bool json = false;
+    bool layers = false;
+    console::DrawRequest draw;
+};
+
+void OpenSuite(const Options& options) {
+    std::string error;
+    if (!suite::OpenFolder(options.suite, error)) {
+        throw Failure(error);
+    }
+}
+
+std::string ReadText(const std::string& path) {
+    std::string bytes;
+    std::string error;
+    std::string utf8;
+    if (path == "-") {
+        bytes.assign(std::istreambuf_iterator<char>(std::cin), {});
+    } else if (!win32::ReadFileWhole(path, bytes, error)) {
+        throw Failure(error);
+    }
+    if (!console::DecodeText(bytes, utf8, error)) {
+        throw Failure(path + ": " + error);
+    }
+    return utf8;
+}
+
+void ThrowIfAny(const std::vector<console::LineError>& errors, const std::string& path) {
+    std::string text;
+    for (const console::LineError& error : errors) {
+        text += (text.empty() ? "" : "\n") + path + ":" + std::to_string(error.line) + ": " +
+                error.reason;
+    }
+    if (!text.empty()) {
+        throw Failure(text);
+    }
+}
+
+std::string Count(std::size_t count, const std::string& unit) {
+    return std::to_string(count) + " " + unit + (count == 1 ? "" : "s");
+}
+
+bool ImportSamples(const Options& options, MessageStream& /*messages*/) {
+    OpenSuite(options);
+    std::vector<console::LineError> errors;
+    const auto samples = console::ReadSampleFile(ReadText(options.file), errors);
+    ThrowIfAny(errors, options.file);
+    SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
+    console::StoreSamples(database, console::CurrentProject().index, samples);
+    std::size_t items = 0;
+    for (const auto& sample : samples) {
+        items += sample.items.size();
+    }
+    std::cout << Count(samples.size(), "sample") << ", " << Count(items, "sieve item") << '\n';
+    return true;
+}
+
+bool ImportLayers(const Options& options, MessageStream& /*messages*/) {
+    OpenSuite(options);
+    std::vector<console::LineError> errors;
+    const auto layers = console::ReadLayerFile(ReadText(options.file), errors);
+    ThrowIfAny(errors, options.file);
+    SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
+    console::StoreLayers(database, console::CurrentProject().index, layers);
+    std::cout << Count(layers.size(), "layer") << '\n';
+    return true;
+}
+
+bool NewSuite(const Options& options, MessageStream& /*messages*/) {
+    console::MakeSuiteFolder(options.folder, options.project);
+    std::cout << options.folder << '\n';
+    return true;
+}
+
+bool List(const Options& options, MessageStream& /*messages*/) {
+    OpenSuite(options);
+    const console::SuiteListing listing = console::ReadSuite();
+    if (options.json) {
+        std::cout << console::SuiteAsJson(listing).dump() << '\n';
+    } else {
+        std::cout << console::DescribeSuite(listing);
+    }
+    return true;
+}
+
+bool Draw(const Options& options, MessageStream& messages) {
+    return console::DrawCharts(options.suite, options.draw, messages);
+}
+
+bool Info(const Options& options, MessageStream& messages) {
+    bool good = true;
+    for (const std::string& file : options.files) {
+        try {
+            const console::DrawingInfo info = console::ReadDrawingInfo(file, options.layers);
+            std::cout << (options.json ? console::DrawingAsJson(info).dump() + "\n"
+                                       : console::DescribeDrawing(info));
+        } catch (const Failure& failure) {
+            messages.Report(failure.what());
+            good = false;
+        }
+    }
+    return good;
+}
+
+bool Script(const Options& options, MessageStream& messages) {
+    return console::RunScript(options.suite, ReadText(options.file), messages);
+}
+
+using Call = bool (*)(const Options& options, MessageStream& messages);
+
+/// The calls that the command line offers, and which of them was made.
+class CommandLine {
+public:
+    CommandLine() {
+        app_.require_subcommand(1);
+        AddNew();
+        AddImport();
+        AddList();
+        AddDraw();
+        AddInfo();
+        AddScript();
+    }
+
+    int Run(int argc, char** argv) {
+        try {
+            app_.parse(argc, argv);
+        } catch (const CLI::ParseError& error) {
+            return app_.exit(error) == 0 ? kDone : kWrongUsage;
+        }
+        MessageStream messages;
+        try {
+            return chosen_(options_, messages) ? kDone : kRefused;
+        } catch (const std::exception& failure) {
+            messages.Report(failure.what());
+            return kRefused;
+        }
+    }
+
+private:
+    CLI::App* AddCall(CLI::App& parent, const char* name, const char* what, Call call) {
+        CLI::App* const added = parent.add_subcommand(name, what);
+        added->callback([this, call] { chosen_ = call; });
+        return added;
+    }
+
+    void AddSuite(CLI::App& call) {
+        call.add_option("-s,--suite", options_.suite, "suite folder")
+            ->envname("GRDX_SUITE")
+            ->capture_default_str();
+    }
+
+    void AddNew() {
+        CLI::App& call =
+            *AddCall(app_, "new", "make a suite folder with an empty project", NewSuite);
+        call.add_option("folder", options_.folder, "the folder, new or empty")->required();
+        call.add_option("--number", options_.project.number,
+                        "project number; names the output folder")
+            ->capture_default_str();
+        call.add_option("--name", options_.project.name, "project name")->capture_default_str();
+        call.add_option("--code", options_.project.code,
+                        "standard code: 2 six charts on A3, 1 other bound of fine sand")
+            ->check(CLI::IsMember({0, 1, 2}))
+            ->capture_default_str();
+    }
+
+    void AddImport() {
+        CLI::App& import = *app_.add_subcommand("import", "read data into the project database");
+        import.require_subcommand(1);
+        CLI::App* const samples =
+            AddCall(import, "samples",
+                    "CSV: borehole,sample,depth,thickness,method,total,size,mass", ImportSamples);
+        CLI::App* const layers =
+            AddCall(import, "layers", "CSV: main,sub,size,percent", ImportLayers);
+        for (CLI::App* call : {samples, layers}) {
+            call->add_option("file", options_.file, "CSV file, UTF-8 or GBK")->required();
+            AddSuite(*call);
+        }
+    }
+
+    void AddList() {
+        CLI::App& call =
+            *AddCall(app_, "list", "boreholes, samples and layers with marks and results", List);
+        call.add_flag("--json", options_.json, "as one JSON object");
+        AddSuite(call);
+    }
+
+    void AddDraw() {
+        CLI::App& draw =
+            *app_.add_subcommand("draw", "draw charts; prints the path of every sheet");
+        draw.require_subcommand(1);
+        CLI::App& samples = *AddCall(draw, "samples", "charts of samples of a borehole", Draw);
+        samples.add_option("--borehole", options_.draw.borehole, "borehole number")->required();
+        AddItems(samples, "--sample", "sample number; may be given several times");
+        CLI::App& layers = *AddCall(draw, "layers", "charts of soil layers", Draw);
+        layers.preparse_callback([this](std::size_t) { options_.draw.layers = true; });
+        AddItems(layers, "--layer", "layer, as 2 or 2-1; may be given several times");
+    }
+
+    void AddItems(CLI::App& call, const char* name, const char* what) {
+        CLI::Option* const items =
+            call.add_option(name, options_.draw.items, what)->allow_extra_args(false);
+        CLI::Option* const all = call.add_flag("--all", options_.draw.all, "everything offered");
+        items->excludes(all);
+        call.final_callback([this, name] {
+            if (options_.draw.items.empty() && !options_.draw.all) {
+                throw CLI::RequiredError(std::string(name) + " or --all");
+            }
+        });
+        AddPageChoices(call);
+        AddSuite(call);
+    }
+
+    void AddPageChoices(CLI::App& call) {
+        console::PageChoices& choices = options_.draw.choices;
+        AddAnnotation(call, "unit", choices.unit, choices.showUnit);
+        AddAnnotation(call, "tester", choices.tester, choices.showTester);
+        AddAnnotation(call, "checker", choices.checker, choices.showChecker);
+        AddAnnotation(call, "date", choices.date, choices.showDate)
+            ->check([](const std::string& text) {
+                return console::IsDate(text) ? std::string() : text + " is no date YYYY-MM-DD";
+            });
+        AddSwitch(call, "outer-frame", choices.outerFrame);
+        AddSwitch(call, "right-axis", choices.rightAxis);
+        AddSwitch(call, "recompute", choices.recompute);
+    }
+
+    static CLI::Option* AddAnnotation(CLI::App& call, const std::string& name,
+                                      std::optional<std::string>& text,
+                                      std::optional<bool>& shown) {
+        call.add_flag_callback(
+            "--no-" + name, [&shown] { shown = false; }, "do not write it");
+        return call.add_option_function<std::string>(
+            "--" + name, [&text](const std::string& value) { text = value; }, "write it");
+    }
+
+    static void AddSwitch(CLI::App& call, const std::string& name, std::optional<bool>& on) {
+        call.add_flag_function(
+            "--" + name + ",!--no-" + name, [&on](std::int64_t count) { on = count > 0; },
+            "as on the option page");
+    }
+
+    void AddInfo() {
+        CLI::App& call = *AddCall(app_, "info", "what drawings hold", Info);
+        call.add_option("file", options_.files, "DWG file")->required();
+        call.add_flag("--json", options_.json, "one JSON object a file");
+        call.add_flag("--layers", options_.layers, "read the curves as those of layer charts");
+    }
+
+    void AddScript() {
+        CLI::App& call =
+            *AddCall(app_, "script", "command-line input with answers to dialogs", Script);
+        call.add_option("file", options_.file, "the script, - for standard input")->required();
+        AddSuite(call);
+    }
+
+    CLI::App app_{"Grain-size analysis charts"};
+    Options options_;
+    Call chosen_ = nullptr;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    return CommandLine().Run(argc, argv);
+}

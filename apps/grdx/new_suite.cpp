@@ -1,0 +1,158 @@
+#include "apps/grdx/new_suite.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "apps/grdx/Failure.h"
+#include "apps/grdx/sheet_template.h"
+#include "platform/win32/code_page.h"
+#include "platform/win32/file_replace.h"
+#include "platform/win32/windows_path.h"
+
+namespace console {
+
+namespace fs = std::filesystem;
+
+namespace {
+// What the project table's columns hold, in bytes of GBK.
+constexpr std::size_t kNumberLimit = 20;
+constexpr std::size_t kNameLimit = 150;
+
+constexpr const char* kSuiteProfile =
+    "[Suite]\n"
+    "ProjectProfile=project.ini\n"
+    "SettingsProfile=settings.ini\n"
+    "MarkProfile=marks.ini\n"
+    "RegisteredFolder=.\n"
+    "Database=Provider=SQLite;Data Source=project.db\n";
+constexpr const char* kFontMapping =
+    "[Fonts]\n"
+    "comfont.shx=WenQuanYi Zen Hei\n"
+    "st64f.shx=WenQuanYi Zen Hei\n"
+    "hztxt.shx=WenQuanYi Zen Hei\n";
+
+/// The text in GBK; Failure when it is too long, or holds what GBK or a profile cannot.
+std::string CheckedText(const std::string& text, const char* what, std::size_t limit) {
+    std::string gbk;
+    if (!win32::TryGbkFromUtf8(text, gbk)) {
+        throw Failure(std::string(what) + " \"" + text + "\": a character that GBK does not have");
+    }
+    if (gbk.size() > limit) {
+        throw Failure(std::string(what) + " \"" + text + "\": more than " + std::to_string(limit) +
+                      " bytes in GBK");
+    }
+    if (std::any_of(gbk.begin(), gbk.end(), [](unsigned char c) { return c < 0x20; })) {
+        throw Failure(std::string(what) + ": a control character");
+    }
+    return gbk;
+}
+
+/// The number names a folder below the suite's.
+std::string CheckedNumber(const std::string& number) {
+    if (number.empty() || number == "." || number == ".." ||
+        number.find_first_of("\\/'") != std::string::npos || number.front() == ' ' ||
+        number.back() == ' ') {
+        throw Failure("project number \"" + number +
+                      "\": it names a folder, so it must not be empty, hold \\ / or ', or have "
+                      "blanks around it");
+    }
+    return CheckedText(number, "project number", kNumberLimit);
+}
+
+/// A value that reads back as it is: profiles take blanks and quotes off its ends.
+std::string ProfileValue(const std::string& gbk) {
+    const bool bare = gbk.empty() || (gbk.find_first_of(" '\"") != 0 &&
+                                      gbk.find_last_of(" '\"") != gbk.size() - 1);
+    return bare ? gbk : '"' + gbk + '"';
+}
+
+void WriteFile(const fs::path& path, const std::string& content) {
+    std::string error;
+    if (!win32::ReplaceFileWhole(path.string(), content, error)) {
+        throw Failure(error);
+    }
+}
+
+void SaveDrawing(AcDbDatabase& database, const fs::path& path) {
+    std::string windowsPath;
+    if (!win32::WindowsPath(path.string(), windowsPath)) {
+        throw Failure(path.string() + ": the path has a character that GBK does not have");
+    }
+    if (database.saveAs(windowsPath.c_str()) != Acad::eOk) {
+        throw Failure(database.lastFileError());
+    }
+}
+
+/// Makes the folder, or takes an empty one, and takes back what was made unless it is kept.
+class NewFolder {
+public:
+    explicit NewFolder(fs::path path) : path_(std::move(path)) {
+        std::error_code fault;
+        existed_ = fs::exists(path_, fault);
+        if (existed_ && (!fs::is_directory(path_, fault) || !fs::is_empty(path_, fault))) {
+            throw Failure(path_.string() +
+                          ": there is something already; a suite folder is made "
+                          "new or in an empty folder");
+        }
+        fs::create_directories(path_, fault);
+        if (fault) {
+            throw Failure(path_.string() + ": " + fault.message());
+        }
+    }
+
+    ~NewFolder() {
+        if (!kept_) {
+            std::error_code ignored;
+            for (const auto& entry : fs::directory_iterator(path_, ignored)) {
+                fs::remove_all(entry.path(), ignored);
+            }
+            if (!existed_) {
+                fs::remove(path_, ignored);
+            }
+        }
+    }
+    NewFolder(const NewFolder&) = delete;
+    NewFolder& operator=(const NewFolder&) = delete;
+
+    void Keep() { kept_ = true; }
+
+private:
+    fs::path path_;
+    bool existed_ = false;
+    bool kept_ = false;
+};
+
+void WriteProfiles(const fs::path& folder, const ProjectData& project) {
+    const std::string number = CheckedNumber(project.number);
+    const std::string name = CheckedText(project.name, "project name", kNameLimit);
+    WriteFile(folder / "suite.ini", kSuiteProfile);
+    WriteFile(folder / "project.ini", "[Project]\nGCSY=" + std::to_string(project.index) +
+                                          "\nGCBH=" + ProfileValue(number) +
+                                          "\nGCBZ=" + std::to_string(project.code) +
+                                          "\nGCMC=" + ProfileValue(name) + "\nGCSJ=0\n");
+    WriteFile(folder / "settings.ini", "[CKFDlg]\n[MDI]\nMDIMODE=0\n");
+    WriteFile(folder / "marks.ini", "[CKFDlg]\n");
+}
+
+void WriteSupport(const fs::path& folder) {
+    fs::create_directory(folder);
+    WriteFile(folder / "fonts.ini", kFontMapping);
+    AcDbDatabase blank(true, true);
+    SaveDrawing(blank, folder / "Drawing.dwg");
+    SaveDrawing(*MakeSheetTemplate(), folder / "gltka3.dwg");
+}
+}  // namespace
+
+void MakeSuiteFolder(const std::string& folder, const ProjectData& project) {
+    const fs::path path = fs::absolute(folder);
+    NewFolder made(path);
+    WriteProfiles(path, project);
+    WriteSupport(path / "Support");
+    {
+        SqliteDatabase database((path / "project.db").string(), SqliteDatabase::Mode::Create);
+        MakeProjectTables(database, project);
+    }
+    made.Keep();
+}
+
+}  // namespace console

@@ -1,0 +1,83 @@
+#include "apps/grdx/suite_access.h"
+
+#include <cstdlib>
+
+#include "apps/grdx/Failure.h"
+#include "platform/oledb/InitString.h"
+#include "platform/suite/orvik8.h"
+#include "platform/win32/code_page.h"
+#include "platform/win32/private_profile.h"
+#include "platform/win32/windows_path.h"
+
+namespace console {
+
+namespace {
+constexpr std::size_t kProfilePathSize = 256;
+constexpr std::size_t kInitStringSize = 1024;
+constexpr const char* kSection = "Project";
+
+std::string ProjectText(const char* key) {
+    return win32::Utf8FromGbk(ProfileText(ProjectProfile(), kSection, key));
+}
+}  // namespace
+
+std::string ProjectProfile() {
+    char path[kProfilePathSize] = "";
+    GetProjectProfilePath(path);
+    return path;
+}
+
+std::string MarkProfile() {
+    char path[kProfilePathSize] = "";
+    GetMarkProfilePath(path);
+    return path;
+}
+
+std::string ProfileText(const std::string& profile, const char* section, const std::string& key) {
+    std::string value(1024, '\0');
+    while (true) {
+        const DWORD length =
+            GetPrivateProfileString(section, key.c_str(), "", value.data(),
+                                    static_cast<DWORD>(value.size()), profile.c_str());
+        // A value that was cut ends one or two bytes before the buffer's end.
+        if (length + 2 < value.size()) {
+            value.resize(length);
+            return value;
+        }
+        value.resize(value.size() * 4);
+    }
+}
+
+ProjectData CurrentProject() {
+    ProjectData project;
+    const std::string profile = ProjectProfile();
+    project.index = static_cast<int>(GetPrivateProfileInt(kSection, "GCSY", -1, profile.c_str()));
+    if (project.index < 0) {
+        throw Failure(win32::FileSystemPath(profile) + " names no project (key GCSY)");
+    }
+    project.number = ProjectText("GCBH");
+    project.name = ProjectText("GCMC");
+    project.code = std::atoi(ProjectText("GCBZ").c_str());
+    return project;
+}
+
+SqliteDatabase OpenProjectDatabase(SqliteDatabase::Mode mode) {
+    char text[kInitStringSize] = "";
+    oledb::InitString initString;
+    std::string error;
+    if (GetDatabaseInitString(text) == 0) {
+        throw Failure("the suite names no project database");
+    }
+    if (!initString.Parse(win32::Utf8FromGbk(text), error)) {
+        throw Failure("the suite's database string: " + error);
+    }
+    const std::string* provider = initString.Find("Provider");
+    const std::string* source = initString.Find("Data Source");
+    if (provider == nullptr || !oledb::InitString::SameKeyword(*provider, "SQLite") ||
+        source == nullptr) {
+        throw Failure("the project database is no SQLite file: " + win32::Utf8FromGbk(text));
+    }
+    return SqliteDatabase(win32::FileSystemPath(win32::GbkFromUtf8(*source)), mode);
+}
+
+}  // namespace console
