@@ -49,7 +49,7 @@ bool IsDate(std::string_view text) {
     const std::optional<int> year = ParseInteger(text.substr(0, 4));
     const std::optional<int> month = ParseInteger(text.substr(5, 2));
     const std::optional<int> day = ParseInteger(text.substr(8, 2));
-    return year && month && day && *month > 0 && *day > 0 &&
+    return year && month && day && *year >= 0 && *month > 0 && *day > 0 &&
            std::chrono::year_month_day(std::chrono::year(*year),
                                        std::chrono::month(static_cast<unsigned>(*month)),
                                        std::chrono::day(static_cast<unsigned>(*day)))
