@@ -458,6 +458,8 @@ TEST_P(RowsetContract, ChangesNeedRowsOfOneTable) {
     for (const char* sql :
          {"SELECT t.id,value FROM t JOIN u ON t.id=u.id", "SELECT t.id,value FROM t,u",
           "SELECT id,count(*) FROM t", "SELECT id,value FROM t GROUP BY id",
+          "SELECT id,value FROM t WHERE id=1 GROUP BY id",
+          "SELECT id,value FROM t WHERE id=1 UNION SELECT 1,2",
           "SELECT id,value FROM t UNION SELECT 1,2", "SELECT id,value FROM (SELECT * FROM t)",
           "SELECT id,value FROM w", "SELECT 1,2"}) {
         SCOPED_TRACE(sql);

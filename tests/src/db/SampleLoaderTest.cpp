@@ -58,6 +58,19 @@ TEST_F(SampleLoader, ItemsComeCoarsestFirstAndEqualSizesByNumber) {
         << "32-bit floats arrive as the decimals they were";
 }
 
+TEST_F(SampleLoader, ManyEqualSizesKeepTheirOrder) {
+    std::vector<double> numbers;
+    for (int number = 1; number <= 40; ++number) {
+        Run("INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5'," + std::to_string(number) + ",0.5," +
+            std::to_string(number) + ")");
+        numbers.push_back(number);
+    }
+    std::vector<double> sizes;
+    std::vector<double> masses;
+    EXPECT_EQ(LoadTestItems(sizes, masses), 1);
+    EXPECT_EQ(masses, numbers);
+}
+
 TEST_F(SampleLoader, MissingItemsAreTold) {
     std::vector<double> sizes;
     std::vector<double> masses;
