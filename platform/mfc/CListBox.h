@@ -33,7 +33,7 @@ public:
     /// which is the first one until something moves it. LB_ERR when there is none.
     int GetCurSel() const;
     /// Single selection: selects the item, -1 none. Multiple selection: moves the focus mark and
-    /// selects nothing. LB_ERR outside the list and, in a single-selection list, for -1.
+    /// selects nothing. LB_ERR outside the list and for -1.
     int SetCurSel(int index);
     /// Above 0 if selected, 0 if not, LB_ERR outside the list.
     int GetSel(int index) const;

@@ -153,6 +153,7 @@ TEST(CDialog, CommandsGoToTheMostDerivedHandler) {
     DerivedChoice derived;
     EXPECT_EQ(derived.DoModal(), IDCANCEL);
     EXPECT_EQ(derived.log, "derivedanew");
+    EXPECT_FALSE(derived.OnCmdMsg(2037, LBN_SELCHANGE, nullptr, nullptr)) << "another notification";
     EXPECT_EQ(module.windows.Error(), "");
 }
 

@@ -124,15 +124,16 @@ TEST(CPropertySheet, APageThatRefusesStopsOkAndComesToTheFront) {
         shown.SetActivePage(2);
         shown.SetActivePage(0);
     };
-    sheet.options.refuse = true;
     module.windows.SetAnswerSource([&](mfc::FrameModel& window) {
         fronts.push_back(dynamic_cast<mfc::SheetModel&>(window).ActivePage());
-        sheet.options.refuse = fronts.size() < 3;
+        sheet.options.refuse = fronts.size() == 1;
+        sheet.choice.refuse = fronts.size() == 2;
         return std::vector<mfc::Answer>{{mfc::Answer::Kind::Press, IDOK}};
     });
     EXPECT_EQ(sheet.DoModal(), IDOK);
-    EXPECT_EQ(fronts, (std::vector<int>{0, 1, 1}));
-    EXPECT_EQ(sheet.log, "initC initO initN okC refuseO okC refuseO okC okO okN ");
+    EXPECT_EQ(fronts, (std::vector<int>{0, 1, 0}));
+    EXPECT_EQ(sheet.log, "initC initO initN okC refuseO refuseC okC okO okN ")
+        << "a page that accepted before may refuse";
 }
 
 TEST(CPropertySheet, TheSheetMaySwallowOk) {

@@ -114,6 +114,12 @@ TEST(ScriptedWindowSystem, AnIdIsLookedForInFrontFirst) {
     EXPECT_EQ(sheet.DoModal(), IDCANCEL);
     EXPECT_EQ(sheet.choice.presses, 1);
     EXPECT_EQ(module.windows.Error(), "@press 2037: control 2037 is no button");
+
+    module.windows.Reset();
+    module.Answer({"@check 2035 on", "@check 2037 on"});
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+    EXPECT_EQ(module.windows.Error(), "@check 2037 on: control 2037 is disabled")
+        << "the page of the control used last is in front";
 }
 
 TEST(ScriptedWindowSystem, WhatCannotBeAnsweredFailsTheRun) {

@@ -1,6 +1,8 @@
 #include "platform/win32/windows_path.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "platform/win32/code_page.h"
 #include "platform/win32/directory.h"
@@ -8,6 +10,22 @@
 #include "tests/platform/win32/ScratchFolder.h"
 
 using win32::FileSystemPath;
+
+namespace {
+
+timespec Modified(const std::string& folder) {
+    struct stat status {};
+    stat(folder.c_str(), &status);
+    return status.st_mtim;
+}
+
+/// Sets a folder's modification time, as if its last change had come at that clock tick.
+void Stamp(const std::string& folder, const timespec& time) {
+    const timespec times[2] = {time, time};
+    utimensat(AT_FDCWD, folder.c_str(), times, 0);
+}
+
+}  // namespace
 
 TEST(WindowsPath, NamesAreFoundWithoutRegardToCase) {
     const ScratchFolder scratch;
@@ -42,6 +60,11 @@ TEST(WindowsPath, TheExactNameWinsThenTheFirst) {
     scratch.Write("Name.txt", "");
     EXPECT_EQ(FileSystemPath(scratch.Windows("Name.txt")), scratch.Path("Name.txt"));
     EXPECT_EQ(FileSystemPath(scratch.Windows("name.txt")), scratch.Path("NAME.txt"));
+
+    scratch.MakeFolder("OUT");
+    scratch.Write("OUT/NAME.txt", "");
+    scratch.Write("OUT/Name.txt", "");
+    EXPECT_EQ(FileSystemPath(scratch.Windows("out\\Name.txt")), scratch.Path("OUT/Name.txt"));
 }
 
 TEST(WindowsPath, ChangesOfTheFolderAreSeenAtOnce) {
@@ -52,6 +75,14 @@ TEST(WindowsPath, ChangesOfTheFolderAreSeenAtOnce) {
     std::filesystem::rename(scratch.Path("a.txt"), scratch.Path("b.txt"));
     EXPECT_EQ(FileSystemPath(scratch.Windows("A.TXT")), scratch.Path("A.TXT"));
     EXPECT_EQ(FileSystemPath(scratch.Windows("B.TXT")), scratch.Path("b.txt"));
+
+    timespec tick = Modified(scratch.Path());
+    tick.tv_sec += 3600;  // the clock has not moved on since
+    Stamp(scratch.Path(), tick);
+    EXPECT_EQ(FileSystemPath(scratch.Windows("C.TXT")), scratch.Path("C.TXT"));
+    scratch.Write("c.txt", "");
+    Stamp(scratch.Path(), tick);
+    EXPECT_EQ(FileSystemPath(scratch.Windows("C.TXT")), scratch.Path("c.txt"));
 }
 
 TEST(WindowsPath, EntriesOfOurOwnAreFoundAndLost) {
@@ -62,7 +93,9 @@ TEST(WindowsPath, EntriesOfOurOwnAreFoundAndLost) {
     ASSERT_EQ(_mkdir(scratch.Windows("Sheets").c_str()), 0);
     EXPECT_EQ(FileSystemPath(scratch.Windows("FIRST.DWG")), scratch.Path("first.dwg"));
     EXPECT_EQ(FileSystemPath(scratch.Windows("SHEETS")), scratch.Path("Sheets"));
+    const timespec tick = Modified(scratch.Path());
     std::filesystem::remove(scratch.Path("first.dwg"));
+    Stamp(scratch.Path(), tick);
     EXPECT_EQ(FileSystemPath(scratch.Windows("FIRST.DWG")), scratch.Path("FIRST.DWG"));
 }
 
