@@ -8,7 +8,7 @@ namespace mfc {
 
 using ChangeListener = std::function<void(WindowModel& window, Change change)>;
 
-/// State of a window with a frame: a dialog or a sheet, and what lies within a page's borders.
+/// What a dialog, a page and a sheet have in common: they hold other windows, and can be ended.
 class FrameModel : public WindowModel {
 public:
     FrameModel(WindowKind kind, WindowModel* parent, DWORD style, const DialogRect& rect,

@@ -1,5 +1,6 @@
 #include "platform/mfc/dialog_answer.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 
@@ -12,10 +13,16 @@ namespace {
 struct KindWord {
     std::string_view word;
     Answer::Kind kind;
+    const char* usage;
 };
-constexpr KindWord kKinds[] = {{"@page", Answer::Kind::Page},   {"@select", Answer::Kind::Select},
-                               {"@type", Answer::Kind::Type},   {"@check", Answer::Kind::Check},
-                               {"@press", Answer::Kind::Press}, {"@answer", Answer::Kind::Box}};
+constexpr KindWord kKinds[] = {
+    {"@page", Answer::Kind::Page, "@page NUMBER"},
+    {"@select", Answer::Kind::Select, "@select ID TEXT..."},
+    {"@type", Answer::Kind::Type, "@type ID TEXT"},
+    {"@check", Answer::Kind::Check, "@check ID on|off"},
+    {"@press", Answer::Kind::Press, "@press ID|ok|cancel"},
+    {"@answer", Answer::Kind::Box, "@answer yes|no|ok"},
+};
 
 struct ButtonWord {
     std::string_view word;
@@ -77,64 +84,52 @@ std::optional<int> ParseButton(const ButtonWord (&table)[size], const std::strin
     return std::nullopt;
 }
 
-/// What comes after the kind and the id.
+/// Reads what comes after an answer's word.
 class ArgumentReader {
 public:
-    ArgumentReader(std::vector<std::string> words, std::string& error)
-        : words_(std::move(words)), error_(error) {}
+    ArgumentReader(const std::vector<std::string>& words, std::string& error)
+        : words_(words), error_(error) {}
 
-    bool Read(Answer& answer) {
-        switch (answer.kind) {
-            case Answer::Kind::Page:
-                return Count(2, 2) && Take(answer.id, ParseNumber(words_[1]), "a page's number");
-            case Answer::Kind::Select:
-                return Count(3, words_.size()) && TakeId(answer) && TakeTexts(answer);
-            case Answer::Kind::Type:
-                return Count(3, 3) && TakeId(answer) && TakeTexts(answer);
-            case Answer::Kind::Check:
-                return Count(3, 3) && TakeId(answer) && TakeSwitch(answer);
-            case Answer::Kind::Press:
-                return Count(2, 2) && TakePressed(answer);
-            default:
-                return Count(2, 2) &&
-                       Take(answer.id, ParseButton(kBoxWords, words_[1]), "yes, no or ok");
+    bool Read(Answer& answer, const char* usage) {
+        const bool taken = TakeAll(answer);
+        if (!taken && error_.empty()) {
+            error_ = std::string(usage) + " (a text with blanks stands in double quotes)";
         }
+        return taken;
     }
 
 private:
-    bool Count(std::size_t min, std::size_t max) {
-        if (words_.size() < min) {
-            error_ = words_[0] + " needs more";
-        } else if (words_.size() > max) {
-            error_ = words_[0] +
-                     " has more than it takes, a text with blanks stands in quotes: " + words_[max];
+    bool TakeAll(Answer& answer) {
+        switch (answer.kind) {
+            case Answer::Kind::Page:
+                return words_.size() == 2 && Take(answer.id, ParseNumber(words_[1]));
+            case Answer::Kind::Select:
+                return words_.size() >= 3 && TakeIdAndTexts(answer);
+            case Answer::Kind::Type:
+                return words_.size() == 3 && TakeIdAndTexts(answer);
+            case Answer::Kind::Check:
+                return words_.size() == 3 && Take(answer.id, ParseNumber(words_[1])) &&
+                       TakeSwitch(answer.on);
+            case Answer::Kind::Press:
+                return words_.size() == 2 &&
+                       (Take(answer.id, ParseButton(kPressWords, words_[1])) ||
+                        Take(answer.id, ParseNumber(words_[1])));
+            default:
+                return words_.size() == 2 && Take(answer.id, ParseButton(kBoxWords, words_[1]));
         }
-        return words_.size() >= min && words_.size() <= max;
     }
-    bool Take(int& target, std::optional<int> value, const char* what) {
-        if (!value) {
-            error_ = words_[0] + " takes " + what + ", not " + words_[1];
+    static bool Take(int& target, std::optional<int> value) {
+        target = value.value_or(target);
+        return value.has_value();
+    }
+    bool TakeSwitch(bool& on) const {
+        on = words_[2] == "on";
+        return on || words_[2] == "off";
+    }
+    bool TakeIdAndTexts(Answer& answer) {
+        if (!Take(answer.id, ParseNumber(words_[1]))) {
             return false;
         }
-        target = *value;
-        return true;
-    }
-    bool TakeId(Answer& answer) {
-        return Take(answer.id, ParseNumber(words_[1]), "a control's id");
-    }
-    bool TakePressed(Answer& answer) {
-        std::optional<int> id = ParseButton(kPressWords, words_[1]);
-        return Take(answer.id, id ? id : ParseNumber(words_[1]), "a button's id, ok or cancel");
-    }
-    bool TakeSwitch(Answer& answer) {
-        answer.on = words_[2] == "on";
-        if (!answer.on && words_[2] != "off") {
-            error_ = words_[0] + " takes on or off, not " + words_[2];
-            return false;
-        }
-        return true;
-    }
-    bool TakeTexts(Answer& answer) {
         for (std::size_t i = 2; i < words_.size(); ++i) {
             if (!win32::TryGbkFromUtf8(words_[i], answer.texts.emplace_back())) {
                 error_ = "a text that GBK cannot write: " + words_[i];
@@ -144,7 +139,7 @@ private:
         return true;
     }
 
-    std::vector<std::string> words_;
+    const std::vector<std::string>& words_;
     std::string& error_;
 };
 
@@ -173,19 +168,21 @@ std::string ButtonName(const ButtonWord (&table)[size], int id) {
 }  // namespace
 
 bool ParseAnswer(std::string_view line, Answer& answer, std::string& error) {
+    error.clear();
     std::vector<std::string> words;
     if (!SplitWords(line, words, error)) {
         return false;
     }
     for (const KindWord& known : kKinds) {
-        if (!words.empty() && words[0] == known.word) {
-            Answer read{known.kind};
-            if (!ArgumentReader(std::move(words), error).Read(read)) {
-                return false;
-            }
-            answer = std::move(read);
-            return true;
+        if (words.empty() || words[0] != known.word) {
+            continue;
         }
+        Answer read{known.kind};
+        if (!ArgumentReader(words, error).Read(read, known.usage)) {
+            return false;
+        }
+        answer = std::move(read);
+        return true;
     }
     error = "an answer is one of @page, @select, @type, @check, @press and @answer";
     return false;

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <filesystem>
 #include <optional>
-#include <string_view>
+#include <system_error>
 
 #include "platform/suite/init_string.h"
 #include "platform/suite/orvik8.h"
@@ -49,20 +49,19 @@ constexpr std::array kPathKeys = {
     PathKey{"RegisteredFolder", &Suite::registeredFolder, kFolderBuffer},
 };
 
-/// Reads suite.ini of one folder. Errors name the file.
+/// Reads the suite.ini of a folder. Errors name the file.
 class SuiteReader {
 public:
-    SuiteReader(const std::string& folder, std::string& error)
-        : folder_(std::filesystem::absolute(folder).lexically_normal().string()), error_(error) {
-        while (folder_.size() > 1 && folder_.ends_with('/')) {
-            folder_.pop_back();
-        }
-        file_ = folder_ + "/suite.ini";
-    }
+    explicit SuiteReader(std::string& error) : error_(error) {}
 
-    bool Read(Suite& suite) {
-        if (!win32::WindowsPath(folder_, windowsFolder_)) {
-            return Refuse(folder_, "the path cannot be written in GBK");
+    bool Read(const std::string& folder, Suite& suite) {
+        std::error_code code;
+        const auto absolute = std::filesystem::absolute(folder, code).lexically_normal();
+        if (code) {
+            return Refuse("the folder \"" + folder + "\"", code.message());
+        }
+        if (!win32::WindowsPath(absolute.string(), windowsFolder_)) {
+            return Refuse(absolute.string(), "the path cannot be written in GBK");
         }
         file_ = win32::FileSystemPath(windowsFolder_ + "\\suite.ini");
         std::string content;
@@ -117,9 +116,8 @@ private:
                                  " bytes: " + win32::Utf8FromGbk(text));
     }
 
-    std::string folder_;
-    std::string file_;
     std::string windowsFolder_;
+    std::string file_;
     std::string& error_;
 };
 
@@ -136,7 +134,7 @@ namespace suite {
 
 bool OpenFolder(const std::string& folder, std::string& error) {
     Suite opened;
-    if (!SuiteReader(folder, error).Read(opened)) {
+    if (!SuiteReader(error).Read(folder, opened)) {
         return false;
     }
     TheSuite() = opened;

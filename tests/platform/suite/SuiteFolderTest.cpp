@@ -112,6 +112,8 @@ TEST_F(SuiteFolder, WhatIsNoSuiteFolderIsRefusedByName) {
             EXPECT_EQ(error_, scratch_.Path("suite.ini") + ": section [Suite] has no " + key);
         }
     }
+    EXPECT_FALSE(suite::OpenFolder("", error_));
+    EXPECT_EQ(error_, "the folder \"\": Invalid argument");
     scratch_.MakeFolder("😀");
     scratch_.Write("😀/suite.ini", Profile());
     EXPECT_FALSE(suite::OpenFolder(scratch_.Path("😀"), error_));
