@@ -3,6 +3,8 @@
 #include "platform/db/AcDbEntity.h"
 #include "platform/ge/AcGeScale3d.h"
 
+class AcDbBlockTableRecord;
+
 /// An occurrence of a block definition. Appending one whose definition is null is refused with
 /// eNullObjectId.
 class AcDbBlockReference : public AcDbEntity {
@@ -12,6 +14,7 @@ public:
     AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord);
 
     AcDbObjectId blockTableRecord() const { return block_; }
+    /// eNullObjectId, or eNotApplicable for what is no block definition.
     Acad::ErrorStatus setBlockTableRecord(AcDbObjectId block);
     AcGePoint3d position() const { return position_; }
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
@@ -22,15 +25,20 @@ public:
     /// Map from the definition's coordinates (relative to its origin) to those of the reference.
     AcGeMatrix3d blockTransform() const;
 
-    /// Draws the definition's entities through the block transform.
+    /// Draws the definition's entities through the block transform: those on layers that are off or
+    /// frozen not, colours by block as the reference's own, colours by layer as the layer's, except
+    /// on layer "0", which means the reference's. A definition that contains itself ends there.
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>
     friend struct DwgFields;
+    const AcDbBlockTableRecord* definition() const;
+
     AcDbObjectId block_;
     AcGePoint3d position_;
     AcGeScale3d scale_;

@@ -14,7 +14,8 @@ public:
 
     /// Appends a free entity: the database owns it from then on, gives it an id and the defaults
     /// still unset, and leaves it open for write: close it. Refused, and still the caller's:
-    /// eNullObjectPtr, eAlreadyInDb, eNotInDatabase (this block is in no database).
+    /// eNullObjectPtr, eAlreadyInDb, eNotInDatabase (this block is in no database), eNullObjectId
+    /// (a block reference without a definition).
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
     /// Ids in drawing order, erased ones too.
@@ -23,6 +24,8 @@ public:
     bool isAnonymous() const { return anonymous_; }
     /// True for model space and the paper spaces.
     bool isLayout() const { return !layoutId_.isNull(); }
+    /// The copy lists the entities of the source, where they stay.
+    std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>

@@ -35,9 +35,11 @@ public:
     Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode);
 
     AcDbObjectId clayer() const { return header_.CLAYER; }
-    /// eWrongDatabase, eNullObjectId or eNotApplicable (not a layer) leave it as it was.
+    /// eWrongDatabase, eNullObjectId, eWasErased or eNotApplicable (not a layer) leave it as it
+    /// was.
     Acad::ErrorStatus setClayer(AcDbObjectId layer);
     AcDbObjectId textstyle() const { return header_.TEXTSTYLE; }
+    /// Likewise.
     Acad::ErrorStatus setTextstyle(AcDbObjectId style);
     AcDbObjectId continuousLinetype() const { return header_.LTYPE_CONTINUOUS; }
     AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
@@ -49,9 +51,10 @@ public:
     /// is read at once and closed. eFileNotFound, eFileAccessErr, eNotADrawing, eDwgVersionRefused,
     /// eFileInternalErr; the database is then empty and lastFileError() names file and reason.
     Acad::ErrorStatus readDwgFile(const char* fileName, int shareMode = 0);
-    /// Copies the model space of `source` into a new block definition, with the layers, styles, line
-    /// types and nested blocks it uses; where a name exists here, this drawing's definition wins.
-    /// A block of that name is not made twice: its id is returned. eNoDatabase for an empty source.
+    /// Copies the model space of `source` into a new block definition, with the layers, styles,
+    /// line types and nested blocks it uses; where a name exists here, this drawing's definition
+    /// wins. A block of that name is not made twice: its id is returned. eNoDatabase for an empty
+    /// source.
     Acad::ErrorStatus insert(AcDbObjectId& blockId, const char* blockName, AcDbDatabase* source,
                              bool preserveSourceDatabase = true);
 
@@ -63,7 +66,7 @@ public:
     bool isModified() const { return modified_; }
     void setModified(bool modified) { modified_ = modified; }
 
-    /// The id of a handle; null when the drawing knows no such handle.
+    /// The id of a handle; null, and eKeyNotFound, when the drawing knows no such handle.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, AcDbHandle handle) const;
 
     // For the layer's own rooms.
@@ -71,15 +74,17 @@ public:
     HeaderVariables& header() { return header_; }
     /// Takes ownership, gives a fresh handle, leaves the object closed.
     AcDbObjectId addObject(std::unique_ptr<AcDbObject> object, AcDbObjectId owner);
-    /// The entry of a handle, made when missing; the object may come later.
+    /// The entry of a handle, made when missing; the object may come later. Null for handle 0.
     AcDbObjectId idOfHandle(AcDbHandle handle);
-    /// Puts an object read from a file behind its entry.
+    /// Puts an object read from a file, all its fields set, behind its entry.
     void placeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> object);
     /// Every entry in handle order of creation, those without an object too.
     const std::deque<AcDbStub>& entries() const { return stubs_; }
     std::deque<AcDbStub>& entries() { return stubs_; }
     /// The object behind an id without opening it; null when there is none.
-    static AcDbObject* objectOf(AcDbObjectId id) { return id.isNull() ? nullptr : id.stub()->object.get(); }
+    static AcDbObject* objectOf(AcDbObjectId id) {
+        return id.isNull() ? nullptr : id.stub()->object.get();
+    }
     /// Parts of the file that are kept as they were read; null for a new drawing.
     DwgFileRemains* fileRemains() const { return remains_.get(); }
     void setFileRemains(std::shared_ptr<DwgFileRemains> remains) { remains_ = std::move(remains); }
@@ -89,10 +94,16 @@ public:
 private:
     friend class AcDbBlockTableRecord;
     friend class AcDbSymbolTable;
+    class DefaultDrawing;
     void buildDefaultDrawing();
+    Acad::ErrorStatus readFileAt(const std::string& path);
 
-    std::deque<AcDbStub> stubs_;  // a deque: ids point at its entries
-    std::unordered_map<AcDbHandle, AcDbStub*> byHandle_;
+    AcDbStub* find(AcDbHandle handle) const;
+    Acad::ErrorStatus makeCurrent(AcDbObjectId& current, AcDbObjectId id, const AcRxClass* kind);
+
+    mutable std::deque<AcDbStub> stubs_;  // a deque: ids point at its entries
+    // Of as many entries from the start; the rest is entered when a handle is next asked for.
+    mutable std::unordered_map<AcDbHandle, AcDbStub*> byHandle_;
     HeaderVariables header_;
     std::shared_ptr<DwgFileRemains> remains_;
     std::string fileName_;

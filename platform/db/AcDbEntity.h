@@ -25,6 +25,7 @@ public:
 
     /// Null until set, or until the entity is appended and takes the drawing's current layer.
     AcDbObjectId layerId() const { return layerId_; }
+    /// Both setters: eNullObjectId, or eWrongDatabase when the entity is in another drawing.
     virtual Acad::ErrorStatus setLayer(AcDbObjectId layer, Adesk::Boolean doSubents = true);
     AcDbObjectId linetypeId() const { return linetypeId_; }
     Acad::ErrorStatus setLinetype(AcDbObjectId linetype, Adesk::Boolean doSubents = true);
@@ -48,11 +49,14 @@ public:
     /// Appending calls it.
     virtual void setDatabaseDefaults(AcDbDatabase* database);
 
-    /// Tells the entity's shape to a drawing context. True: nothing depends on the view.
+    /// Tells the entity's shape to a drawing context. True: nothing depends on the view. The
+    /// layer's own entities start with their colour when they are in a drawing; a free one takes
+    /// the traits in force, so that an entity can draw itself by means of others.
     virtual Adesk::Boolean worldDraw(AcGiWorldDraw* context);
     /// Draws the entity for proxy graphics.
     virtual void saveAs(AcGiWorldDraw* context, AcDb::SaveType type);
-    /// eDegenerateGeometry when the entity has no extent of its own. Texts count with the
+    /// Replaces `extents` by the box around what the entity draws. eDegenerateGeometry, and no
+    /// change, when it has no extent of its own. Texts count with the
     /// estimate of width factor × height a character, which is what the layouts count with.
     virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
 
@@ -72,11 +76,15 @@ public:
 protected:
     AcDbEntity() = default;
     AcDbEntity(const AcDbEntity&) = default;
+    void copyCommonData(const AcDbObject& other) override;
+    /// What the layer's own entities start to draw with.
+    void startDrawing(const AcGiWorldDraw& context) const;
 
 private:
     template <class T>
     friend struct DwgFields;
     friend class AcDbDatabase;
+    Acad::ErrorStatus setReference(AcDbObjectId& reference, AcDbObjectId id);
 
     AcCmColor color_;
     AcDbObjectId layerId_;

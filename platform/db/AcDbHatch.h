@@ -14,7 +14,13 @@ public:
 
     enum HatchPatternType { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
     /// Bits of a loop's type.
-    enum HatchLoopType { kDefault = 0, kExternal = 1, kPolyline = 2, kDerived = 4, kOutermost = 16 };
+    enum HatchLoopType {
+        kDefault = 0,
+        kExternal = 1,
+        kPolyline = 2,
+        kDerived = 4,
+        kOutermost = 16
+    };
 
     struct LineEdge {
         AcGePoint2d start;
@@ -86,12 +92,18 @@ public:
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>
     friend struct DwgFields;
+    void drawSolid(const AcGiWorldDraw& context,
+                   const std::vector<std::vector<AcGePoint2d>>& outlines) const;
+    void drawPattern(const AcGiWorldDraw& context,
+                     const std::vector<std::vector<AcGePoint2d>>& outlines) const;
+
     double elevation_ = 0.0;
     AcGeVector3d normal_ = AcGeVector3d::kZAxis;
     std::string patternName_;

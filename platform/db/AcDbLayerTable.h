@@ -16,11 +16,14 @@ public:
     AcCmColor color() const { return color_; }
     void setColor(const AcCmColor& color);
     AcDbObjectId linetypeObjectId() const { return linetypeId_; }
+    std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>
     friend struct DwgFields;
     friend class AcDbDatabase;
+    void takeDefaults(const AcDbDatabase& database) override;
+
     bool off_ = false;
     bool frozen_ = false;
     bool frozenInNewViewports_ = false;

@@ -30,7 +30,7 @@ struct AcDbObjectFileData {
 class AcDbObject : public AcRxObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbObject);
-    ~AcDbObject() override;
+    ~AcDbObject() override = default;
 
     /// Null until the object is in a database.
     AcDbObjectId objectId() const;
@@ -63,17 +63,21 @@ public:
     /// in common is filed by the drawing file itself.
     virtual Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer);
     virtual Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const;
-    /// A free copy of the object; its references still name the source's objects. Null when the
-    /// class cannot be made.
+    /// A free copy of the object; its references, reactors among them, still name the source's
+    /// objects, but it has no owner and no extension dictionary. Null when the class cannot be
+    /// made. Unless overridden the copy comes from the class record's constructor and gets its
+    /// fields by filing; the object must be open for read.
     virtual std::unique_ptr<AcDbObject> clone() const;
 
     AcDbObjectFileData& fileData() { return fileData_; }
     const AcDbObjectFileData& fileData() const { return fileData_; }
 
 protected:
-    AcDbObject();
+    AcDbObject() = default;
     AcDbObject(const AcDbObject& other);
     AcDbObject& operator=(const AcDbObject&) = delete;
+    /// Takes over what is not filed by dwgOutFields; `other` is of the same class.
+    virtual void copyCommonData(const AcDbObject& other);
 
 private:
     friend class AcDbDatabase;

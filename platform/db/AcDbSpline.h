@@ -36,6 +36,9 @@ public:
 private:
     template <class T>
     friend struct DwgFields;
+    const AcGeCubicSplineCurve3d& curve() const;
+    Acad::ErrorStatus checkCurve() const;
+
     int degree_ = 3;
     double fitTolerance_ = 0.0;
     AcGeVector3d startTangent_;
@@ -49,5 +52,6 @@ private:
     std::vector<double> knots_;
     std::vector<AcGePoint3d> controlPoints_;
     std::vector<double> weights_;
-    AcGeCubicSplineCurve3d curve_;  ///< of the fit points
+    /// Of the fit points; made when first needed, since files bring the points only.
+    mutable AcGeCubicSplineCurve3d curve_;
 };

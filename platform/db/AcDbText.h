@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/db/AcDbEntity.h"
+#include "platform/gi/AcGiTextStyle.h"
 
 /// One line of text (GBK), in world coordinates for the normal (0, 0, 1).
 class AcDbText : public AcDbEntity {
@@ -10,8 +11,8 @@ public:
     ACRX_DECLARE_MEMBERS(AcDbText);
     AcDbText() = default;
     /// A null style is resolved to the drawing's current text style when the text is appended.
-    AcDbText(const AcGePoint3d& position, const char* text, AcDbObjectId style = AcDbObjectId::kNull,
-             double height = 0.0, double rotation = 0.0);
+    AcDbText(const AcGePoint3d& position, const char* text,
+             AcDbObjectId style = AcDbObjectId::kNull, double height = 0.0, double rotation = 0.0);
 
     AcGePoint3d position() const { return position_; }
     Acad::ErrorStatus setPosition(const AcGePoint3d& position);
@@ -34,12 +35,16 @@ public:
     void setDatabaseDefaults(AcDbDatabase* database) override;
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    /// eNotApplicable for maps that do not scale the text's plane evenly. A mirrored text stands in
+    /// the image of its frame and stays readable.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>
     friend struct DwgFields;
+    AcGiTextStyle drawingStyle() const;
+
     AcGePoint3d position_;
     AcGePoint3d alignment_;
     std::string text_;

@@ -16,6 +16,7 @@ public:
     double textSize() const { return textSize_; }
     double xScale() const { return xScale_; }
     double obliquingAngle() const { return obliquingAngle_; }
+    std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>

@@ -17,5 +17,12 @@ public:
     virtual void abortRead(AcDbDatabase* database);
 };
 
+/// A reactor hears from then on, once however often it is added. Null is ignored.
 void acrxAddEventReactor(AcRxEventReactor* reactor);
+/// A reactor may remove itself or others while it is told something.
 void acrxRemoveEventReactor(AcRxEventReactor* reactor);
+
+/// Tell every reactor, in the order they were added.
+void acrxTellSaveComplete(AcDbDatabase* database, const char* path);
+void acrxTellAbortSave(AcDbDatabase* database);
+void acrxTellAbortRead(AcDbDatabase* database);
