@@ -24,6 +24,7 @@ public:
 private:
     template <class T>
     friend struct DwgFields;
+    friend class AcDbDatabase;
     std::vector<Entry> entries_;
     Adesk::Int16 cloning_ = 1;  ///< what happens to entries whose name is taken when merging
     std::uint8_t hardOwner_ = 0;
@@ -36,10 +37,11 @@ public:
     AcDbDictionaryWithDefault() = default;
 
     AcDbObjectId defaultId() const { return default_; }
-    void setDefaultId(AcDbObjectId id) { default_ = id; }
 
 private:
     template <class T>
     friend struct DwgFields;
+    friend class AcDbDatabase;
+    friend class AcDbDatabase;
     AcDbObjectId default_;
 };

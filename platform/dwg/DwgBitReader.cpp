@@ -6,11 +6,6 @@
 
 AcDbHandle DwgFileHandle::resolved(AcDbHandle holder) const {
     switch (code) {
-        case 2:
-        case 3:
-        case 4:
-        case 5:
-            return value;
         case 6:
             return holder + 1;
         case 8:
@@ -20,7 +15,7 @@ AcDbHandle DwgFileHandle::resolved(AcDbHandle holder) const {
         case 12:
             return holder - value;
         default:
-            return 0;
+            return value;
     }
 }
 
@@ -103,7 +98,8 @@ double DwgBitReader::doubleWithDefault(double fallback) {
             word = (word & ~kLow) | rawLong();
             break;
         case 0b10:
-            word = (word & ~(kLow | std::uint64_t{0xFFFF} << 32U)) | std::uint64_t{rawShort()} << 32U;
+            word = (word & ~(kLow | std::uint64_t{0xFFFF} << 32U)) | std::uint64_t{rawShort()}
+                                                                         << 32U;
             word |= rawLong();
             break;
         default:

@@ -7,13 +7,12 @@
 
 #include "platform/db/AcDb.h"
 
-/// A handle as it stands in a file: a code and a number. Codes 2 to 5 name the object itself, 6, 8,
-/// 10 and 12 one relative to the object that holds the reference.
+/// A handle as it stands in a file: a code and a number. Codes 6, 8, 10 and 12 count from the
+/// object that holds the reference, with all others the number is the handle.
 struct DwgFileHandle {
     std::uint8_t code = 0;
     AcDbHandle value = 0;
-    /// The handle meant, for a reference held by `holder`; 0 for none. A code of no known meaning
-    /// gives 0 as well.
+    /// The handle meant, for a reference held by `holder`; 0 for none.
     AcDbHandle resolved(AcDbHandle holder) const;
 };
 

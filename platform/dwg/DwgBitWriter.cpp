@@ -124,7 +124,9 @@ void DwgBitWriter::truncate(std::size_t bitPosition) {
     pending_ = word;
 }
 
-std::span<const std::uint8_t> DwgBitWriter::view() { return editableView(); }
+std::span<const std::uint8_t> DwgBitWriter::view() {
+    return editableView();
+}
 
 std::span<std::uint8_t> DwgBitWriter::editableView() {
     if (used_ + 4 > capacity_) {
@@ -145,8 +147,8 @@ void PatchRawLong(std::span<std::uint8_t> bytes, std::size_t bitPosition, std::u
         const unsigned shift = bitPosition % 8;
         bytes[at] = static_cast<std::uint8_t>((bytes[at] & ~(0xFFU >> shift)) | byte >> shift);
         if (shift > 0) {
-            bytes[at + 1] = static_cast<std::uint8_t>((bytes[at + 1] & (0xFFU >> shift)) |
-                                                      byte << (8 - shift));
+            bytes[at + 1] =
+                static_cast<std::uint8_t>((bytes[at + 1] & (0xFFU >> shift)) | byte << (8 - shift));
         }
     }
 }

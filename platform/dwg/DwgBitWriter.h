@@ -76,9 +76,9 @@ private:
 
     std::unique_ptr<std::uint8_t[]> memory_;
     std::size_t capacity_ = 0;
-    std::size_t used_ = 0;        // bytes in memory, a multiple of 4 between calls
-    std::uint64_t pending_ = 0;   // the lowest pendingBits_ bits are still to be stored
-    unsigned pendingBits_ = 0;    // below 32 between calls
+    std::size_t used_ = 0;       // bytes in memory, a multiple of 4 between calls
+    std::uint64_t pending_ = 0;  // the lowest pendingBits_ bits are still to be stored
+    unsigned pendingBits_ = 0;   // below 32 between calls
 };
 
 /// Overwrites the 32-bit little-endian value that starts at a bit position.

@@ -37,9 +37,9 @@ std::uint16_t Crc(const std::uint8_t* bytes, std::size_t count, std::uint16_t se
     for (; count >= kSlices; bytes += kSlices, count -= kSlices) {
         const unsigned first = bytes[0] ^ (crc & 0xFFU);
         const unsigned second = bytes[1] ^ (crc >> 8U);
-        crc = kTables[7][first] ^ kTables[6][second] ^ kTables[5][bytes[2]] ^
-              kTables[4][bytes[3]] ^ kTables[3][bytes[4]] ^ kTables[2][bytes[5]] ^
-              kTables[1][bytes[6]] ^ kTables[0][bytes[7]];
+        crc = kTables[7][first] ^ kTables[6][second] ^ kTables[5][bytes[2]] ^ kTables[4][bytes[3]] ^
+              kTables[3][bytes[4]] ^ kTables[2][bytes[5]] ^ kTables[1][bytes[6]] ^
+              kTables[0][bytes[7]];
     }
     for (; count > 0; ++bytes, --count) {
         crc = (crc >> 8U) ^ kTables[0][(crc ^ *bytes) & 0xFFU];

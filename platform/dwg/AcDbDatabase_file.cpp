@@ -1,0 +1,87 @@
+// Drawings from and to files.
+#include <new>
+
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcRxEventReactor.h"
+#include "platform/dwg/DwgFault.h"
+#include "platform/dwg/DwgFileReader.h"
+#include "platform/dwg/DwgFileWriter.h"
+#include "platform/win32/file_replace.h"
+#include "platform/win32/windows_path.h"
+
+namespace {
+
+// The file for a message: as the file system has it, which is UTF-8.
+std::string fault(const std::string& path, const std::string& reason) {
+    return path + ": " + reason;
+}
+
+}  // namespace
+
+Acad::ErrorStatus AcDbDatabase::saveAs(const char* fileName) {
+    if (fileName == nullptr || *fileName == '\0') {
+        return Acad::eInvalidInput;
+    }
+    const std::string path = win32::FileSystemPath(fileName);
+    std::string error;
+    if (header_.BLOCK_CONTROL_OBJECT.isNull()) {
+        error = fault(path, "the drawing is empty and cannot be saved");
+    } else {
+        try {
+            win32::ReplaceFileWhole(path, DwgFileWriter(*this).write(), error);
+        } catch (const DwgFault& reason) {
+            error = fault(path, reason.what());
+        }
+    }
+    lastFileError_ = error;
+    if (!error.empty()) {
+        acrxTellAbortSave(this);
+        return Acad::eFileAccessErr;
+    }
+    fileName_ = fileName;
+    modified_ = false;
+    acrxTellSaveComplete(this, fileName_.c_str());
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabase::readDwgFile(const char* fileName, int /*shareMode*/) {
+    if (fileName == nullptr || *fileName == '\0') {
+        return Acad::eInvalidInput;
+    }
+    if (!stubs_.empty()) {
+        return Acad::eNotApplicable;
+    }
+    const std::string path = win32::FileSystemPath(fileName);
+    const Acad::ErrorStatus status = readFileAt(path);
+    if (status != Acad::eOk) {
+        stubs_.clear();
+        byHandle_.clear();
+        header_ = {};
+        acrxTellAbortRead(this);
+        return status;
+    }
+    fileName_ = fileName;
+    modified_ = false;
+    lastFileError_.clear();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbDatabase::readFileAt(const std::string& path) {
+    std::string content;
+    bool missing = false;
+    if (!win32::ReadFileWhole(path, content, lastFileError_, &missing)) {
+        return missing ? Acad::eFileNotFound : Acad::eFileAccessErr;
+    }
+    try {
+        DwgFileReader reader(*this, std::move(content));
+        reader.read();
+        remains_ = reader.takeRemains();
+        return Acad::eOk;
+    } catch (const DwgFault& reason) {
+        lastFileError_ = fault(path, reason.what());
+        return reason.status();
+    } catch (const std::bad_alloc&) {
+        lastFileError_ = fault(path, "there is not enough memory to read the drawing");
+        return Acad::eFileInternalErr;
+    }
+}

@@ -1,0 +1,225 @@
+#include "platform/dwg/DwgFileReader.h"
+
+#include <algorithm>
+
+#include "platform/dwg/DwgFault.h"
+#include "platform/dwg/crc.h"
+
+namespace {
+
+constexpr std::string_view kVersionPrefix = "AC";
+constexpr std::size_t kVersionLength = 6;
+
+// Text for a message: bytes that are no letters or digits are left out.
+std::string readable(std::string_view text) {
+    std::string result;
+    std::copy_if(text.begin(), text.end(), std::back_inserter(result), [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+               c == '.';
+    });
+    return result;
+}
+
+}  // namespace
+
+DwgFileReader::DwgFileReader(AcDbDatabase& database, std::string file)
+    : database_(database), remains_(std::make_shared<DwgFileRemains>()), file_(remains_->file) {
+    remains_->file = std::move(file);
+}
+
+void DwgFileReader::read() {
+    readHead();
+    readAuxiliaryHeader();
+    readPreview();
+    readVariables();
+    readClasses();
+    readTemplate();
+    readObjects();
+    requireFoundations();
+    linkBlocks();
+    checkSecondHeader();
+    if (file_.size() > end_) {
+        throw DwgFault(std::to_string(file_.size() - end_) +
+                       " bytes follow the end of the drawing");
+    }
+}
+
+void DwgFileReader::readHead() {
+    const std::string_view version = std::string_view(file_).substr(0, kVersionLength);
+    if (version != dwg::kVersion) {
+        if (version.size() < kVersionLength || !version.starts_with(kVersionPrefix)) {
+            throw DwgFault(Acad::eNotADrawing, "the file is not a drawing");
+        }
+        throw DwgFault(Acad::eDwgVersionRefused, "drawings of version " + readable(version) +
+                                                     " are not read, only " +
+                                                     std::string(dwg::kVersion));
+    }
+    bytesAt(0, dwg::kLocatorsPosition, "head");
+    const std::size_t count = dwg::LongAt(file_, dwg::kSectionCountPosition);
+    constexpr std::size_t kMostSections = 100;
+    if (count > kMostSections) {
+        throw DwgFault("the head has " + std::to_string(count) + " sections");
+    }
+    const std::size_t crcPosition = dwg::kLocatorsPosition + count * dwg::kLocatorSize;
+    const std::size_t markPosition = crcPosition + dwg::kCrcSize;
+    bytesAt(0, markPosition + dwg::kHeadEnd.size(), "head");
+    if (dwg::Crc(dwg::BytesOf(file_), crcPosition) != dwg::ShortAt(file_, crcPosition)) {
+        throw DwgFault("the head has a wrong check sum");
+    }
+    if (file_.compare(markPosition, dwg::kHeadEnd.size(), dwg::TextOf(dwg::kHeadEnd)) != 0) {
+        throw DwgFault("the head does not end with its mark");
+    }
+    const std::uint8_t* bytes = dwg::BytesOf(file_);
+    remains_->writer = {bytes[dwg::kMaintenancePosition], bytes[dwg::kProgramPosition],
+                        bytes[dwg::kProgramPosition + 1]};
+    database_.header().DWGCODEPAGE =
+        static_cast<Adesk::Int16>(dwg::ShortAt(file_, dwg::kCodePagePosition));
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t at = dwg::kLocatorsPosition + i * dwg::kLocatorSize;
+        const dwg::SectionLocator located{bytes[at], dwg::LongAt(file_, at + 1),
+                                          dwg::LongAt(file_, at + 5)};
+        const std::string_view content = bytesAt(located.address, located.size, "section");
+        end_ = std::max<std::size_t>(end_, std::size_t{located.address} + located.size);
+        sections_.push_back(located);
+        if (located.number >= dwg::kKnownSections) {
+            remains_->unknownSections.push_back({located.number, std::string(content)});
+        }
+    }
+}
+
+std::string_view DwgFileReader::bytesAt(std::size_t position, std::size_t size,
+                                        const char* name) const {
+    if (position > file_.size() || size > file_.size() - position) {
+        throw DwgFault(std::string("the file ends within its ") + name);
+    }
+    return std::string_view(file_).substr(position, size);
+}
+
+std::string_view DwgFileReader::section(std::uint8_t number) const {
+    const auto found = std::find_if(sections_.begin(), sections_.end(),
+                                    [=](const auto& s) { return s.number == number; });
+    return found == sections_.end() ? std::string_view()
+                                    : std::string_view(file_).substr(found->address, found->size);
+}
+
+std::string_view DwgFileReader::framed(std::uint8_t number, const dwg::Sentinel& begin,
+                                       const char* name) const {
+    constexpr std::size_t kMark = std::tuple_size_v<dwg::Sentinel>;
+    constexpr std::size_t kSize = 4;
+    constexpr std::size_t kFrame = 2 * kMark + kSize + dwg::kCrcSize;
+    const std::string_view whole = section(number);
+    const auto fault = [name](const char* what) {
+        return DwgFault(std::string("the section of the ") + name + what);
+    };
+    if (whole.size() < kFrame || dwg::LongAt(whole, kMark) != whole.size() - kFrame) {
+        throw fault(" has a wrong size");
+    }
+    if (!whole.starts_with(dwg::TextOf(begin)) ||
+        !whole.ends_with(dwg::TextOf(dwg::EndOf(begin)))) {
+        throw fault(" has no marks around it");
+    }
+    const std::size_t crcPosition = whole.size() - kMark - dwg::kCrcSize;
+    if (dwg::Crc(dwg::BytesOf(whole) + kMark, crcPosition - kMark) !=
+        dwg::ShortAt(whole, crcPosition)) {
+        throw fault(" has a wrong check sum");
+    }
+    return whole.substr(kMark + kSize, whole.size() - kFrame);
+}
+
+void DwgFileReader::readAuxiliaryHeader() {
+    remains_->auxiliaryHeader = section(dwg::kAuxiliaryHeader);
+}
+
+void DwgFileReader::readPreview() {
+    constexpr std::size_t kMark = std::tuple_size_v<dwg::Sentinel>;
+    constexpr std::size_t kSize = 4;
+    const std::size_t position = dwg::LongAt(file_, dwg::kPreviewPosition);
+    if (position == 0) {
+        return;
+    }
+    const std::string_view mark = bytesAt(position, kMark + kSize, "preview");
+    const std::size_t size = dwg::LongAt(mark, kMark);
+    const std::string_view whole = bytesAt(position, 2 * kMark + kSize + size, "preview");
+    if (!whole.starts_with(dwg::TextOf(dwg::kPreviewBegin)) ||
+        !whole.ends_with(dwg::TextOf(dwg::EndOf(dwg::kPreviewBegin)))) {
+        throw DwgFault("the preview has no marks around it");
+    }
+    remains_->preview = whole.substr(kMark, kSize + size);
+    end_ = std::max(end_, position + whole.size());
+}
+
+void DwgFileReader::readVariables() {
+    const std::string_view content =
+        framed(dwg::kHeaderVariables, dwg::kVariablesBegin, "header variables");
+    DwgBitReader bits(dwg::BytesOf(content), 0, 8 * content.size());
+    DwgFieldReader fields(bits, bits, database_, 0);
+    HeaderVariables::fields(fields, database_.header());
+    if (!fields.exact()) {
+        throw DwgFault("the header variables cannot be read");
+    }
+}
+
+void DwgFileReader::readClasses() {
+    constexpr std::int16_t kEntity = 0x1F2;
+    constexpr std::size_t kLeastBits = 8;  // what fills up the last byte is less
+    const std::string_view content = framed(dwg::kClasses, dwg::kClassesBegin, "classes");
+    DwgBitReader bits(dwg::BytesOf(content), 0, 8 * content.size());
+    std::int16_t number = DwgClassTable::kFirstNumber;
+    while (bits.remaining() >= kLeastBits) {
+        auto fileClass = std::make_shared<AcDbFileClass>();
+        const std::int16_t itsNumber = bits.bitShort();
+        fileClass->proxyFlags = bits.bitShort();
+        bits.text(fileClass->appName);
+        bits.text(fileClass->className);
+        bits.text(fileClass->dxfName);
+        fileClass->wasProxy = bits.bit();
+        fileClass->isEntity = bits.bitShort() == kEntity;
+        if (bits.failed() || itsNumber != number) {
+            throw DwgFault("the list of classes is damaged after class " +
+                           std::to_string(number - 1));
+        }
+        ++number;
+        state_.classes.add(std::move(fileClass));
+    }
+    remains_->classes = state_.classes.classes();
+}
+
+void DwgFileReader::readTemplate() {
+    const std::string_view content = section(dwg::kTemplate);
+    if (content.empty()) {
+        return;
+    }
+    const std::size_t length = content.size() < 4 ? 0 : dwg::ShortAt(content, 0);
+    if (content.size() != length + 4) {
+        throw DwgFault("the section of the template has a wrong size");
+    }
+    remains_->templateName = content.substr(2, length);
+    database_.header().MEASUREMENT = static_cast<Adesk::Int16>(dwg::ShortAt(content, 2 + length));
+}
+
+std::size_t DwgFileReader::mapEnd() const {
+    const std::string_view map = section(dwg::kObjectMap);
+    return static_cast<std::size_t>(map.data() - file_.data()) + map.size();
+}
+
+void DwgFileReader::checkSecondHeader() {
+    constexpr std::size_t kMark = std::tuple_size_v<dwg::Sentinel>;
+    constexpr std::size_t kAfterCrc = 8;
+    // It is located by nothing but its mark, behind the map and what may follow it.
+    const std::size_t position = file_.find(dwg::TextOf(dwg::kSecondHeaderBegin), mapEnd());
+    if (position == std::string::npos) {
+        throw DwgFault("the second header is missing");
+    }
+    const std::size_t size = dwg::LongAt(bytesAt(position, kMark + 4, "second header"), kMark);
+    const std::string_view whole = bytesAt(position, 2 * kMark + size, "second header");
+    const std::string_view content = whole.substr(kMark, size);
+    if (size < kAfterCrc + dwg::kCrcSize + 4 ||
+        !whole.ends_with(dwg::TextOf(dwg::EndOf(dwg::kSecondHeaderBegin)))) {
+        throw DwgFault("the second header does not end with its mark");
+    }
+    const std::size_t crcPosition = size - kAfterCrc - dwg::kCrcSize;
+    if (dwg::Crc(dwg::BytesOf(content), crcPosition) != dwg::ShortAt(content, crcPosition)) {
+        throw DwgFault("the second header has a wrong check sum");
+    }
+    end_ = std::max(end_, position + whole.size());
+}

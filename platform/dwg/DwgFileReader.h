@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbKeptObject.h"
+#include "platform/dwg/DwgFileRemains.h"
+#include "platform/dwg/DwgObjectReader.h"
+#include "platform/dwg/file_layout.h"
+
+/// Reads an AC1015 file into an empty database. Everything the file says of sizes and places is
+/// checked, every check sum compared; whatever is wrong throws DwgFault.
+class DwgFileReader {
+public:
+    DwgFileReader(AcDbDatabase& database, std::string file);
+
+    void read();
+    /// What the drawing keeps of the file; after reading.
+    std::shared_ptr<DwgFileRemains> takeRemains() { return std::move(remains_); }
+
+private:
+    /// An object's bits, and what its head says.
+    struct ObjectSource {
+        AcDbHandle handle = 0;
+        std::uint16_t type = 0;
+        DwgBitReader data;
+        DwgBitReader handles;
+    };
+
+    void readHead();
+    void readPreview();
+    void readAuxiliaryHeader();
+    void readVariables();
+    void readClasses();
+    void readTemplate();
+    void checkSecondHeader();
+    void readObjects();
+    void readObject(AcDbHandle handle, std::size_t position);
+    ObjectSource sourceOf(AcDbHandle handle, std::size_t position) const;
+    std::unique_ptr<AcDbObject> readKnown(ObjectSource source);
+    std::unique_ptr<AcDbObject> readCustom(const DwgClassTable::ClassPtr& fileClass,
+                                           ObjectSource source);
+    std::unique_ptr<AcDbObject> readKept(ObjectSource source);
+    void requireFoundations() const;
+    /// Finds every block's entities by following the links from the first to the last.
+    void linkBlocks();
+    void noteLinks(AcDbHandle handle, const DwgEntityLinks& links);
+
+    /// The bytes of a section, which may be missing.
+    std::string_view section(std::uint8_t number) const;
+    /// What stands between the marks, without size and check sum.
+    std::string_view framed(std::uint8_t number, const dwg::Sentinel& begin,
+                            const char* name) const;
+    std::size_t mapEnd() const;
+    std::string_view bytesAt(std::size_t position, std::size_t size, const char* name) const;
+
+    AcDbDatabase& database_;
+    std::shared_ptr<DwgFileRemains> remains_;
+    const std::string& file_;  // of the remains
+    std::vector<dwg::SectionLocator> sections_;
+    std::size_t end_ = 0;  // of all that has been found
+    DwgReadState state_;
+};

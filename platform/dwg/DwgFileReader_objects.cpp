@@ -1,0 +1,168 @@
+// The objects of a drawing file.
+#include "platform/db/AcDbKeptEntity.h"
+#include "platform/dwg/DwgCodec.h"
+#include "platform/dwg/DwgCustomObjects.h"
+#include "platform/dwg/DwgFault.h"
+#include "platform/dwg/DwgFileReader.h"
+#include "platform/dwg/codec/kept_fields.h"
+#include "platform/dwg/crc.h"
+#include "platform/dwg/object_map.h"
+
+namespace {
+
+DwgFault objectFault(AcDbHandle handle, const char* what) {
+    char text[32];
+    std::snprintf(text, sizeof text, "object %llX ", static_cast<unsigned long long>(handle));
+    return DwgFault(std::string(text) + what);
+}
+
+}  // namespace
+
+void DwgFileReader::readObjects() {
+    const std::vector<dwg::MapEntry> entries = dwg::ReadObjectMap(section(dwg::kObjectMap));
+    state_.links.reserve(entries.size());
+    for (const dwg::MapEntry& entry : entries) {
+        readObject(entry.handle, entry.position);
+    }
+}
+
+DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size_t position) const {
+    const dwg::ObjectFrame frame = dwg::FrameAt(file_, position);
+    if (!frame.fits || position < dwg::kLocatorsPosition) {
+        throw objectFault(handle, "is not within the file");
+    }
+    const std::uint8_t* bytes = dwg::BytesOf(file_) + frame.contentPosition;
+    const std::size_t end = frame.contentPosition + frame.contentSize;
+    ObjectSource source;
+    source.data = DwgBitReader(bytes, 0, 8 * frame.contentSize);
+    source.type = static_cast<std::uint16_t>(source.data.bitShort());
+    const std::size_t valueBits = source.data.rawLong();
+    source.handle = source.data.handle().value;
+    if (source.data.failed() || source.handle != handle) {
+        throw objectFault(handle, "stands elsewhere than the object map says");
+    }
+    if (dwg::Crc(dwg::BytesOf(file_) + position, end - position) != dwg::ShortAt(file_, end)) {
+        throw objectFault(handle, "has a wrong check sum");
+    }
+    if (valueBits < source.data.bitPosition() || valueBits > 8 * frame.contentSize) {
+        throw objectFault(handle, "has a wrong size");
+    }
+    source.data = DwgBitReader(bytes, source.data.bitPosition(), valueBits);
+    source.handles = DwgBitReader(bytes, valueBits, 8 * frame.contentSize);
+    return source;
+}
+
+void DwgFileReader::readObject(AcDbHandle handle, std::size_t position) {
+    const ObjectSource source = sourceOf(handle, position);
+    std::unique_ptr<AcDbObject> object = readKnown(source);
+    if (object == nullptr) {
+        object = readKept(source);
+    }
+    const AcDbObjectId id = database_.idOfHandle(handle);
+    id.stub()->filePosition = static_cast<std::uint32_t>(position);
+    database_.placeObject(id, std::move(object));
+}
+
+// Null for an object that is to be kept as it is.
+std::unique_ptr<AcDbObject> DwgFileReader::readKnown(ObjectSource source) {
+    const DwgCodec* codec = FindCodec(source.type);
+    if (source.type >= DwgClassTable::kFirstNumber) {
+        const DwgClassTable::ClassPtr fileClass = state_.classes.at(source.type);
+        if (fileClass == nullptr) {
+            throw objectFault(source.handle, "is of a class that the file does not list");
+        }
+        codec = FindCodec(std::string_view(fileClass->dxfName));
+        if (codec == nullptr) {
+            return readCustom(fileClass, source);
+        }
+    }
+    if (codec == nullptr) {
+        return nullptr;
+    }
+    std::unique_ptr<AcDbObject> object = codec->make();
+    DwgObjectReader reader(source.data, source.handles, database_, state_, source.handle);
+    const std::size_t chains = state_.chains.size();
+    reader.extendedData(*object);
+    std::vector<std::uint8_t> graphics;
+    DwgEntityLinks links;
+    if (codec->isEntity) {
+        reader.entityHead(static_cast<AcDbEntity&>(*object), graphics, links);
+    } else {
+        reader.objectHead(*object);
+    }
+    codec->read(reader, *object);
+    if (!reader.exact() || !reader.atEnd() || !graphics.empty()) {
+        state_.chains.resize(chains);
+        return nullptr;
+    }
+    if (codec->isEntity) {
+        noteLinks(source.handle, links);
+    }
+    return object;
+}
+
+std::unique_ptr<AcDbObject> DwgFileReader::readCustom(const DwgClassTable::ClassPtr& fileClass,
+                                                      ObjectSource source) {
+    std::unique_ptr<AcDbObject> object = MakeCustomObject(*fileClass);
+    if (object == nullptr) {
+        return nullptr;
+    }
+    DwgObjectReader reader(source.data, source.handles, database_, state_, source.handle);
+    reader.extendedData(*object);
+    if (fileClass->isEntity) {
+        std::vector<std::uint8_t> graphics;  // made anew when the entity is written
+        DwgEntityLinks links;
+        reader.entityHead(static_cast<AcDbEntity&>(*object), graphics, links);
+        noteLinks(source.handle, links);
+    } else {
+        reader.objectHead(*object);
+    }
+    if (!reader.exact()) {
+        throw objectFault(source.handle, "cannot be read");
+    }
+    ReadCustomFields(reader, *object);
+    return object;
+}
+
+std::unique_ptr<AcDbObject> DwgFileReader::readKept(ObjectSource source) {
+    AcDbKeptClass keptClass;
+    keptClass.record = state_.classes.at(source.type);
+    keptClass.type = keptClass.record ? 0 : source.type;
+    keptClass.name = keptClass.record ? keptClass.record->className : ClassNameOfType(source.type);
+    DwgObjectReader reader(source.data, source.handles, database_, state_, source.handle);
+    std::unique_ptr<AcDbObject> object;
+    if (keptClass.record ? keptClass.record->isEntity : IsEntityType(source.type)) {
+        auto entity = std::make_unique<AcDbKeptEntity>();
+        std::vector<std::uint8_t> graphics;
+        DwgEntityLinks links;
+        reader.extendedData(*entity);
+        reader.entityHead(*entity, graphics, links);
+        noteLinks(source.handle, links);
+        using Fields = DwgFields<AcDbKeptEntity>;
+        Fields::setLinks(*entity, links);
+        Fields::set(*entity, std::move(keptClass), reader.remainingFields(), std::move(graphics));
+        object = std::move(entity);
+    } else {
+        AcDbKeptObject head;
+        reader.extendedData(head);
+        reader.objectHead(head);
+        auto kept =
+            std::make_unique<AcDbKeptObject>(std::move(keptClass), reader.remainingFields());
+        kept->setOwnerId(head.ownerId());
+        kept->fileData() = head.fileData();
+        for (const AcDbObjectId reactor : head.persistentReactors()) {
+            kept->addPersistentReactor(reactor);
+        }
+        object = std::move(kept);
+    }
+    if (!reader.exact()) {
+        throw objectFault(source.handle, "cannot be read");
+    }
+    return object;
+}
+
+// The links are found again by the entry's index.
+void DwgFileReader::noteLinks(AcDbHandle handle, const DwgEntityLinks& links) {
+    database_.idOfHandle(handle).stub()->index = static_cast<std::uint32_t>(state_.links.size());
+    state_.links.push_back(links);
+}

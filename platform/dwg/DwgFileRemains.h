@@ -1,0 +1,25 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/dwg/DwgClassTable.h"
+
+/// What a drawing that was read keeps of its file, to save it without a loss.
+struct DwgFileRemains {
+    /// A section of a number that has no meaning here.
+    struct Section {
+        std::uint8_t number = 0;
+        std::string bytes;
+    };
+
+    std::string file;                      ///< the whole file; AcDbStub::filePosition counts in it
+    std::array<std::uint8_t, 3> writer{};  ///< maintenance release, program's version and release
+    std::string auxiliaryHeader;           ///< empty for none
+    std::string preview;                   ///< between its sentinels
+    std::string templateName;              ///< the template's description
+    std::vector<DwgClassTable::ClassPtr> classes;
+    std::vector<Section> unknownSections;
+};

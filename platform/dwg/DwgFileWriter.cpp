@@ -1,0 +1,159 @@
+#include "platform/dwg/DwgFileWriter.h"
+
+#include <algorithm>
+
+#include "platform/db/AcDbDictionary.h"
+#include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/drawing_day.h"
+#include "platform/dwg/DwgCodec.h"
+#include "platform/dwg/DwgObjectWriter.h"
+#include "platform/dwg/content_guid.h"
+#include "platform/dwg/crc.h"
+
+namespace {
+
+// A drawing that was made here has nothing left of a file.
+const DwgFileRemains& remainsOf(const AcDbDatabase& database) {
+    static const DwgFileRemains none;
+    const DwgFileRemains* remains = database.fileRemains();
+    return remains != nullptr ? *remains : none;
+}
+
+bool anyErased(const std::vector<AcDbObjectId>& ids) {
+    return std::any_of(ids.begin(), ids.end(), [](AcDbObjectId id) { return id.isErased(); });
+}
+
+// Lists leave erased objects out although nobody has touched the list itself.
+bool listsErased(const AcDbObject& object) {
+    if (object.isKindOf(AcDbSymbolTable::desc())) {
+        return anyErased(static_cast<const AcDbSymbolTable&>(object).records());
+    }
+    if (object.isKindOf(AcDbDictionary::desc())) {
+        const auto& entries = static_cast<const AcDbDictionary&>(object).entries();
+        return std::any_of(entries.begin(), entries.end(),
+                           [](const auto& entry) { return entry.second.isErased(); });
+    }
+    return false;
+}
+
+}  // namespace
+
+DwgFileWriter::DwgFileWriter(AcDbDatabase& database)
+    : database_(database),
+      remains_(remainsOf(database)),
+      plan_(database),
+      classes_(remains_.classes) {
+    database_.header().TDUPDATE = CurrentDrawingDay();
+}
+
+std::string DwgFileWriter::write() {
+    writeObjects();
+    nameVersion();
+    constexpr std::size_t kBesideObjects = 4096;
+    file_.reserve(objects_.size() + remains_.preview.size() + kBesideObjects);
+    appendHead();
+    appendAuxiliaryHeader();
+    appendPreview();
+    appendVariables();
+    appendClasses();
+    appendObjects();
+    appendFreeSpace();
+    appendSecondHeader();
+    appendUnknownSections();
+    appendTemplate();
+    finishHead();
+    return std::move(file_);
+}
+
+void DwgFileWriter::writeObjects() {
+    DwgObjectWriter writer(database_, plan_, classes_);
+    map_.reserve(database_.entries().size());
+    constexpr std::size_t kUsualObjectSize = 80;
+    objects_.reserve(std::max(remains_.file.size(), kUsualObjectSize * map_.capacity()));
+    for (AcDbStub& stub : database_.entries()) {
+        if (plan_.isWritten(stub)) {
+            map_.push_back({stub.handle, static_cast<std::uint32_t>(objects_.size())});
+            mixIntoContentKey(isUntouched(stub) ? copyObject(stub)
+                                                : writer.write(*stub.object, objects_));
+        }
+    }
+    const auto byHandle = [](const dwg::MapEntry& a, const dwg::MapEntry& b) {
+        return a.handle < b.handle;
+    };
+    if (!std::is_sorted(map_.begin(), map_.end(), byHandle)) {
+        std::sort(map_.begin(), map_.end(), byHandle);
+    }
+}
+
+bool DwgFileWriter::isUntouched(const AcDbStub& stub) const {
+    const AcDbObject& object = *stub.object;
+    if (stub.filePosition == 0 || object.isModified() || !plan_.hasLinksOfFile(stub)) {
+        return false;
+    }
+    // Objects of modules file what they hold now; a block lists references made elsewhere.
+    const bool isKept =
+        object.isA() == AcDbKeptEntity::desc() || object.isA() == AcDbKeptObject::desc();
+    return (isKept || FindCodec(object) != nullptr) &&
+           object.isA() != AcDbBlockTableRecord::desc() && !listsErased(object);
+}
+
+std::uint16_t DwgFileWriter::copyObject(const AcDbStub& stub) {
+    const dwg::ObjectFrame frame = dwg::FrameAt(remains_.file, stub.filePosition);
+    const std::size_t end = frame.contentPosition + frame.contentSize;
+    const char* bytes = remains_.file.data();
+    objects_.insert(objects_.end(), bytes + stub.filePosition, bytes + end + dwg::kCrcSize);
+    return dwg::ShortAt(remains_.file, end);
+}
+
+void DwgFileWriter::mixIntoContentKey(std::uint16_t crc) {
+    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15;
+    contentKey_ = (contentKey_ ^ crc) * kFactor;
+    contentKey_ ^= contentKey_ >> 29U;
+}
+
+// The names that tell drawings and their versions apart follow from the content, so that the same
+// drawing makes the same file.
+void DwgFileWriter::nameVersion() {
+    HeaderVariables& header = database_.header();
+    header.VERSIONGUID = dwg::GuidOf(contentKey_);
+    if (header.FINGERPRINTGUID.empty()) {
+        header.FINGERPRINTGUID = header.VERSIONGUID;
+    }
+}
+
+void DwgFileWriter::appendUnknownSections() {
+    for (const DwgFileRemains::Section& section : remains_.unknownSections) {
+        beginSection(section.number);
+        file_ += section.bytes;
+        endSection();
+    }
+}
+
+void DwgFileWriter::appendObjects() {
+    const auto start = static_cast<std::uint32_t>(file_.size());
+    file_.append(reinterpret_cast<const char*>(objects_.data()), objects_.size());
+    for (dwg::MapEntry& entry : map_) {
+        entry.position += start;
+    }
+    beginSection(dwg::kObjectMap);
+    dwg::AppendObjectMap(file_, map_);
+    endSection();
+}
+
+void DwgFileWriter::beginSection(std::uint8_t number) {
+    sections_.push_back({number, static_cast<std::uint32_t>(file_.size()), 0});
+}
+
+void DwgFileWriter::endSection() {
+    sections_.back().size = static_cast<std::uint32_t>(file_.size()) - sections_.back().address;
+}
+
+void DwgFileWriter::appendFramed(const dwg::Sentinel& begin,
+                                 std::span<const std::uint8_t> content) {
+    file_ += dwg::TextOf(begin);
+    const std::size_t start = file_.size();
+    dwg::AppendLong(file_, static_cast<std::uint32_t>(content.size()));
+    file_.append(reinterpret_cast<const char*>(content.data()), content.size());
+    dwg::AppendShort(file_, dwg::Crc(dwg::BytesOf(file_) + start, file_.size() - start));
+    file_ += dwg::TextOf(dwg::EndOf(begin));
+}

@@ -1,0 +1,125 @@
+#include "platform/dwg/DwgSavePlan.h"
+
+#include "platform/db/AcDbBlockBegin.h"
+#include "platform/db/AcDbBlockReference.h"
+#include "platform/dwg/codec/block_record_fields.h"
+
+namespace {
+
+bool isLiving(AcDbObjectId id) {
+    return AcDbDatabase::objectOf(id) != nullptr && !id.isErased();
+}
+bool isNew(AcDbObjectId id) {
+    return id.stub()->filePosition == 0;
+}
+
+// The entities around a block's own are made with the first save: modules know nothing of them.
+void completeBlock(AcDbDatabase& database, AcDbBlockTableRecord& block) {
+    using Fields = DwgFields<AcDbBlockTableRecord>;
+    const auto complete = [&](AcDbObjectId& id, std::unique_ptr<AcDbEntity> entity) {
+        if (id.isNull()) {
+            entity->setDatabaseDefaults(&database);
+            id = database.addObject(std::move(entity), block.objectId());
+        }
+    };
+    complete(Fields::begin(block), std::make_unique<AcDbBlockBegin>(block.name()));
+    complete(Fields::end(block), std::make_unique<AcDbBlockEnd>());
+}
+
+}  // namespace
+
+DwgSavePlan::DwgSavePlan(AcDbDatabase& database) {
+    std::vector<AcDbBlockTableRecord*> blocks;
+    for (const AcDbStub& stub : database.entries()) {
+        if (stub.object && stub.object->isKindOf(AcDbBlockTableRecord::desc())) {
+            blocks.push_back(static_cast<AcDbBlockTableRecord*>(stub.object.get()));
+        }
+    }
+    for (AcDbBlockTableRecord* block : blocks) {
+        if (!block->isErased()) {
+            completeBlock(database, *block);
+        }
+    }
+    std::uint32_t index = 0;
+    for (AcDbStub& stub : database.entries()) {
+        stub.index = index++;
+    }
+    links_.resize(index);
+    marks_.resize(index);
+    for (const AcDbBlockTableRecord* block : blocks) {
+        linkEntities(*block);
+    }
+    collectReferences(database);
+}
+
+void DwgSavePlan::linkEntities(const AcDbBlockTableRecord& block) {
+    AcDbObjectId previous;
+    bool gapBefore = false;  // what stood before in the file is not there any more
+    for (const AcDbObjectId id : block.entityIds()) {
+        std::uint8_t& mark = marks_[id.stub()->index];
+        mark |= kListed;
+        if (block.isErased()) {
+            mark |= kLeftOut;
+        }
+        if (!isLiving(id)) {
+            gapBefore = true;
+            if (!previous.isNull()) {
+                marks_[previous.stub()->index] |= kLinksChanged;
+            }
+            continue;
+        }
+        links_[id.stub()->index].previous = previous;
+        if (gapBefore || isNew(id)) {
+            mark |= kLinksChanged;
+        }
+        if (!previous.isNull()) {
+            links_[previous.stub()->index].next = id;
+            if (isNew(id)) {
+                marks_[previous.stub()->index] |= kLinksChanged;
+            }
+        }
+        previous = id;
+        gapBefore = false;
+    }
+}
+
+void DwgSavePlan::collectReferences(AcDbDatabase& database) {
+    for (AcDbStub& stub : database.entries()) {
+        if (isWritten(stub) && stub.object->isA() == AcDbBlockReference::desc()) {
+            const AcDbObjectId block =
+                static_cast<const AcDbBlockReference&>(*stub.object).blockTableRecord();
+            references_[block.stub()].emplace_back(&stub);
+        }
+    }
+}
+
+bool DwgSavePlan::isWritten(const AcDbStub& stub) const {
+    return stub.object != nullptr && !stub.erased && (marks_[stub.index] & kLeftOut) == 0;
+}
+
+const DwgEntityLinks* DwgSavePlan::linksOf(const AcDbStub& stub) const {
+    return (marks_[stub.index] & kListed) != 0 ? &links_[stub.index] : nullptr;
+}
+
+bool DwgSavePlan::hasLinksOfFile(const AcDbStub& stub) const {
+    return (marks_[stub.index] & kLinksChanged) == 0;
+}
+
+DwgEntityLinks DwgSavePlan::endsOf(const AcDbBlockTableRecord& block) const {
+    DwgEntityLinks ends;
+    const std::vector<AcDbObjectId>& entities = block.entityIds();
+    for (auto id = entities.begin(); id != entities.end() && ends.previous.isNull(); ++id) {
+        ends.previous = isLiving(*id) ? *id : AcDbObjectId::kNull;
+    }
+    for (auto id = entities.rbegin(); id != entities.rend() && ends.next.isNull(); ++id) {
+        ends.next = isLiving(*id) ? *id : AcDbObjectId::kNull;
+    }
+    return ends;
+}
+
+const std::vector<AcDbObjectId>& DwgSavePlan::referencesTo(
+    const AcDbBlockTableRecord& block) const {
+    static const std::vector<AcDbObjectId> none;
+    const auto found = references_.find(block.objectId().stub());
+    return found == references_.end() ? none : found->second;
+}

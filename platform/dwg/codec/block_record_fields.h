@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/dwg/codec/symbol_fields.h"
+
+/// A block definition. Its entities are told by the first and the last of them: each names the
+/// next.
+template <>
+struct DwgFields<AcDbBlockTableRecord> {
+    template <class Visitor, class Object>
+    static void fields(Visitor& v, Object& b) {
+        DwgFields<AcDbSymbolTableRecord>::fields(v, b);
+        v(b.anonymous_, b.hasAttributes_, b.isXref_, b.isOverlay_, b.isXrefLoaded_);
+        v(b.origin_, b.xrefPath_);
+        v.blockReferenceCount(b, b.insertIds_);
+        v(b.description_);
+        v.sizedBytes(b.preview_);
+        v.hardOwners(b.blockBegin_);
+        if (!b.isXref_ && !b.isOverlay_) {
+            v.blockEntities(b, b.entities_);
+        }
+        v.hardOwners(b.blockEnd_);
+        v.blockReferences(b.insertIds_);
+        v.hardPointers(b.layoutId_);
+    }
+
+    static AcDbObjectId& begin(AcDbBlockTableRecord& block) { return block.blockBegin_; }
+    static AcDbObjectId& end(AcDbBlockTableRecord& block) { return block.blockEnd_; }
+    static std::vector<AcDbObjectId>& entities(AcDbBlockTableRecord& block) {
+        return block.entities_;
+    }
+    static void setOrigin(AcDbBlockTableRecord& block, const AcGePoint3d& origin) {
+        block.origin_ = origin;
+    }
+};
