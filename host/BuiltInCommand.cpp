@@ -5,7 +5,8 @@
 namespace host {
 
 const BuiltInCommand* FindBuiltInCommand(const std::string& name) {
-    for (const auto* family : {&DocumentCommands(), &ViewCommands(), &SettingCommands()}) {
+    for (const auto* family : {&DocumentCommands(), &ViewCommands(), &SettingCommands(),
+                               &EditCommands(), &InquiryCommands()}) {
         for (const BuiltInCommand& command : *family) {
             if (strcasecmp(command.name, name.c_str()) == 0) {
                 return &command;

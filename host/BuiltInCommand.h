@@ -29,5 +29,7 @@ const BuiltInCommand* FindBuiltInCommand(const std::string& name);
 const std::vector<BuiltInCommand>& DocumentCommands();
 const std::vector<BuiltInCommand>& ViewCommands();
 const std::vector<BuiltInCommand>& SettingCommands();
+const std::vector<BuiltInCommand>& EditCommands();
+const std::vector<BuiltInCommand>& InquiryCommands();
 
 }  // namespace host

@@ -5,6 +5,7 @@
 
 #include "host/Host.h"
 #include "host/complaint.h"
+#include "host/entity_pick.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/AcEdCommandStack.h"
 #include "platform/ed/AcEditor.h"
@@ -136,10 +137,11 @@ bool CommandInterpreter::RunBuiltIn(const BuiltInCommand& command, CommandInput&
 bool CommandInterpreter::Collect(const BuiltInCommand& command,
                                  BuiltInCommand::Arguments& arguments) {
     while (arguments.size() < command.prompts.size()) {
-        std::optional<std::string> word = Ask(command.prompts[arguments.size()]);
+        const std::string prompt = command.prompts[arguments.size()];
+        std::optional<std::string> word = Ask(("\n" + prompt).c_str());
         if (!word) {
             return Complain(std::string(command.name) + ": cancelled, nothing was given for \"" +
-                            command.prompts[arguments.size()] + "\".");
+                            prompt + "\".");
         }
         arguments.push_back(std::move(*word));
     }
@@ -162,12 +164,18 @@ bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
 }
 
 std::optional<std::string> CommandInterpreter::Ask(const char* prompt) {
-    acutPrintf("\n%s", prompt);
+    acutPrintf("%s", prompt);
     if (input_ == nullptr) {
         return std::nullopt;
     }
     std::optional<std::string> word = input_->Next();
     return word == CommandInput::kCancel ? std::nullopt : word;
+}
+
+bool CommandInterpreter::Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point) {
+    const std::optional<std::string> word = Ask(prompt);
+    AcApDocument* const document = acDocManager->curDocument();
+    return word && document != nullptr && PickEntity(*document, *word, id, point);
 }
 
 }  // namespace host

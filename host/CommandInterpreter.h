@@ -5,6 +5,8 @@
 
 #include "host/BuiltInCommand.h"
 #include "host/CommandInput.h"
+#include "platform/db/AcDbObjectId.h"
+#include "platform/ge/AcGePoint3d.h"
 
 struct AcEdCommand;
 
@@ -29,6 +31,10 @@ public:
     /// The next word of the running command's input, after the prompt was printed; nothing when no
     /// command runs or its input is used up.
     std::optional<std::string> Ask(const char* prompt);
+
+    /// Answers a pick of the running command with the next word of its input. False when it names
+    /// nothing, or there is none.
+    bool Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point);
 
     /// Called after each command of Run, and what it sent, is through.
     void SetAfterCommand(std::function<void()> afterCommand) {

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "platform/ap/AcApDocManager.h"
+#include "platform/ed/entity_selection.h"
 #include "platform/ed/file_search.h"
 #include "platform/rx/AcRxDynamicLinker.h"
 #include "platform/suite/orvik8.h"
@@ -46,6 +47,14 @@ Host::Host()
           return OnMainWindowMessage(message, data);
       })) {
     win32::SetMainWindow(mainWindow_);
+    ed::SetPickSource([this](const char* prompt, AcDbObjectId& id, ads_point point) {
+        AcGePoint3d where;
+        const bool picked = interpreter_.Pick(prompt, id, where);
+        point[0] = where.x;
+        point[1] = where.y;
+        point[2] = where.z;
+        return picked;
+    });
     std::error_code gone;
     win32::WindowsPath(std::filesystem::current_path(gone).string(), startFolder_);
 }
@@ -55,6 +64,7 @@ Host::~Host() {
     for (auto module = modules_.rbegin(); module != modules_.rend(); ++module) {
         acrxDynamicLinker->unloadModule(module->c_str());
     }
+    ed::SetPickSource(nullptr);
     win32::SetMainWindow(nullptr);
     win32::DestroyWindow(mainWindow_);
 }

@@ -1,0 +1,57 @@
+#include "host/entity_pick.h"
+
+#include <charconv>
+
+#include "host/DistanceMeter.h"
+#include "host/complaint.h"
+#include "host/coordinates.h"
+#include "host/model_space.h"
+
+namespace host {
+
+namespace {
+constexpr double kReachPerViewHeight = 0.01;
+
+bool PickHandle(AcDbDatabase& database, const std::string& pick, AcDbObjectId& id) {
+    AcDbHandle handle = 0;
+    const char* const end = pick.data() + pick.size();
+    const auto [stop, fault] = std::from_chars(pick.data() + 1, end, handle, 16);
+    AcDbEntity* entity = nullptr;
+    if (fault != std::errc() || stop != end || database.getAcDbObjectId(id, handle) != Acad::eOk ||
+        acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
+        return Complain("There is no entity " + pick + ".");
+    }
+    entity->close();
+    return true;
+}
+
+bool PickNearest(AcApDocument& document, const AcGePoint3d& point, AcDbObjectId& id) {
+    double nearest = document.view().height * kReachPerViewHeight;
+    id.setNull();
+    ForEachModelSpaceEntity(*document.database(), [&](AcDbEntity& entity) {
+        DistanceMeter meter(point);
+        entity.worldDraw(&meter);
+        if (meter.Distance() <= nearest) {
+            nearest = meter.Distance();
+            id = entity.objectId();
+        }
+    });
+    return !id.isNull();
+}
+}  // namespace
+
+bool PickEntity(AcApDocument& document, const std::string& pick, AcDbObjectId& id,
+                AcGePoint3d& point) {
+    if (pick.starts_with('#')) {
+        point = AcGePoint3d();
+        return PickHandle(*document.database(), pick, id);
+    }
+    const std::optional<AcGePoint3d> where = ParsePoint(pick);
+    if (!where) {
+        return Complain("A pick is x,y or #HANDLE, not \"" + pick + "\".");
+    }
+    point = *where;
+    return PickNearest(document, point, id) || Complain("There is no entity at " + pick + ".");
+}
+
+}  // namespace host
