@@ -29,12 +29,15 @@ DwgFileReader::DwgFileReader(AcDbDatabase& database, std::string file)
 
 void DwgFileReader::read() {
     readHead();
+    readObjectMap();
     readAuxiliaryHeader();
     readPreview();
     readVariables();
     readClasses();
     readTemplate();
-    readObjects();
+    for (const dwg::MapEntry& entry : map_) {
+        readObject(entry.handle, entry.position);
+    }
     requireFoundations();
     linkBlocks();
     checkSecondHeader();
@@ -182,6 +185,7 @@ void DwgFileReader::readClasses() {
         state_.classes.add(std::move(fileClass));
     }
     remains_->classes = state_.classes.classes();
+    remains_->classesContent = content;
 }
 
 void DwgFileReader::readTemplate() {
@@ -195,6 +199,15 @@ void DwgFileReader::readTemplate() {
     }
     remains_->templateName = content.substr(2, length);
     database_.header().MEASUREMENT = static_cast<Adesk::Int16>(dwg::ShortAt(content, 2 + length));
+}
+
+// Before anything that refers to objects, so that the database has its entries in their order.
+void DwgFileReader::readObjectMap() {
+    map_ = dwg::ReadObjectMap(section(dwg::kObjectMap));
+    state_.links.reserve(map_.size());
+    for (const dwg::MapEntry& entry : map_) {
+        database_.idOfHandle(entry.handle);
+    }
 }
 
 std::size_t DwgFileReader::mapEnd() const {

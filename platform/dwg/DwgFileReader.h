@@ -10,6 +10,7 @@
 #include "platform/dwg/DwgFileRemains.h"
 #include "platform/dwg/DwgObjectReader.h"
 #include "platform/dwg/file_layout.h"
+#include "platform/dwg/object_map.h"
 
 /// Reads an AC1015 file into an empty database. Everything the file says of sizes and places is
 /// checked, every check sum compared; whatever is wrong throws DwgFault.
@@ -31,13 +32,13 @@ private:
     };
 
     void readHead();
+    void readObjectMap();
     void readPreview();
     void readAuxiliaryHeader();
     void readVariables();
     void readClasses();
     void readTemplate();
     void checkSecondHeader();
-    void readObjects();
     void readObject(AcDbHandle handle, std::size_t position);
     ObjectSource sourceOf(AcDbHandle handle, std::size_t position) const;
     std::unique_ptr<AcDbObject> readKnown(ObjectSource source);
@@ -61,6 +62,7 @@ private:
     std::shared_ptr<DwgFileRemains> remains_;
     const std::string& file_;  // of the remains
     std::vector<dwg::SectionLocator> sections_;
+    std::vector<dwg::MapEntry> map_;
     std::size_t end_ = 0;  // of all that has been found
     DwgReadState state_;
 };

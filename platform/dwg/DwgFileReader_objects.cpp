@@ -6,7 +6,6 @@
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/codec/kept_fields.h"
 #include "platform/dwg/crc.h"
-#include "platform/dwg/object_map.h"
 
 namespace {
 
@@ -17,14 +16,6 @@ DwgFault objectFault(AcDbHandle handle, const char* what) {
 }
 
 }  // namespace
-
-void DwgFileReader::readObjects() {
-    const std::vector<dwg::MapEntry> entries = dwg::ReadObjectMap(section(dwg::kObjectMap));
-    state_.links.reserve(entries.size());
-    for (const dwg::MapEntry& entry : entries) {
-        readObject(entry.handle, entry.position);
-    }
-}
 
 DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size_t position) const {
     const dwg::ObjectFrame frame = dwg::FrameAt(file_, position);

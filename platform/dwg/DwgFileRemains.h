@@ -21,5 +21,6 @@ struct DwgFileRemains {
     std::string preview;                   ///< between its sentinels
     std::string templateName;              ///< the template's description
     std::vector<DwgClassTable::ClassPtr> classes;
+    std::string classesContent;  ///< the same as the section has them
     std::vector<Section> unknownSections;
 };

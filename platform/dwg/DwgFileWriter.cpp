@@ -19,14 +19,12 @@ const DwgFileRemains& remainsOf(const AcDbDatabase& database) {
     return remains != nullptr ? *remains : none;
 }
 
-bool anyErased(const std::vector<AcDbObjectId>& ids) {
-    return std::any_of(ids.begin(), ids.end(), [](AcDbObjectId id) { return id.isErased(); });
-}
-
 // Lists leave erased objects out although nobody has touched the list itself.
 bool listsErased(const AcDbObject& object) {
     if (object.isKindOf(AcDbSymbolTable::desc())) {
-        return anyErased(static_cast<const AcDbSymbolTable&>(object).records());
+        const auto& records = static_cast<const AcDbSymbolTable&>(object).records();
+        return std::any_of(records.begin(), records.end(),
+                           [](AcDbObjectId id) { return id.isErased(); });
     }
     if (object.isKindOf(AcDbDictionary::desc())) {
         const auto& entries = static_cast<const AcDbDictionary&>(object).entries();
@@ -70,18 +68,20 @@ void DwgFileWriter::writeObjects() {
     map_.reserve(database_.entries().size());
     constexpr std::size_t kUsualObjectSize = 80;
     objects_.reserve(std::max(remains_.file.size(), kUsualObjectSize * map_.capacity()));
+    // In the order of their handles, however the drawing came to be.
+    std::vector<AcDbStub*> written;
+    written.reserve(database_.entries().size());
     for (AcDbStub& stub : database_.entries()) {
         if (plan_.isWritten(stub)) {
-            map_.push_back({stub.handle, static_cast<std::uint32_t>(objects_.size())});
-            mixIntoContentKey(isUntouched(stub) ? copyObject(stub)
-                                                : writer.write(*stub.object, objects_));
+            written.push_back(&stub);
         }
     }
-    const auto byHandle = [](const dwg::MapEntry& a, const dwg::MapEntry& b) {
-        return a.handle < b.handle;
-    };
-    if (!std::is_sorted(map_.begin(), map_.end(), byHandle)) {
-        std::sort(map_.begin(), map_.end(), byHandle);
+    std::sort(written.begin(), written.end(),
+              [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; });
+    for (const AcDbStub* stub : written) {
+        map_.push_back({stub->handle, static_cast<std::uint32_t>(objects_.size())});
+        mixIntoContentKey(isUntouched(*stub) ? copyObject(*stub)
+                                             : writer.write(*stub->object, objects_));
     }
 }
 
@@ -90,11 +90,13 @@ bool DwgFileWriter::isUntouched(const AcDbStub& stub) const {
     if (stub.filePosition == 0 || object.isModified() || !plan_.hasLinksOfFile(stub)) {
         return false;
     }
-    // Objects of modules file what they hold now; a block lists references made elsewhere.
+    if (object.isA() == AcDbBlockTableRecord::desc()) {
+        return plan_.hasListsOfFile(static_cast<const AcDbBlockTableRecord&>(object));
+    }
+    // Objects of modules file what they hold now.
     const bool isKept =
         object.isA() == AcDbKeptEntity::desc() || object.isA() == AcDbKeptObject::desc();
-    return (isKept || FindCodec(object) != nullptr) &&
-           object.isA() != AcDbBlockTableRecord::desc() && !listsErased(object);
+    return (isKept || FindCodec(object) != nullptr) && !listsErased(object);
 }
 
 std::uint16_t DwgFileWriter::copyObject(const AcDbStub& stub) {

@@ -35,6 +35,7 @@ private:
     void appendPreview();
     void appendVariables();
     void appendClasses();
+    DwgBitWriter classBits() const;
     void appendObjects();
     void appendFreeSpace();
     void appendSecondHeader();

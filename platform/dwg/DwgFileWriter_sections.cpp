@@ -123,6 +123,18 @@ void DwgFileWriter::appendVariables() {
 }
 
 void DwgFileWriter::appendClasses() {
+    beginSection(dwg::kClasses);
+    if (!remains_.classes.empty() && classes_.classes().size() == remains_.classes.size()) {
+        const std::string& content = remains_.classesContent;
+        appendFramed(dwg::kClassesBegin, {dwg::BytesOf(content), content.size()});
+    } else {
+        appendFramed(dwg::kClassesBegin, classBits().view());
+    }
+    endSection();
+    dwg::AppendLong(file_, dwg::kBeforeObjects);
+}
+
+DwgBitWriter DwgFileWriter::classBits() const {
     constexpr std::int16_t kEntity = 0x1F2;
     constexpr std::int16_t kObject = 0x1F3;
     DwgBitWriter bits;
@@ -136,10 +148,7 @@ void DwgFileWriter::appendClasses() {
         bits.bit(fileClass->wasProxy);
         bits.bitShort(fileClass->isEntity ? kEntity : kObject);
     }
-    beginSection(dwg::kClasses);
-    appendFramed(dwg::kClassesBegin, bits.view());
-    endSection();
-    dwg::AppendLong(file_, dwg::kBeforeObjects);
+    return bits;
 }
 
 void DwgFileWriter::appendFreeSpace() {

@@ -1,5 +1,7 @@
 #include "platform/dwg/DwgSavePlan.h"
 
+#include <algorithm>
+
 #include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/dwg/codec/block_record_fields.h"
@@ -103,6 +105,15 @@ const DwgEntityLinks* DwgSavePlan::linksOf(const AcDbStub& stub) const {
 
 bool DwgSavePlan::hasLinksOfFile(const AcDbStub& stub) const {
     return (marks_[stub.index] & kLinksChanged) == 0;
+}
+
+bool DwgSavePlan::hasListsOfFile(const AcDbBlockTableRecord& block) const {
+    const auto isOfFile = [](AcDbObjectId id) { return isLiving(id) && !isNew(id); };
+    const std::vector<AcDbObjectId>& listed = DwgFields<AcDbBlockTableRecord>::references(block);
+    const std::vector<AcDbObjectId>& made = referencesTo(block);
+    return std::all_of(block.entityIds().begin(), block.entityIds().end(), isOfFile) &&
+           std::all_of(listed.begin(), listed.end(), isOfFile) &&
+           std::all_of(made.begin(), made.end(), isOfFile);
 }
 
 DwgEntityLinks DwgSavePlan::endsOf(const AcDbBlockTableRecord& block) const {

@@ -25,9 +25,12 @@ public:
     const DwgEntityLinks* linksOf(const AcDbStub& stub) const;
     /// True when the neighbours are those that the file has which the entity was read from.
     bool hasLinksOfFile(const AcDbStub& stub) const;
+    /// True when a block that nobody has touched has the entities and the references that the file
+    /// lists.
+    bool hasListsOfFile(const AcDbBlockTableRecord& block) const;
     /// First and last of the living entities of a block; null for none.
     DwgEntityLinks endsOf(const AcDbBlockTableRecord& block) const;
-    /// References to a block that were made here, in the order of the entries.
+    /// All living references to a block, in the order of the entries.
     const std::vector<AcDbObjectId>& referencesTo(const AcDbBlockTableRecord& block) const;
 
 private:

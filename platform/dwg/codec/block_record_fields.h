@@ -29,6 +29,10 @@ struct DwgFields<AcDbBlockTableRecord> {
     static std::vector<AcDbObjectId>& entities(AcDbBlockTableRecord& block) {
         return block.entities_;
     }
+    /// The references that the file lists which the block was read from.
+    static const std::vector<AcDbObjectId>& references(const AcDbBlockTableRecord& block) {
+        return block.insertIds_;
+    }
     static void setOrigin(AcDbBlockTableRecord& block, const AcGePoint3d& origin) {
         block.origin_ = origin;
     }
