@@ -65,8 +65,6 @@ protected:
     virtual void OnChanged(WindowModel& window, Change change);
 
 private:
-    LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
-
     WindowKind kind_;
     WindowModel* parent_;
     int id_;
