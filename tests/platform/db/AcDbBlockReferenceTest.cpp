@@ -1,0 +1,122 @@
+#include "platform/db/AcDbBlockReference.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <numbers>
+
+#include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbLine.h"
+#include "platform/db/AcDbText.h"
+#include "tests/platform/db/DrawingFixture.h"
+
+namespace {
+
+using testing::ElementsAre;
+constexpr double kQuarter = std::numbers::pi / 2;
+
+class AcDbBlockReferenceTest : public DrawingFixture {
+protected:
+    static std::unique_ptr<AcDbBlockReference> referenceTo(AcDbObjectId block,
+                                                           const AcGePoint3d& position = {},
+                                                           double rotation = 0, double scale = 1) {
+        auto reference = std::make_unique<AcDbBlockReference>(position, block);
+        reference->setRotation(rotation);
+        reference->setScaleFactors({scale, scale, scale});
+        return reference;
+    }
+
+    /// A line from (0, 0) to (1, 0) in a block.
+    void addLine(const char* block, Adesk::UInt16 color = 256,
+                 AcDbObjectId layer = AcDbObjectId::kNull) {
+        auto line = std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0));
+        line->setColorIndex(color);
+        if (!layer.isNull()) {
+            line->setLayer(layer);
+        }
+        append(std::move(line), block);
+    }
+};
+
+TEST_F(AcDbBlockReferenceTest, DrawsTheDefinitionTurnedScaledAndMoved) {
+    const AcDbObjectId frame = addBlock("frame");
+    addLine("frame");
+    append(std::make_unique<AcDbCircle>(AcGePoint3d(2, 0, 0), AcGeVector3d::kZAxis, 0.5), "frame");
+    append(std::make_unique<AcDbText>(AcGePoint3d(0, 1, 0), "A3", AcDbObjectId::kNull, 0.2),
+           "frame");
+    AcDbBlockReference* const reference = append(referenceTo(frame, {10, 20, 0}, kQuarter, 1000));
+    EXPECT_THAT(drawn(reference),
+                ElementsAre("[256] polyline 10,20 10,1020", "circle 10,2020 r 500",
+                            "text A3 at -990,20 towards 90 h 200 w 1 txt,"));
+    AcDbExtents box;
+    AcDbBlockReference* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, reference->objectId(), AcDb::kForWrite), Acad::eOk);
+    EXPECT_EQ(opened->getGeomExtents(box), Acad::eOk);
+    EXPECT_NEAR(box.maxPoint().y, 2520.0, 1e-9);
+    EXPECT_EQ(opened->transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {0, 1, 0})), Acad::eOk);
+    opened->close();
+    EXPECT_THAT(drawn(reference),
+                ElementsAre("[256] polyline -10,20 -10,1020", "circle -10,2020 r 500",
+                            "text A3 at 990,20 towards 90 mirrored h 200 w 1 txt,"));
+}
+
+TEST_F(AcDbBlockReferenceTest, NestedReferencesMultiply) {
+    const AcDbObjectId inner = addBlock("inner");
+    const AcDbObjectId outer = addBlock("outer");
+    addLine("inner");
+    append(referenceTo(inner, {1, 0, 0}, kQuarter, 2), "outer");
+    EXPECT_THAT(drawn(append(referenceTo(outer, {100, 0, 0}, kQuarter, 3))),
+                ElementsAre("[256] polyline 100,3 94,3"));
+}
+
+TEST_F(AcDbBlockReferenceTest, ColoursAndLayersMeanWhatTheyMeanAtTheReference) {
+    const AcDbObjectId block = addBlock("dots");
+    const AcDbObjectId red = addLayer("red", 1);
+    const AcDbObjectId off = addLayer("off", 2, true);
+    addLine("dots", 3);
+    addLine("dots", 0);                        // by block
+    addLine("dots", 256, red);                 // by layer
+    addLine("dots", 256, database_.clayer());  // by layer, on layer "0"
+    addLine("dots", 257, red);
+    addLine("dots", 4, off);
+    auto reference = referenceTo(block);
+    reference->setColorIndex(5);
+    EXPECT_THAT(drawn(append(std::move(reference))),
+                ElementsAre("[3] polyline 0,0 1,0", "[5] polyline 0,0 1,0", "[1] polyline 0,0 1,0",
+                            "[256] polyline 0,0 1,0", "[1] polyline 0,0 1,0"));
+}
+
+TEST_F(AcDbBlockReferenceTest, ADefinitionThatContainsItselfEnds) {
+    const AcDbObjectId a = addBlock("a");
+    const AcDbObjectId b = addBlock("b");
+    addLine("a");
+    append(referenceTo(b, {0, 5, 0}), "a");
+    append(referenceTo(a, {0, 7, 0}), "b");
+    addLine("b");
+    EXPECT_THAT(drawn(append(referenceTo(a))),
+                ElementsAre("[256] polyline 0,0 1,0", "polyline 0,5 1,5"));
+}
+
+TEST_F(AcDbBlockReferenceTest, ErasedEntitiesAreLeftOutOpenOnesDrawn) {
+    const AcDbObjectId block = addBlock("b");
+    AcDbLine* const open =
+        append(std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0)), "b");
+    AcDbLine* const erased =
+        append(std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(2, 0, 0)), "b");
+    AcDbObject* object = nullptr;
+    ASSERT_EQ(acdbOpenObject(object, erased->objectId(), AcDb::kForWrite), Acad::eOk);
+    erased->erase();
+    erased->close();
+    ASSERT_EQ(acdbOpenObject(object, open->objectId(), AcDb::kForWrite), Acad::eOk);
+    EXPECT_THAT(drawn(append(referenceTo(block))), ElementsAre("[256] polyline 0,0 1,0"));
+    EXPECT_TRUE(open->isWriteEnabled());
+    open->close();
+
+    AcDbBlockReference loose;
+    EXPECT_EQ(loose.setBlockTableRecord(AcDbObjectId::kNull), Acad::eNullObjectId);
+    EXPECT_EQ(loose.setBlockTableRecord(database_.clayer()), Acad::eNotApplicable);
+    AcDbExtents box;
+    EXPECT_EQ(loose.getGeomExtents(box), Acad::eDegenerateGeometry);
+}
+
+}  // namespace
