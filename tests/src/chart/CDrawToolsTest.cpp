@@ -40,18 +40,6 @@ TEST(CDrawTools, WithoutTargetTheWorkingDrawingIsMeant) {
     EXPECT_EQ(layer.database(), &working);
 }
 
-TEST(CDrawTools, AnEntityIsAppendedOnce) {
-    AcDbDatabase drawing;
-    const CDrawTools tools;
-    AcDbObjectId id;
-    auto* line = new AcDbLine;
-    EXPECT_EQ(tools.AddToDrawing(&drawing, line, id), 1);
-    EXPECT_EQ(AcDbDatabase::objectOf(id), line);
-    EXPECT_EQ(tools.AddToDrawing(&drawing, line, id), 0);
-    AcDbLine free;
-    EXPECT_EQ(tools.AddToDrawing(nullptr, &free, id), 0);
-}
-
 TEST(CDrawTools, SolidDotsFollowTheirCircle) {
     AcDbDatabase drawing;
     CDrawTools().DrawSolidDot(10, 20, 0.5, 1, &drawing);

@@ -115,7 +115,7 @@ TEST(CKFCurveDrawing, CurveFirstThenLabels) {
     EXPECT_TRUE(curve.worldDraw(&draw));
 
     char polyline[100];
-    std::snprintf(polyline, sizeof polyline, "polyline %.10g,200 to %.10g,150", PointAt(20, 1.0).x,
+    std::snprintf(polyline, sizeof polyline, "polyline %.7g,200 to %.7g,150", PointAt(20, 1.0).x,
                   PointAt(0.02, 0.0).x);
     // d60 1.262, d30 0.159, d10 0.040: Cu 31.55, Cc 0.159² / (0.04 × 1.262) = 0.501
     EXPECT_THAT(draw.calls,
@@ -155,7 +155,7 @@ TEST(CKFCurveDrawing, LabelsByChartType) {
     EXPECT_THAT(DrawnLabels(1, StraightCurve(), 7),
                 ElementsAre("=1.26", "=31.55", "=0.159", "=0.040", "=0.501"));
     EXPECT_THAT(DrawnLabels(2, EndsAt12Percent(), 7),
-                ElementsAre("14.2", "1.26", "0.633", "0.159", "", "", ""));
+                ElementsAre("14.2", "1.26", "0.632", "0.159", "", "", ""));
     EXPECT_THAT(DrawnLabels(0, EndsAt12Percent(), 5),
                 ElementsAre("=1.26", "=", "=0.159", "=", "="));
 }

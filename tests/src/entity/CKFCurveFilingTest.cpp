@@ -104,16 +104,6 @@ TEST_F(CKFCurveFiling, DamagedCountsEndWithTheData) {
     EXPECT_LE(words.size(), 25U);
 }
 
-TEST_F(CKFCurveFiling, ProjectIndexKeepsItsSign) {
-    CKFCurve curve;
-    FillCurve(curve);
-    int index = 0;
-    std::string number;
-    curve.GetProjectKey(index, number);
-    EXPECT_EQ(index, -3);
-    EXPECT_EQ(number, "GC1");
-}
-
 TEST_F(CKFCurveFiling, LayerKeysAreLeadingIntegers) {
     const struct {
         const char* text;
@@ -131,15 +121,6 @@ TEST_F(CKFCurveFiling, LayerKeysAreLeadingIntegers) {
         curve.dwgOutFields(&filer);
         EXPECT_EQ(filer.Words().back(), c.filed) << c.text;
     }
-}
-
-TEST_F(CKFCurveFiling, ColourReachesLabelsAndEntity) {
-    CKFCurve curve;
-    EXPECT_EQ(curve.setColorIndex(5, false), Acad::eOk);
-    EXPECT_EQ(curve.colorIndex(), 5);
-    ListFiler filer;
-    curve.dwgOutFields(&filer);
-    EXPECT_EQ(filer.Words().end()[-3], "uint16 5");
 }
 
 TEST(CKFCurveClass, IsRegisteredAtLoadAndGoneAfterUnload) {

@@ -22,7 +22,7 @@ public:
 private:
     static std::string Number(double value) {
         char text[40];
-        std::snprintf(text, sizeof text, "%.10g", value);
+        std::snprintf(text, sizeof text, "%.7g", value);
         return text;
     }
     static std::string Point(const AcGePoint3d& p) { return Number(p.x) + "," + Number(p.y); }
