@@ -156,7 +156,7 @@ HRESULT Rowset::GetData(HROW row, HACCESSOR accessor, void* data) {
     if (FAILED(result)) return result;
     const Accessor* const bound = FindAccessor(accessor);
     if (bound == nullptr) return DB_E_BADACCESSORHANDLE;
-    if (data == nullptr && !bound->Bindings().empty()) return E_INVALIDARG;
+    if (data == nullptr) return E_INVALIDARG;
     result = selection_->Read(row - 1, values_);
     if (FAILED(result)) return result;
     for (const DBBINDING& binding : bound->Bindings()) {
@@ -214,7 +214,7 @@ HRESULT Rowset::SetData(HROW row, HACCESSOR accessor, void* data) {
     if (FAILED(result)) return result;
     const Accessor* const bound = FindAccessor(accessor);
     if (bound == nullptr) return DB_E_BADACCESSORHANDLE;
-    if (data == nullptr && !bound->Bindings().empty()) return E_INVALIDARG;
+    if (data == nullptr) return E_INVALIDARG;
     result = selection_->Read(row - 1, values_);
     if (FAILED(result)) return result;
     Taken taken;
@@ -229,7 +229,7 @@ HRESULT Rowset::InsertRow(HCHAPTER /*chapter*/, HACCESSOR accessor, void* data, 
     if (FAILED(result)) return result;
     const Accessor* const bound = FindAccessor(accessor);
     if (bound == nullptr) return DB_E_BADACCESSORHANDLE;
-    if (data == nullptr && !bound->Bindings().empty()) return E_INVALIDARG;
+    if (data == nullptr) return E_INVALIDARG;
     Taken taken;
     result = Take(*bound, static_cast<std::byte*>(data), false, taken);
     if (FAILED(result)) return result;

@@ -32,8 +32,9 @@ TEST(InitString, IsTakenApart) {
         EXPECT_EQ(error.empty(), c.entries != nullptr);
         if (c.entries == nullptr) continue;
         std::string entries;
-        for (const auto& [keyword, value] : parsed.Entries())
-            entries += keyword + "=" + value + "|";
+        for (const auto& [keyword, value] : parsed.Entries()) {
+            entries.append(keyword).append("=").append(value).append("|");
+        }
         EXPECT_EQ(entries, c.entries);
     }
 }
