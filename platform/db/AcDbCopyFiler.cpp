@@ -1,7 +1,6 @@
 #include "platform/db/AcDbCopyFiler.h"
 
 #include <cstring>
-#include <type_traits>
 
 void AcDbCopyFiler::append(const void* from, std::size_t size) {
     const auto* const first = static_cast<const std::uint8_t*>(from);
@@ -18,21 +17,6 @@ bool AcDbCopyFiler::take(void* to, std::size_t size) {
     }
     position_ += size;
     return true;
-}
-
-template <class T>
-Acad::ErrorStatus AcDbCopyFiler::write(const T& value) {
-    static_assert(std::is_trivially_copyable_v<T>);
-    append(&value, sizeof value);
-    return status_;
-}
-
-template <class T>
-Acad::ErrorStatus AcDbCopyFiler::read(T& value) {
-    if (!take(&value, sizeof value)) {
-        value = T{};
-    }
-    return status_;
 }
 
 Acad::ErrorStatus AcDbCopyFiler::writeString(const char* value) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <type_traits>
 #include <vector>
 
 #include "platform/db/AcDbDwgFiler.h"
@@ -32,9 +33,18 @@ public:
 
 private:
     template <class T>
-    Acad::ErrorStatus read(T& value);
+    Acad::ErrorStatus read(T& value) {
+        if (!take(&value, sizeof value)) {
+            value = T{};
+        }
+        return status_;
+    }
     template <class T>
-    Acad::ErrorStatus write(const T& value);
+    Acad::ErrorStatus write(const T& value) {
+        static_assert(std::is_trivially_copyable_v<T>);
+        append(&value, sizeof value);
+        return status_;
+    }
     bool take(void* to, std::size_t size);
     void append(const void* from, std::size_t size);
 
