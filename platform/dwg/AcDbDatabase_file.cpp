@@ -3,6 +3,7 @@
 
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcRxEventReactor.h"
+#include "platform/dwg/DwgBlockCopier.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/DwgFileWriter.h"
@@ -84,4 +85,24 @@ Acad::ErrorStatus AcDbDatabase::readFileAt(const std::string& path) {
         lastFileError_ = fault(path, "there is not enough memory to read the drawing");
         return Acad::eFileInternalErr;
     }
+}
+
+Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char* blockName,
+                                       AcDbDatabase* source, bool /*preserveSourceDatabase*/) {
+    blockId.setNull();
+    if (source == nullptr || objectOf(source->header_.BLOCK_RECORD_MODEL_SPACE) == nullptr) {
+        return Acad::eNoDatabase;
+    }
+    if (blockName == nullptr || *blockName == '\0' || source == this) {
+        return Acad::eInvalidInput;
+    }
+    AcDbBlockTable* table = nullptr;
+    const Acad::ErrorStatus status = getSymbolTable(table, AcDb::kForRead);
+    if (status != Acad::eOk) {
+        return status;
+    }
+    table->getAt(blockName, blockId);
+    table->close();
+    return blockId.isNull() ? DwgBlockCopier(*this, *source).copyModelSpace(blockName, blockId)
+                            : Acad::eOk;
 }

@@ -119,6 +119,9 @@ void DwgBitReader::text(std::string& text) {
     for (char& c : text) {
         c = static_cast<char>(rawChar());
     }
+    if (!text.empty() && text.back() == '\0') {
+        text.pop_back();
+    }
 }
 
 DwgFileHandle DwgBitReader::handle() {

@@ -47,6 +47,7 @@ public:
     std::int32_t bitLong();
     double bitDouble();
     double doubleWithDefault(double fallback);
+    /// Without the zero byte that some programs count in.
     void text(std::string& text);
     DwgFileHandle handle();
     void bytes(std::size_t count, std::vector<std::uint8_t>& bytes);

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/dwg/codec/symbol_fields.h"
 
@@ -32,6 +35,16 @@ struct DwgFields<AcDbBlockTableRecord> {
     /// The references that the file lists which the block was read from.
     static const std::vector<AcDbObjectId>& references(const AcDbBlockTableRecord& block) {
         return block.insertIds_;
+    }
+    /// A free definition with the same properties and no entities; without a name.
+    static std::unique_ptr<AcDbBlockTableRecord> copyWithoutContent(
+        const AcDbBlockTableRecord& block) {
+        auto copy = std::make_unique<AcDbBlockTableRecord>();
+        copy->origin_ = block.origin_;
+        copy->anonymous_ = block.anonymous_;
+        copy->hasAttributes_ = block.hasAttributes_;
+        copy->description_ = block.description_;
+        return copy;
     }
     static void setOrigin(AcDbBlockTableRecord& block, const AcGePoint3d& origin) {
         block.origin_ = origin;
