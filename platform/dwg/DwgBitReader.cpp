@@ -155,6 +155,10 @@ void DwgBitReader::bitString(std::size_t count, std::vector<std::uint8_t>& bytes
     }
     bytes.resize((count + 7) / 8);
     std::size_t at = 0;
+    for (; count >= 32; count -= 32, at += 4) {
+        const std::uint32_t word = __builtin_bswap32(bits(32));
+        std::memcpy(bytes.data() + at, &word, 4);
+    }
     for (; count >= 8; count -= 8) {
         bytes[at++] = rawChar();
     }

@@ -102,7 +102,7 @@ bool DwgFileWriter::isUntouched(const AcDbStub& stub) const {
 std::uint16_t DwgFileWriter::copyObject(const AcDbStub& stub) {
     const dwg::ObjectFrame frame = dwg::FrameAt(remains_.file, stub.filePosition);
     const std::size_t end = frame.contentPosition + frame.contentSize;
-    const char* bytes = remains_.file.data();
+    const std::uint8_t* bytes = dwg::BytesOf(remains_.file);
     objects_.insert(objects_.end(), bytes + stub.filePosition, bytes + end + dwg::kCrcSize);
     return dwg::ShortAt(remains_.file, end);
 }
