@@ -3,8 +3,10 @@
 #include <cstddef>
 #include <map>
 #include <memory>
+#include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "platform/oledb/Accessor.h"

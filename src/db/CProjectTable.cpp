@@ -93,6 +93,7 @@ std::string CProjectTable::BuildQuery(const std::string& filter) const {
 }
 
 bool CProjectTable::Open(const std::string& statement) {
+    Close();
     if (ProjectSession() == nullptr && !OpenProjectDatabase()) return false;
     command_ = MakeCommand();
     if (command_ == nullptr) return false;

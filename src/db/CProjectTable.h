@@ -8,7 +8,7 @@
 
 /// A query of fixed columns over one table of the project database: a walk over its rows with the
 /// current row in the record, and changes of that row. The six classes differ in statement and
-/// record. An object is opened once and closed by its destructor at the latest.
+/// record. Its destructor closes it at the latest.
 class CProjectTable {
 public:
     CProjectTable(const CProjectTable&) = delete;

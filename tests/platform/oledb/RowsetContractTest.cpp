@@ -220,7 +220,7 @@ TEST_P(RowsetContract, MovesBothWaysAndEndsWithASuccessCode) {
 
 TEST_P(RowsetContract, AChangeReachesExactlyItsRowAtOnce) {
     TestRowset set;
-    OpenPairs(set, "select TEXT, ID, VALUE from T where ID > 0 order by ID;");
+    OpenPairs(set, "select TEXT, ID, VALUE from T where ID > 0 order by 2;");
     database_->Run("INSERT INTO t SELECT * FROM t");  // twins, told apart by nothing
     ASSERT_EQ(set.SetBindings(
                   {Bind(1, DBTYPE_STR, offsetof(Pair, text), 9, offsetof(Pair, textStatus)),

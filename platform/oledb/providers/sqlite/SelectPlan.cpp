@@ -94,9 +94,10 @@ HRESULT SelectPlan::FindKeys(SqliteDatabase& database, const SelectText& text) {
 }
 
 bool SelectPlan::PrepareKeyed(SqliteDatabase& database, const SelectText& text) {
-    const std::string keys = Joined(keys_, ",");
-    const std::string head = std::string("SELECT ") + (text.distinct ? "DISTINCT " : "") + keys +
-                             (keys.empty() ? "" : ",") + text.list + " FROM " + text.from;
+    std::string head = text.distinct ? "SELECT DISTINCT " : "SELECT ";
+    head += text.list;
+    for (const std::string& key : keys_) head += "," + key;
+    head += " FROM " + text.from;
     if (statement_.Prepare(database.Handle(), head + text.tail) != SQLITE_OK) return false;
     hasParameters_ = true;
     if (!keys_.empty()) rowStatement_ = head + " WHERE " + KeyCondition();
@@ -116,6 +117,7 @@ HRESULT SelectPlan::Prepare(SqliteDatabase& database, const SelectText& text) {
     if (!text.fromOneTable || !PrepareKeyed(database, text)) {
         // As it was given: so the library's message is about the text that the caller knows.
         keys_.clear();
+        fromOneTable_ = false;
         const int code = statement_.Prepare(database.Handle(), text.statement);
         if (code != SQLITE_OK) return database.Failure(code, title_);
     }

@@ -11,7 +11,7 @@
 namespace oledb::sqlite {
 
 /// A select prepared so that each row also tells which row of the table it is: the columns of the
-/// row's identity come in front of those asked for.
+/// row's identity come behind those asked for, so that a column's number in ORDER BY stays its own.
 class SelectPlan {
 public:
     HRESULT Prepare(SqliteDatabase& database, const SelectText& text);
@@ -26,8 +26,8 @@ public:
     std::size_t ColumnCount() const { return origins_.size() - keys_.size(); }
     /// Name of the table's column behind a column of the select, or of the identity; empty for a
     /// computed one. Both from 0.
-    const std::string& Origin(std::size_t column) const { return origins_[keys_.size() + column]; }
-    const std::string& KeyOrigin(std::size_t key) const { return origins_[key]; }
+    const std::string& Origin(std::size_t column) const { return origins_[column]; }
+    const std::string& KeyOrigin(std::size_t key) const { return origins_[ColumnCount() + key]; }
     /// For messages.
     const std::string& Title() const { return title_; }
     /// The table's name for other statements.
@@ -47,7 +47,7 @@ private:
     bool hasParameters_ = false;
     bool fromOneTable_ = false;
     std::vector<std::string> keys_;     ///< quoted where they are columns
-    std::vector<std::string> origins_;  ///< of the identity, then of the select
+    std::vector<std::string> origins_;  ///< of the select, then of the identity
     std::string title_;
     std::string table_;
     std::string rowStatement_;

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
-#include <optional>
 #include <system_error>
 
 #include "platform/oledb/providers/sqlite/sql_tokens.h"

@@ -1,7 +1,5 @@
 #include "platform/oledb/providers/sqlite/SqliteSelection.h"
 
-#include <algorithm>
-
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
 
@@ -31,6 +29,13 @@ void SqliteSelection::ReadKnown(std::size_t row, std::vector<Value>& values) con
     }
 }
 
+std::vector<Value> SqliteSelection::Key(std::size_t row) const {
+    std::vector<Value> key;
+    ReadKnown(row, key);
+    key.erase(key.begin(), key.end() - static_cast<std::ptrdiff_t>(plan_->KeyCount()));
+    return key;
+}
+
 HRESULT SqliteSelection::ReadAgain(Changed& changed) {
     std::vector<Value> key;
     changed.row.Read(0, key);
@@ -56,7 +61,7 @@ HRESULT SqliteSelection::Read(std::size_t row, std::vector<Value>& values) {
         if (FAILED(result)) return result;
     }
     ReadKnown(row, values);
-    values.erase(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(plan_->KeyCount()));
+    values.resize(plan_->ColumnCount());
     return S_OK;
 }
 
@@ -103,9 +108,7 @@ HRESULT SqliteSelection::Update(std::size_t row, const std::vector<ColumnValue>&
         parameters.push_back(value.value);
     }
     sql += " WHERE " + plan_->KeyCondition();
-    std::vector<Value> key;
-    ReadKnown(row, key);
-    key.resize(plan_->KeyCount());
+    std::vector<Value> key = Key(row);
     parameters.insert(parameters.end(), key.begin(), key.end());
     result = connection_->Database().ChangeOne(sql, parameters, plan_->Title());
     if (SUCCEEDED(result)) NoteChanged(row, std::move(key), values);
@@ -115,11 +118,9 @@ HRESULT SqliteSelection::Update(std::size_t row, const std::vector<ColumnValue>&
 HRESULT SqliteSelection::Delete(std::size_t row) {
     const HRESULT result = CheckIdentified();
     if (FAILED(result)) return result;
-    std::vector<Value> key;
-    ReadKnown(row, key);
-    key.resize(plan_->KeyCount());
     return connection_->Database().ChangeOne(
-        "DELETE FROM " + plan_->Table() + " WHERE " + plan_->KeyCondition(), key, plan_->Title());
+        "DELETE FROM " + plan_->Table() + " WHERE " + plan_->KeyCondition(), Key(row),
+        plan_->Title());
 }
 
 HRESULT SqliteSelection::Insert(const std::vector<ColumnValue>& values) {

@@ -30,14 +30,15 @@ public:
     HRESULT Insert(const std::vector<ColumnValue>& values) override;
 
 private:
-    /// A row that was changed: its identity, and its values once they were read again.
+    /// A row that was changed: its identity alone, or the whole row once it was read again.
     struct Changed {
         RowBuffer row;
         bool complete = false;
     };
 
-    /// The row as it is known, identity in front.
+    /// The row as it is known, identity at the end.
     void ReadKnown(std::size_t row, std::vector<Value>& values) const;
+    std::vector<Value> Key(std::size_t row) const;
     HRESULT ReadAgain(Changed& changed);
     HRESULT CheckIdentified() const;
     HRESULT CheckColumns(const std::vector<ColumnValue>& values) const;
