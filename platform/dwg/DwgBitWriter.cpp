@@ -114,6 +114,12 @@ void DwgBitWriter::bitString(const std::uint8_t* bytes, std::size_t count) {
 
 void DwgBitWriter::truncate(std::size_t bitPosition) {
     view();
+    setPosition(bitPosition);
+}
+
+// Everything up to the position is in memory; what is beyond the last whole word goes back to the
+// pending bits.
+void DwgBitWriter::setPosition(std::size_t bitPosition) {
     used_ = bitPosition / 32 * 4;
     pendingBits_ = static_cast<unsigned>(bitPosition % 32);
     std::uint32_t word = 0;
@@ -125,10 +131,6 @@ void DwgBitWriter::truncate(std::size_t bitPosition) {
 }
 
 std::span<const std::uint8_t> DwgBitWriter::view() {
-    return editableView();
-}
-
-std::span<std::uint8_t> DwgBitWriter::editableView() {
     if (used_ + 4 > capacity_) {
         grow(4);
     }
@@ -140,15 +142,17 @@ std::span<std::uint8_t> DwgBitWriter::editableView() {
     return {memory_.get(), used_ + (pendingBits_ + 7) / 8};
 }
 
-void PatchRawLong(std::span<std::uint8_t> bytes, std::size_t bitPosition, std::uint32_t value) {
+void DwgBitWriter::amendRawLong(std::size_t bitPosition, std::uint32_t value) {
+    const std::size_t end = this->bitPosition();
+    view();
     for (std::size_t i = 0; i < 4; ++i) {
         const unsigned byte = value >> (8 * i) & 0xFFU;
-        const std::size_t at = bitPosition / 8 + i;
+        std::uint8_t* at = memory_.get() + bitPosition / 8 + i;
         const unsigned shift = bitPosition % 8;
-        bytes[at] = static_cast<std::uint8_t>((bytes[at] & ~(0xFFU >> shift)) | byte >> shift);
+        at[0] = static_cast<std::uint8_t>((at[0] & ~(0xFFU >> shift)) | byte >> shift);
         if (shift > 0) {
-            bytes[at + 1] =
-                static_cast<std::uint8_t>((bytes[at + 1] & (0xFFU >> shift)) | byte << (8 - shift));
+            at[1] = static_cast<std::uint8_t>((at[1] & (0xFFU >> shift)) | byte << (8 - shift));
         }
     }
+    setPosition(end);
 }

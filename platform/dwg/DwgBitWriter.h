@@ -60,8 +60,8 @@ public:
 
     /// All bits so far, the last byte filled up with zeros. Valid until the next call.
     std::span<const std::uint8_t> view();
-    /// The same memory, to be amended where a length is known only afterwards.
-    std::span<std::uint8_t> editableView();
+    /// Overwrites a 32-bit value written before, where it is known only afterwards.
+    void amendRawLong(std::size_t bitPosition, std::uint32_t value);
 
 private:
     void store(std::uint32_t word) {
@@ -73,6 +73,7 @@ private:
         used_ += 4;
     }
     void grow(std::size_t more);
+    void setPosition(std::size_t bitPosition);
 
     std::unique_ptr<std::uint8_t[]> memory_;
     std::size_t capacity_ = 0;
@@ -80,6 +81,3 @@ private:
     std::uint64_t pending_ = 0;  // the lowest pendingBits_ bits are still to be stored
     unsigned pendingBits_ = 0;   // below 32 between calls
 };
-
-/// Overwrites the 32-bit little-endian value that starts at a bit position.
-void PatchRawLong(std::span<std::uint8_t> bytes, std::size_t bitPosition, std::uint32_t value);

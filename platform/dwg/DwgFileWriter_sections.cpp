@@ -199,8 +199,7 @@ void DwgFileWriter::appendSecondHeader() {
 
     constexpr std::size_t kAfterBits = dwg::kCrcSize + 8;
     bits.alignToByte();
-    PatchRawLong(bits.editableView(), 0,
-                 static_cast<std::uint32_t>(bits.view().size() + kAfterBits));
+    bits.amendRawLong(0, static_cast<std::uint32_t>(bits.view().size() + kAfterBits));
     file_ += dwg::TextOf(dwg::kSecondHeaderBegin);
     const auto content = bits.view();
     file_.append(reinterpret_cast<const char*>(content.data()), content.size());

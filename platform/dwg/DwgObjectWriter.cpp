@@ -156,8 +156,8 @@ std::uint16_t DwgObjectWriter::finish(std::vector<std::uint8_t>& file) {
     const std::size_t valueBits = data().bitPosition();
     const std::size_t referenceBits = handles().bitPosition();
     data().bitString(handles().view().data(), referenceBits);
-    const std::span<std::uint8_t> bytes = data().editableView();
-    PatchRawLong(bytes, sizePosition_, static_cast<std::uint32_t>(valueBits));
+    data().amendRawLong(sizePosition_, static_cast<std::uint32_t>(valueBits));
+    const std::span<const std::uint8_t> bytes = data().view();
 
     const std::size_t start = file.size();
     // The size comes in words of 15 bits.
