@@ -61,8 +61,12 @@ bool New(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
     return true;
 }
 
+bool IsPath(const std::string& word) {
+    return !word.empty() || Complain("The name of a drawing is missing.");
+}
+
 bool Open(Host& host, const BuiltInCommand::Arguments& arguments) {
-    if (!CurrentMayBeReplaced()) {
+    if (!IsPath(arguments.front()) || !CurrentMayBeReplaced()) {
         return false;
     }
     // The reason of a failure is printed by whoever reads the file.
@@ -77,7 +81,8 @@ bool QuickSave(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
 }
 
 bool SaveAs(Host& host, const BuiltInCommand::Arguments& arguments) {
-    return Save(*acDocManager->curDocument(), host.ResolvePath(arguments.front()).c_str());
+    return IsPath(arguments.front()) &&
+           Save(*acDocManager->curDocument(), host.ResolvePath(arguments.front()).c_str());
 }
 
 bool Close(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {

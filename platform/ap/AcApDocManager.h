@@ -59,8 +59,8 @@ public:
     Acad::ErrorStatus closeDocument(AcApDocument* document);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
     /// Saves the document's drawing under its name or another (Windows path), which becomes its
-    /// name. eInvalidInput for a drawing that has no name yet; a failed save leaves the reason in
-    /// the database's lastFileError().
+    /// name. eInvalidInput for an empty name, and without one for a drawing that has none yet; a
+    /// failed save leaves the reason in the database's lastFileError().
     Acad::ErrorStatus saveDocument(AcApDocument* document, const char* path = nullptr);
 
     /// Makes a module's resources current until the matching pop.

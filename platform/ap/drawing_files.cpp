@@ -76,7 +76,7 @@ Acad::ErrorStatus AcApDocManager::saveDocument(AcApDocument* document, const cha
     if (!owns(document)) {
         return Acad::eNoDocument;
     }
-    if (path == nullptr && document->isUntitled()) {
+    if (path == nullptr ? document->isUntitled() : *path == '\0') {
         return Acad::eInvalidInput;
     }
     const std::string file = path != nullptr ? WithExtension(path) : document->fileName();

@@ -1,0 +1,234 @@
+#include <cmath>
+
+#include <gmock/gmock.h>
+
+#include "host/model_space.h"
+#include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbPolyline.h"
+#include "platform/db/AcDbText.h"
+#include "platform/ed/system_variables.h"
+#include "tests/host/HostFixture.h"
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+/// A line whose ends can be dragged.
+class GrippedLine : public AcDbLine {
+public:
+    using AcDbLine::AcDbLine;
+    Acad::ErrorStatus getGripPoints(AcGePoint3dArray& grips, AcDbIntArray& /*snapModes*/,
+                                    AcDbIntArray& /*geometryIds*/) const override {
+        grips.append(startPoint());
+        grips.append(endPoint());
+        return Acad::eOk;
+    }
+    Acad::ErrorStatus moveGripPointsAt(const AcDbIntArray& indices,
+                                       const AcGeVector3d& offset) override {
+        for (const int index : indices) {
+            index == 0 ? setStartPoint(startPoint() + offset) : setEndPoint(endPoint() + offset);
+        }
+        return Acad::eOk;
+    }
+};
+
+class BuiltInCommandsTest : public HostFixture {
+protected:
+    ~BuiltInCommandsTest() override { Run("SDI 0\n"); }
+
+    static double Rounded(double value) { return std::round(value * 1e9) / 1e9 + 0.0; }
+
+    /// The lines of the current drawing as "x1,y1 x2,y2", in drawing order.
+    static std::vector<std::string> Lines() {
+        std::vector<std::string> lines;
+        host::ForEachModelSpaceEntity(*Current()->database(), [&](AcDbEntity& entity) {
+            if (entity.isKindOf(AcDbLine::desc())) {
+                const auto& line = static_cast<const AcDbLine&>(entity);
+                char text[100];
+                std::snprintf(text, sizeof text, "%g,%g %g,%g", Rounded(line.startPoint().x),
+                              Rounded(line.startPoint().y), Rounded(line.endPoint().x),
+                              Rounded(line.endPoint().y));
+                lines.emplace_back(text);
+            }
+        });
+        return lines;
+    }
+};
+}  // namespace
+
+TEST_F(BuiltInCommandsTest, ZoomShowsTheExtentsOrTheLimitsAsWell) {
+    DrawLine(100, 50, 300, 150);
+    EXPECT_TRUE(Run("zoom e "));
+    EXPECT_EQ(Current()->view().center.x, 200.0);
+    EXPECT_EQ(Current()->view().center.y, 100.0);
+    EXPECT_EQ(Current()->view().width, 200.0);
+    EXPECT_EQ(Current()->view().height, 100.0);
+    DrawLine(0, -103, 0, 10);
+    EXPECT_TRUE(Run("ZOOM All"));
+    EXPECT_EQ(Current()->view().width, 420.0);
+    EXPECT_EQ(Current()->view().height, 400.0);
+    EXPECT_FALSE(Run("ZOOM X"));
+}
+
+TEST_F(BuiltInCommandsTest, ZoomOfAnEmptyDrawingShowsItsLimits) {
+    Current()->view().width = 1.0;
+    EXPECT_TRUE(Run("ZOOM E"));
+    EXPECT_EQ(Current()->view().width, 420.0);
+    EXPECT_EQ(Current()->view().height, 297.0);
+    EXPECT_EQ(Current()->view().center.x, 210.0);
+}
+
+TEST_F(BuiltInCommandsTest, DrawingsAreSavedAndOpenedAgain) {
+    DrawLine(0, 0, 1, 2);
+    EXPECT_FALSE(Run("QSAVE")) << "no name yet";
+    EXPECT_THAT(printed_, HasSubstr("SAVEAS"));
+    EXPECT_TRUE(Run("SAVEAS \"" + Path("with blank") + "\""));
+    EXPECT_TRUE(std::filesystem::exists(Path("with blank.dwg")));
+    EXPECT_TRUE(Run("QSAVE CLOSE")) << "nothing to ask for";
+    EXPECT_EQ(Current(), nullptr);
+    EXPECT_TRUE(Run("OPEN \"" + Path("with blank.dwg") + "\""));
+    EXPECT_THAT(Lines(), ElementsAre("0,0 1,2"));
+    EXPECT_FALSE(Run("OPEN " + Path("missing.dwg")));
+    EXPECT_THAT(printed_, HasSubstr("missing.dwg"));
+    EXPECT_FALSE(Run("SAVEAS \"\""));
+    EXPECT_FALSE(Run("SAVEAS " + Path("no/folder/x")));
+    EXPECT_THAT(printed_, HasSubstr("no/folder/x"));
+    EXPECT_THAT(windows_.Shown(), testing::IsEmpty());
+}
+
+TEST_F(BuiltInCommandsTest, UnsavedChangesAreAskedFor) {
+    const std::string path = Path("kept.dwg");
+    ASSERT_TRUE(Run("SAVEAS " + path));
+    DrawLine(0, 0, 1, 0);
+    AnswerBox(IDCANCEL);
+    EXPECT_FALSE(Run("CLOSE"));
+    EXPECT_THAT(windows_.Shown().back().text, HasSubstr("kept.dwg"));
+    ASSERT_NE(Current(), nullptr);
+
+    AnswerBox(IDYES);
+    EXPECT_TRUE(Run("CLOSE"));
+    EXPECT_TRUE(Run("OPEN " + path));
+    EXPECT_EQ(Lines().size(), 1U);
+
+    DrawLine(0, 0, 2, 0);
+    AnswerBox(IDNO);
+    EXPECT_TRUE(Run("CLOSE"));
+    EXPECT_TRUE(Run("OPEN " + path));
+    EXPECT_EQ(Lines().size(), 1U);
+}
+
+TEST_F(BuiltInCommandsTest, QuitAsksForEveryChangedDrawingAndStopsTheInput) {
+    DrawLine(0, 0, 1, 0);
+    ASSERT_TRUE(Run("NEW"));
+    DrawLine(0, 0, 1, 0);
+    AnswerBox(IDNO);
+    AnswerBox(IDCANCEL);
+    EXPECT_FALSE(Run("QUIT"));
+    EXPECT_FALSE(host_->IsQuitting());
+    AnswerBox(IDNO);
+    AnswerBox(IDNO);
+    EXPECT_TRUE(Run("QUIT\nNOSUCH\n")) << "what follows is not run";
+    EXPECT_TRUE(host_->IsQuitting());
+}
+
+TEST_F(BuiltInCommandsTest, SdiDecidesWhetherADrawingTakesTheOthersPlace) {
+    ASSERT_TRUE(Run("SAVEAS " + Path("a")));
+    EXPECT_TRUE(Run("NEW"));
+    EXPECT_EQ(acDocManager->documentCount(), 2);
+    EXPECT_TRUE(Run("CLOSE\nSDI 1\nNEW"));
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_TRUE(Current()->isUntitled());
+    DrawLine(0, 0, 1, 0);
+    AnswerBox(IDCANCEL);
+    EXPECT_FALSE(Run("OPEN " + Path("a")));
+    EXPECT_TRUE(Current()->isUntitled());
+    AnswerBox(IDNO);
+    EXPECT_TRUE(Run("OPEN " + Path("a")));
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+    EXPECT_FALSE(Run("SDI 2"));
+}
+
+TEST_F(BuiltInCommandsTest, EntitiesAreTransformed) {
+    struct Case {
+        const char* command;  ///< %s is the pick
+        const char* result;
+    };
+    const Case cases[] = {
+        {"MOVE %s 1,1 3,0", "2,-1 12,-1"}, {"ROTATE %s 0,0 90", "0,0 0,10"},
+        {"SCALE %s 10,0 0.5", "5,0 10,0"}, {"MIRROR %s 0,5 1,5", "0,10 10,10"},
+        {"GRIP %s 0 1,2", "1,2 10,0"},     {"GRIP %s 0,1 0,3", "0,3 10,3"},
+    };
+    for (const Case& row : cases) {
+        const std::string pick =
+            Draw(std::make_unique<GrippedLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(10, 0, 0)));
+        char command[100];
+        std::snprintf(command, sizeof command, row.command, pick.c_str());
+        EXPECT_TRUE(Run(command)) << command << printed_;
+        EXPECT_THAT(Lines(), ElementsAre(row.result)) << command;
+        EXPECT_TRUE(Run("ERASE " + pick));
+        EXPECT_THAT(Lines(), testing::IsEmpty());
+    }
+}
+
+TEST_F(BuiltInCommandsTest, ACopyLeavesTheOriginal) {
+    const std::string pick = DrawLine(0, 0, 10, 0);
+    EXPECT_TRUE(Run("COPY " + pick + " 0,0 0,5"));
+    EXPECT_THAT(Lines(), ElementsAre("0,0 10,0", "0,5 10,5"));
+}
+
+TEST_F(BuiltInCommandsTest, BadArgumentsAreNamedAndChangeNothing) {
+    struct Case {
+        const char* command;
+        const char* complaint;
+    };
+    const Case cases[] = {
+        {"MOVE %s 1;1 3,0", "\"1;1\""},
+        {"MOVE %s 1,1 3", "\"3\""},
+        {"MOVE %s 1,1 3,nan", "\"3,nan\""},
+        {"MOVE #XYZ 1,1 3,0", "#XYZ"},
+        {"MOVE #0 1,1 3,0", "#0"},
+        {"MOVE 200,200 1,1 3,0", "200,200"},
+        {"ROTATE %s 0,0 right", "\"right\""},
+        {"SCALE %s 0,0 0", "above 0"},
+        {"MIRROR %s 1,1 1,1", "must differ"},
+        {"GRIP %s -1 1,1", "\"-1\""},
+        {"GRIP %s 0,9 1,1", "no grip 9"},
+        {"EXPLODE %s", "nothing simpler"},
+    };
+    const std::string pick =
+        Draw(std::make_unique<GrippedLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(10, 0, 0)));
+    for (const Case& row : cases) {
+        char command[100];
+        std::snprintf(command, sizeof command, row.command, pick.c_str());
+        printed_.clear();
+        EXPECT_FALSE(Run(command)) << command;
+        EXPECT_THAT(printed_, HasSubstr(row.complaint)) << command;
+        EXPECT_THAT(Lines(), ElementsAre("0,0 10,0")) << command;
+    }
+}
+
+TEST_F(BuiltInCommandsTest, APointPicksWhatIsDrawnNearestThere) {
+    DrawLine(0, 0, 100, 0);
+    Draw(std::make_unique<AcDbCircle>(AcGePoint3d(50, 50, 0), AcGeVector3d::kZAxis, 10.0));
+    Draw(std::make_unique<AcDbText>(AcGePoint3d(0, 100, 0), "abcd", AcDbObjectId::kNull, 5.0));
+    auto wide = std::make_unique<AcDbPolyline>();
+    wide->addVertexAt(0, AcGePoint2d(0, 200), 0.0, 20.0, 20.0);
+    wide->addVertexAt(1, AcGePoint2d(100, 200), 0.0, 20.0, 20.0);
+    Draw(std::move(wide));
+    struct Case {
+        const char* point;
+        const char* entity;  ///< null: nothing is there
+    };
+    const Case cases[] = {
+        {"50,2.9", "AcDbLine"},      {"50,3.1", nullptr},        {"102,1", "AcDbLine"},
+        {"57.1,57.1", "AcDbCircle"}, {"50,50", nullptr},         {"10,102", "AcDbText"},
+        {"10,98", "AcDbText"},       {"50,209", "AcDbPolyline"}, {"50,214", nullptr},
+    };
+    for (const Case& row : cases) {
+        printed_.clear();
+        EXPECT_EQ(Run(std::string("LIST ") + row.point), row.entity != nullptr) << row.point;
+        EXPECT_THAT(printed_, HasSubstr(row.entity != nullptr ? row.entity : "no entity"))
+            << row.point;
+    }
+}
