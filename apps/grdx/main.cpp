@@ -240,7 +240,7 @@ private:
             call.add_option(name, options_.draw.items, what)->allow_extra_args(false);
         CLI::Option* const all = call.add_flag("--all", options_.draw.all, "everything offered");
         items->excludes(all);
-        call.final_callback([this, name] {
+        call.parse_complete_callback([this, name] {
             if (options_.draw.items.empty() && !options_.draw.all) {
                 throw CLI::RequiredError(std::string(name) + " or --all");
             }
