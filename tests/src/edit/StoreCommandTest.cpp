@@ -47,12 +47,13 @@ protected:
     std::string Run() {
         const std::size_t before = messages_.CommandLine().size();
         SGRDX();
-        AcDbEntity* entity = nullptr;
-        if (!picked_.isNull() && acdbOpenObject(entity, picked_, AcDb::kForWrite) == Acad::eOk) {
-            EXPECT_FALSE(entity->isHighlighted());
-            entity->close();
+        AcDbObject* object = nullptr;
+        if (!picked_.isNull() && acdbOpenObject(object, picked_, AcDb::kForWrite) == Acad::eOk) {
+            const auto* const entity = dynamic_cast<AcDbEntity*>(object);
+            EXPECT_FALSE(entity != nullptr && entity->isHighlighted());
+            object->close();
         }
-        EXPECT_TRUE(picked_.isNull() || entity != nullptr) << "left open";
+        EXPECT_TRUE(picked_.isNull() || object != nullptr) << "left open";
         return messages_.CommandLine().substr(before);
     }
     bool IsCurveChanged() const {
