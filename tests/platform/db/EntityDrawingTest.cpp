@@ -18,7 +18,7 @@ constexpr double kQuarter = std::numbers::pi / 2;
 
 class EntityDrawingTest : public DrawingFixture {
 protected:
-    static std::unique_ptr<AcDbPolyline> polyline(std::vector<AcDbPolyline::Vertex> vertices,
+    static std::unique_ptr<AcDbPolyline> polyline(const std::vector<AcDbPolyline::Vertex>& vertices,
                                                   bool closed = false) {
         auto result = std::make_unique<AcDbPolyline>();
         for (const AcDbPolyline::Vertex& v : vertices) {

@@ -28,7 +28,7 @@ struct Record {
     }
     /// The text at `at`, which moves behind it and what fills it up.
     std::string text(std::size_t& at) const {
-        const std::string found(reinterpret_cast<const char*>(&data.at(at)));
+        std::string found(reinterpret_cast<const char*>(&data.at(at)));
         at += (found.size() / 4 + 1) * 4;
         return found;
     }
@@ -63,6 +63,7 @@ std::vector<Record> recordsOf(const AcGiProxyGraphicsRecorder& recorder) {
 
 std::vector<std::uint32_t> kindsOf(const std::vector<Record>& records) {
     std::vector<std::uint32_t> kinds;
+    kinds.reserve(records.size());
     for (const Record& record : records) {
         kinds.push_back(record.kind);
     }
