@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/MessageStream.h"
 #include "apps/grdx/data_import.h"
@@ -13,6 +14,7 @@
 #include "apps/grdx/drawing_info.h"
 #include "apps/grdx/new_suite.h"
 #include "apps/grdx/numbers.h"
+#include "apps/grdx/plot.h"
 #include "apps/grdx/script.h"
 #include "apps/grdx/suite_access.h"
 #include "apps/grdx/suite_listing.h"
@@ -37,6 +39,8 @@ struct Options {
     console::ProjectData project{1, "P1", "新建工程", 0};
     std::string file;
     std::vector<std::string> files;
+    std::string output;
+    std::string output;
     bool json = false;
     bool layers = false;
     console::DrawRequest draw;
@@ -141,6 +145,39 @@ bool Info(const Options& options, MessageStream& messages) {
     return good;
 }
 
+bool Plot(const Options& options, MessageStream& messages) {
+    if (options.files.size() > 1 && !options.output.empty()) {
+        throw Failure("--output names one page, so it goes with one drawing");
+    }
+    console::ConsoleSession session(messages);
+    session.Start("");
+    bool good = true;
+    for (const std::string& file : options.files) {
+        try {
+            std::cout << console::PlotAsSvg(file, options.output) << '\n';
+        } catch (const Failure& failure) {
+            messages.Report(failure.what());
+            good = false;
+        }
+    }
+    return good;
+}
+
+/// Where a plot goes that was not told: beside the drawing, under its name.
+std::string PageBeside(const std::string& drawing) {
+    const std::size_t dot = drawing.rfind('.');
+    const std::size_t slash = drawing.rfind('/');
+    const bool named = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+    return (named ? drawing.substr(0, dot) : drawing) + ".svg";
+}
+
+bool Plot(const Options& options, MessageStream& messages) {
+    const std::string page = options.output.empty() ? PageBeside(options.file) : options.output;
+    console::PlotAsSvg(options.file, page, messages);
+    std::cout << page << '\n';
+    return true;
+}
+
 bool Script(const Options& options, MessageStream& messages) {
     return console::RunScript(options.suite, ReadText(options.file), messages);
 }
@@ -157,6 +194,7 @@ public:
         AddList();
         AddDraw();
         AddInfo();
+        AddPlot();
         AddScript();
     }
 
@@ -285,6 +323,20 @@ private:
         call.add_flag("--layers", options_.layers, "read the curves as those of layer charts");
     }
 
+    void AddPlot() {
+        CLI::App& call = *AddCall(app_, "plot", "drawings as pages", Plot);
+        call.add_option("file", options_.files, "DWG file")->required();
+        call.add_option("--to", "kind of page")->required()->check(CLI::IsMember({"svg"}));
+        call.add_option("-o,--output", options_.output, "the page; default: beside the drawing");
+    }
+
+    void AddPlot() {
+        CLI::App& call = *AddCall(app_, "plot", "a drawing as a page", Plot);
+        call.add_option("file", options_.file, "DWG file")->required();
+        call.add_option("--to", format_, "kind of page")->required()->check(CLI::IsMember({"svg"}));
+        call.add_option("-o,--output", options_.output, "the page; else beside the drawing");
+    }
+
     void AddScript() {
         CLI::App& call =
             *AddCall(app_, "script", "command-line input with answers to dialogs", Script);
@@ -294,6 +346,7 @@ private:
 
     CLI::App app_{"Grain-size analysis charts"};
     Options options_;
+    std::string format_;  ///< of a plot; one so far
     Call chosen_ = nullptr;
 };
 

@@ -5,6 +5,7 @@
 #include <numbers>
 #include <string_view>
 
+#include "host/model_space.h"
 #include "host/plot/color_index.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/ed/file_search.h"
@@ -215,32 +216,19 @@ int ShownLayerColor(AcDbObjectId layerId) {
 }
 
 void DrawModelSpace(AcDbDatabase& database, SvgDraw& draw, AcDbExtents& extents) {
-    AcDbBlockTable* blocks = nullptr;
-    if (database.getSymbolTable(blocks, AcDb::kForRead) != Acad::eOk) {
-        return;
-    }
-    AcDbBlockTableRecord* space = nullptr;
-    if (blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForRead) == Acad::eOk) {
-        for (const AcDbObjectId id : space->entityIds()) {
-            AcDbEntity* entity = nullptr;
-            if (acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
-                continue;
-            }
-            const int layerColor = ShownLayerColor(entity->layerId());
-            if (layerColor != 0 && entity->visibility() == AcDb::kVisible) {
-                draw.setLayerColor(layerColor);
-                draw.subEntityTraits().setColor(entity->colorIndex());
-                entity->worldDraw(&draw);
-                AcDbExtents own;
-                if (entity->getGeomExtents(own) == Acad::eOk) {
-                    extents.addExt(own);
-                }
-            }
-            entity->close();
+    host::ForEachModelSpaceEntity(database, [&](AcDbEntity& entity) {
+        const int layerColor = ShownLayerColor(entity.layerId());
+        if (layerColor == 0 || entity.visibility() != AcDb::kVisible) {
+            return;
         }
-        space->close();
-    }
-    blocks->close();
+        draw.setLayerColor(layerColor);
+        draw.subEntityTraits().setColor(entity.colorIndex());
+        entity.worldDraw(&draw);
+        AcDbExtents own;
+        if (entity.getGeomExtents(own) == Acad::eOk) {
+            extents.addExt(own);
+        }
+    });
 }
 
 }  // namespace
