@@ -3,6 +3,7 @@
 #include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/Failure.h"
 #include "host/plot/SvgPlot.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
 
