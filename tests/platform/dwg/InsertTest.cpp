@@ -1,0 +1,138 @@
+// Drawings inserted into others as blocks.
+#include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbHatch.h"
+#include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbLine.h"
+#include "platform/db/AcDbText.h"
+#include "tests/platform/dwg/DwgFixture.h"
+#include "tests/platform/dwg/TestCurve.h"
+
+namespace {
+
+using testing::SizeIs;
+
+/// The fixture's own drawing is the one that is inserted.
+class InsertTest : public DwgFixture {
+protected:
+    static constexpr const char* kPath = "D:\\suite\\Support\\gltka3.dwg";
+
+    AcDbObjectId insert(Acad::ErrorStatus expected = Acad::eOk) {
+        AcDbObjectId id;
+        EXPECT_EQ(target_.insert(id, kPath, &database_), expected);
+        return id;
+    }
+
+    const AcDbLayerTableRecord& layerOf(const AcDbEntity& entity) {
+        return static_cast<const AcDbLayerTableRecord&>(*AcDbDatabase::objectOf(entity.layerId()));
+    }
+
+    AcDbDatabase target_;
+};
+
+TEST_F(InsertTest, TheModelSpaceBecomesABlockWithWhatItNeeds) {
+    database_.setClayer(addLayer("FRAME", 3));
+    const AcDbObjectId style = addTextStyle("TITLE", "a.shx", "b.shx");
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(0.42, 0, 0)));
+    append(std::make_unique<AcDbText>(AcGePoint3d(), "A3", style, 0.003));
+    const AcDbObjectId nested = addBlock("Nested");
+    append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 2), "Nested");
+    append(std::make_unique<AcDbBlockReference>(AcGePoint3d(1, 1, 0), nested));
+    database_.header().INSBASE = {5, 6, 0};
+
+    const AcDbObjectId id = insert();
+    EXPECT_EQ(nameOf(id), kPath);
+    EXPECT_EQ(block(target_, kPath)->origin().y, 6);
+    const std::vector<AcDbEntity*> copies = entities(target_, kPath);
+    ASSERT_THAT(copies, SizeIs(3));
+    for (const AcDbEntity* copy : copies) {
+        EXPECT_EQ(copy->ownerId(), id);
+        EXPECT_EQ(copy->layerId().database(), &target_);
+        EXPECT_EQ(copy->linetypeId(), target_.byLayerLinetype());
+    }
+    EXPECT_EQ(layerOf(*copies[0]).color().colorIndex(), 3);
+    EXPECT_EQ(layerOf(*copies[0]).linetypeObjectId(), target_.continuousLinetype());
+    const auto& text = static_cast<const AcDbText&>(*copies[1]);
+    EXPECT_EQ(text.textStyle().database(), &target_);
+    EXPECT_EQ(nameOf(text.textStyle()), "TITLE");
+    const auto& reference = static_cast<const AcDbBlockReference&>(*copies[2]);
+    EXPECT_EQ(reference.blockTableRecord().database(), &target_);
+    EXPECT_THAT(entities(target_, "NESTED"), SizeIs(1));
+    EXPECT_THAT(entities(database_), SizeIs(3)) << "the source stays as it was";
+
+    save(target_, "target.dwg");
+    EXPECT_EQ(describe(*read("target.dwg"), kPath), describe(target_, kPath));
+}
+
+TEST_F(InsertTest, TheTargetsOwnDefinitionsWin) {
+    database_.setClayer(addLayer("shared", 3));
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)));
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(target_.getSymbolTable(layers, AcDb::kForWrite), Acad::eOk);
+    auto* layer = new AcDbLayerTableRecord;
+    layer->setName("SHARED");
+    AcDbObjectId shared;
+    ASSERT_EQ(layers->add(shared, layer), Acad::eOk);
+    layer->close();
+    layers->close();
+    const AcDbObjectId id = insert();
+    EXPECT_EQ(entities(target_, kPath)[0]->layerId(), shared);
+    EXPECT_EQ(insert(), id) << "the block is there already";
+    EXPECT_THAT(entities(target_, kPath), SizeIs(1));
+}
+
+TEST_F(InsertTest, ReferencesAmongTheEntitiesFollowThem) {
+    auto* circle = append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 1));
+    auto hatch = std::make_unique<AcDbHatch>();
+    hatch->setAssociative(true);
+    hatch->setPattern(AcDbHatch::kPreDefined, "SOLID");
+    hatch->appendLoop(AcDbHatch::kDefault, {circle->objectId()});
+    hatch->evaluateHatch(false);
+    const AcDbObjectId hatchId = append(std::move(hatch))->objectId();
+    AcDbEntity* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, circle->objectId(), AcDb::kForWrite), Acad::eOk);
+    opened->addPersistentReactor(hatchId);
+    opened->close();
+    insert();
+    const std::vector<AcDbEntity*> copies = entities(target_, kPath);
+    ASSERT_THAT(copies, SizeIs(2));
+    EXPECT_EQ(static_cast<const AcDbHatch&>(*copies[1]).loopAt(0).boundaryIds[0],
+              copies[0]->objectId());
+    EXPECT_EQ(copies[0]->persistentReactors()[0], copies[1]->objectId());
+}
+
+TEST_F(InsertTest, EntitiesOfModulesAndUnknownOnesAreCopied) {
+    const TestCurve::Registration registration;
+    const AcDbObjectId style = addTextStyle("TITLE", "a.shx", "");
+    auto curve = std::make_unique<TestCurve>();
+    curve->text = "ZK1";
+    curve->style = style;
+    append(std::move(curve));
+    AcDbKeptFields fields;
+    fields.bits = {0x80};
+    fields.bitCount = 3;
+    fields.references = {{5, style}};
+    append(std::make_unique<AcDbKeptEntity>(AcDbKeptClass{44, nullptr, "AcDbMText"}, fields));
+    fields.references = {{5, database_.header().CMLSTYLE}};
+    append(std::make_unique<AcDbKeptEntity>(AcDbKeptClass{47, nullptr, "AcDbMline"}, fields));
+    insert();
+    const std::vector<AcDbEntity*> copies = entities(target_, kPath);
+    ASSERT_THAT(copies, SizeIs(2)) << "all but the one that needs a style of another kind";
+    const auto& copy = static_cast<const TestCurve&>(*copies[0]);
+    EXPECT_EQ(copy.text, "ZK1");
+    EXPECT_EQ(copy.style.database(), &target_);
+    EXPECT_EQ(static_cast<const AcDbKeptEntity&>(*copies[1]).keptFields().references[0].id,
+              copy.style);
+}
+
+TEST_F(InsertTest, WhatCannotBeInsertedIsSaid) {
+    AcDbObjectId id;
+    AcDbDatabase empty(false);
+    EXPECT_EQ(target_.insert(id, kPath, &empty), Acad::eNoDatabase);
+    EXPECT_EQ(target_.insert(id, kPath, nullptr), Acad::eNoDatabase);
+    EXPECT_EQ(target_.insert(id, "", &database_), Acad::eInvalidInput);
+    EXPECT_EQ(target_.insert(id, kPath, &target_), Acad::eInvalidInput);
+    EXPECT_TRUE(id.isNull());
+}
+
+}  // namespace
