@@ -70,6 +70,9 @@ mfc::Answer Page(int number) {
 
 SheetAnswers::SheetAnswers(const DrawRequest& request, mfc::ScriptedWindowSystem& windows)
     : request_(request), windows_(windows), step_(request.layers ? Step::Items : Step::Borehole) {
+    if (request.choices.recompute && !request.layers) {
+        throw Failure("--recompute is of layer charts: the option page greys it for samples");
+    }
     for (const Annotation& annotation : kAnnotations) {
         const std::optional<std::string>& text = request.choices.*annotation.text;
         std::string gbk;

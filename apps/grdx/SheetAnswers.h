@@ -15,7 +15,7 @@ namespace console {
 /// fails the run by name before OK. A dialog that comes later is left to be cancelled.
 class SheetAnswers {
 public:
-    /// Failure for a text that GBK does not have.
+    /// Failure for a text that GBK does not have, and for a choice that the pages do not offer.
     SheetAnswers(const DrawRequest& request, mfc::ScriptedWindowSystem& windows);
 
     /// An answer source for the window system.

@@ -40,7 +40,6 @@ struct Options {
     std::string file;
     std::vector<std::string> files;
     std::string output;
-    std::string output;
     bool json = false;
     bool layers = false;
     console::DrawRequest draw;
@@ -161,21 +160,6 @@ bool Plot(const Options& options, MessageStream& messages) {
         }
     }
     return good;
-}
-
-/// Where a plot goes that was not told: beside the drawing, under its name.
-std::string PageBeside(const std::string& drawing) {
-    const std::size_t dot = drawing.rfind('.');
-    const std::size_t slash = drawing.rfind('/');
-    const bool named = dot != std::string::npos && (slash == std::string::npos || dot > slash);
-    return (named ? drawing.substr(0, dot) : drawing) + ".svg";
-}
-
-bool Plot(const Options& options, MessageStream& messages) {
-    const std::string page = options.output.empty() ? PageBeside(options.file) : options.output;
-    console::PlotAsSvg(options.file, page, messages);
-    std::cout << page << '\n';
-    return true;
 }
 
 bool Script(const Options& options, MessageStream& messages) {
@@ -326,13 +310,6 @@ private:
     void AddPlot() {
         CLI::App& call = *AddCall(app_, "plot", "drawings as pages", Plot);
         call.add_option("file", options_.files, "DWG file")->required();
-        call.add_option("--to", "kind of page")->required()->check(CLI::IsMember({"svg"}));
-        call.add_option("-o,--output", options_.output, "the page; default: beside the drawing");
-    }
-
-    void AddPlot() {
-        CLI::App& call = *AddCall(app_, "plot", "a drawing as a page", Plot);
-        call.add_option("file", options_.file, "DWG file")->required();
         call.add_option("--to", format_, "kind of page")->required()->check(CLI::IsMember({"svg"}));
         call.add_option("-o,--output", options_.output, "the page; else beside the drawing");
     }

@@ -1,6 +1,7 @@
 #include "apps/grdx/plot.h"
 
-#include "apps/grdx/ConsoleSession.h"
+#include <filesystem>
+
 #include "apps/grdx/Failure.h"
 #include "host/plot/SvgPlot.h"
 #include "platform/db/AcDbDatabase.h"
@@ -9,21 +10,22 @@
 
 namespace console {
 
-void PlotAsSvg(const std::string& drawing, const std::string& page, MessageStream& messages) {
+std::string PlotAsSvg(const std::string& drawing, const std::string& output) {
     std::string windowsPath;
     if (!win32::WindowsPath(drawing, windowsPath)) {
         throw Failure(drawing + ": the path has a character that GBK does not have");
     }
-    ConsoleSession session(messages);
-    session.Start("");
     AcDbDatabase database(false, true);
     if (database.readDwgFile(windowsPath.c_str()) != Acad::eOk) {
         throw Failure(database.lastFileError());
     }
+    const std::string page =
+        output.empty() ? std::filesystem::path(drawing).replace_extension(".svg").string() : output;
     std::string error;
     if (!win32::ReplaceFileWhole(page, plot::SvgOf(database), error)) {
         throw Failure(error);
     }
+    return page;
 }
 
 }  // namespace console

@@ -2,13 +2,11 @@
 
 #include <string>
 
-#include "apps/grdx/MessageStream.h"
-
 namespace console {
 
-/// Writes the model space of a drawing as one SVG page; both paths are of the file system, UTF-8.
-/// The plug-in is loaded for it, so that curves draw themselves. Failure when the drawing cannot be
-/// read or the page cannot be written.
-void PlotAsSvg(const std::string& drawing, const std::string& page, MessageStream& messages);
+/// Writes the drawing (path of the file system, UTF-8) as an SVG page to `output`, empty for the
+/// drawing's own name with the extension ".svg". Returns the path written. The plug-in must be
+/// loaded: its curves draw themselves. Failure for a file that cannot be read or written.
+std::string PlotAsSvg(const std::string& drawing, const std::string& output);
 
 }  // namespace console
