@@ -10,7 +10,7 @@
 
 namespace console {
 
-std::string PlotAsSvg(const std::string& drawing, const std::string& output) {
+std::string PlotAsSvg(const std::string& drawing, const std::string& page) {
     std::string windowsPath;
     if (!win32::WindowsPath(drawing, windowsPath)) {
         throw Failure(drawing + ": the path has a character that GBK does not have");
@@ -19,13 +19,13 @@ std::string PlotAsSvg(const std::string& drawing, const std::string& output) {
     if (database.readDwgFile(windowsPath.c_str()) != Acad::eOk) {
         throw Failure(database.lastFileError());
     }
-    const std::string page =
-        output.empty() ? std::filesystem::path(drawing).replace_extension(".svg").string() : output;
+    const std::string path =
+        page.empty() ? std::filesystem::path(drawing).replace_extension("svg").string() : page;
     std::string error;
-    if (!win32::ReplaceFileWhole(page, plot::SvgOf(database), error)) {
+    if (!win32::ReplaceFileWhole(path, plot::SvgOf(database), error)) {
         throw Failure(error);
     }
-    return page;
+    return path;
 }
 
 }  // namespace console
