@@ -36,6 +36,9 @@ void CSheetPen::StackedText(double x, double y, const std::string& coded, double
 
 void CSheetPen::PlainText(double x, double y, const std::string& text, double height,
                           double rotation) const {
+    if (text.empty()) {
+        return;
+    }
     auto entity = std::make_unique<AcDbText>(AcGePoint3d(x, y, 0.0), text.c_str(),
                                              AcDbObjectId::kNull, height, rotation);
     entity->setWidthFactor(kTextWidthFactor);

@@ -11,7 +11,7 @@ public:
 
     void Line(double x1, double y1, double x2, double y2) const;
     void HeavyLine(double x1, double y1, double x2, double y2) const;
-    /// From its left end on the baseline.
+    // Texts start with their left end on the baseline; an empty one draws nothing.
     void Text(double x, double y, const std::string& text, double height) const;
     /// A text with super- and subscripts in the code of CDrawTools::SplitStackedText.
     void StackedText(double x, double y, const std::string& coded, double height) const;

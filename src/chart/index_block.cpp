@@ -24,7 +24,7 @@ IndexBlockPlaces PlacesBeside(const CCompositionTable& table) {
     const double top = table.Top();
     return {.d60 = {first, top - 4.0},
             .uniformity = {second, top - 5.5},
-            .uniformityBarRise = 3.5 - 4.0 / 3.0 - 0.8,
+            .uniformityBarRise = 5.5 - (2.0 + 4.0 / 3.0 + 0.8),
             .uniformityDenominatorDrop = 1.5,
             .d30 = {first, top - 10.0},
             .d10 = {first, top - 16.0},

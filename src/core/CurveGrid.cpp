@@ -7,8 +7,9 @@ namespace {
 constexpr double kWideAxisAbove = 100.0;
 constexpr double kSmallestSize = 0.001;
 
+// Two constants: the logarithm of a choice would be computed at every call.
 double LogLargestSize(short wideAxis) {
-    return std::log10(wideAxis == 1 ? 20.0 : 2.0) + 2.0;
+    return wideAxis == 1 ? std::log10(20.0) + 2.0 : std::log10(2.0) + 2.0;
 }
 
 }  // namespace
