@@ -110,6 +110,39 @@ Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& transform)
     return Acad::eOk;
 }
 
+Acad::ErrorStatus AcDbBlockReference::explode(AcDbVoidPtrArray& entitySet) const {
+    assertReadEnabled();
+    const AcDbBlockTableRecord* const block = definition();
+    if (block == nullptr) {
+        return Acad::eNotApplicable;
+    }
+    const AcGeMatrix3d transform = blockTransform();
+    std::vector<std::unique_ptr<AcDbEntity>> copies;
+    for (const AcDbObjectId id : block->entityIds()) {
+        AcDbEntity* entity = nullptr;
+        const Acad::ErrorStatus status = acdbOpenObject(entity, id, AcDb::kForRead);
+        if (status == Acad::eWasErased) {
+            continue;
+        }
+        if (status != Acad::eOk) {
+            return status;
+        }
+        std::unique_ptr<AcDbObject> copy = entity->clone();
+        entity->close();
+        if (copy == nullptr) {
+            return Acad::eNotApplicable;
+        }
+        copies.emplace_back(static_cast<AcDbEntity*>(copy.release()));
+        if (copies.back()->transformBy(transform) != Acad::eOk) {
+            return Acad::eNotApplicable;
+        }
+    }
+    for (std::unique_ptr<AcDbEntity>& copy : copies) {
+        entitySet.append(copy.release());
+    }
+    return Acad::eOk;
+}
+
 std::unique_ptr<AcDbObject> AcDbBlockReference::clone() const {
     return std::make_unique<AcDbBlockReference>(*this);
 }

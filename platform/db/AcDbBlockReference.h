@@ -32,6 +32,9 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    /// Copies of the definition's entities where they are drawn, colours and layers as in the
+    /// definition. eNotApplicable when an entity does not take the block transform, or has no copy.
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const override;
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:

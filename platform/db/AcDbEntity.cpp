@@ -48,7 +48,11 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
 
 void AcDbEntity::copyCommonData(const AcDbObject& other) {
     AcDbObject::copyCommonData(other);
-    const auto& source = static_cast<const AcDbEntity&>(other);
+    copyProperties(static_cast<const AcDbEntity&>(other));
+}
+
+void AcDbEntity::copyProperties(const AcDbEntity& source) {
+    assertWriteEnabled();
     color_ = source.color_;
     layerId_ = source.layerId_;
     linetypeId_ = source.linetypeId_;

@@ -45,6 +45,8 @@ public:
     }
     bool isHighlighted() const { return highlighted_; }
 
+    /// Takes over colour, layer, linetype and the like from another entity.
+    void copyProperties(const AcDbEntity& source);
     /// Gives layer, linetype and the like that are still unset the drawing's current values.
     /// Appending calls it.
     virtual void setDatabaseDefaults(AcDbDatabase* database);

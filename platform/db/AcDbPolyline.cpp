@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/db/AcDbLine.h"
 #include "platform/db/PlanarTransform.h"
 #include "platform/db/entity_drawing.h"
 #include "platform/gi/shape_outline.h"
@@ -93,14 +94,17 @@ void AcDbPolyline::setClosed(Adesk::Boolean closed) {
     closed_ = closed;
 }
 
+std::size_t AcDbPolyline::segmentCount() const {
+    return closed_ || vertices_.empty() ? vertices_.size() : vertices_.size() - 1;
+}
+
 Adesk::Boolean AcDbPolyline::worldDraw(AcGiWorldDraw* context) {
     assertReadEnabled();
     startDrawing(*context);
     const std::size_t count = vertices_.size();
-    const std::size_t segments = closed_ || count == 0 ? count : count - 1;
     db::InPlane(*context, normal_, [&](AcGiWorldDraw& inPlane) {
         SegmentDrawing drawing(inPlane, elevation_);
-        for (std::size_t i = 0; i < segments; ++i) {
+        for (std::size_t i = 0; i < segmentCount(); ++i) {
             Vertex from = vertices_[i];
             if (constantWidth_ > 0.0) {
                 from.startWidth = from.endWidth = constantWidth_;
@@ -131,6 +135,26 @@ Acad::ErrorStatus AcDbPolyline::transformBy(const AcGeMatrix3d& transform) {
     thickness_ *= scale;
     elevation_ = planar->map(AcGePoint3d(0.0, 0.0, elevation_)).z;
     normal_ = planar->normal();
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbPolyline::explode(AcDbVoidPtrArray& entitySet) const {
+    assertReadEnabled();
+    const auto bulges = [](const Vertex& vertex) { return vertex.bulge != 0.0; };
+    const auto lastStart = vertices_.begin() + static_cast<std::ptrdiff_t>(segmentCount());
+    if (segmentCount() == 0 || std::any_of(vertices_.begin(), lastStart, bulges)) {
+        return Acad::eNotApplicable;
+    }
+    const AcGeMatrix3d toWorld = AcGeMatrix3d::planeToWorld(normal_);
+    const auto place = [&](std::size_t i) {
+        const AcGePoint2d& p = vertices_[i % vertices_.size()].point;
+        return AcGePoint3d(p.x, p.y, elevation_).transformBy(toWorld);
+    };
+    for (std::size_t i = 0; i < segmentCount(); ++i) {
+        auto line = std::make_unique<AcDbLine>(place(i), place(i + 1));
+        line->copyProperties(*this);
+        entitySet.append(static_cast<AcDbEntity*>(line.release()));
+    }
     return Acad::eOk;
 }
 

@@ -32,11 +32,16 @@ public:
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    /// A line a segment, widths dropped. eNotApplicable where a segment bulges.
+    Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const override;
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:
     template <class T>
     friend struct DwgFields;
+    /// Number of segments; segment i starts at vertex i.
+    std::size_t segmentCount() const;
+
     std::vector<Vertex> vertices_;
     bool closed_ = false;
     bool linetypeGeneration_ = false;

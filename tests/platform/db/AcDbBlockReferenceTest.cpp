@@ -69,6 +69,27 @@ TEST_F(AcDbBlockReferenceTest, NestedReferencesMultiply) {
                 ElementsAre("[256] polyline 100,3 94,3"));
 }
 
+TEST_F(AcDbBlockReferenceTest, ExplodesIntoCopiesWhereTheyWereDrawn) {
+    const AcDbObjectId block = addBlock("b");
+    addLine("b", 3);
+    append(std::make_unique<AcDbCircle>(AcGePoint3d(2, 0, 0), AcGeVector3d::kZAxis, 0.5), "b");
+    AcDbVoidPtrArray pieces;
+    ASSERT_EQ(referenceTo(block, {10, 20, 0}, kQuarter, 2)->explode(pieces), Acad::eOk);
+    RecordingWorldDraw context;
+    for (void* const piece : pieces) {
+        const std::unique_ptr<AcDbEntity> entity(static_cast<AcDbEntity*>(piece));
+        context.subEntityTraits().setColor(entity->colorIndex());
+        entity->worldDraw(&context);
+    }
+    EXPECT_THAT(context.lines(), ElementsAre("[3] polyline 10,20 10,22", "[256] circle 10,24 r 1"));
+
+    const auto uneven = referenceTo(block);
+    uneven->setScaleFactors({1, 2, 1});
+    pieces = {};
+    EXPECT_EQ(uneven->explode(pieces), Acad::eNotApplicable);
+    EXPECT_TRUE(pieces.isEmpty());
+}
+
 TEST_F(AcDbBlockReferenceTest, ColoursAndLayersMeanWhatTheyMeanAtTheReference) {
     const AcDbObjectId block = addBlock("dots");
     const AcDbObjectId red = addLayer("red", 1);

@@ -72,6 +72,26 @@ TEST_F(EntityDrawingTest, PolylinesDrawRunsArcsAndWidths) {
     EXPECT_TRUE(drawn(append(polyline({}, true))).empty());
 }
 
+TEST_F(EntityDrawingTest, StraightPolylinesExplodeIntoLines) {
+    AcDbVoidPtrArray pieces;
+    EXPECT_EQ(polyline({{{0, 0}, 0.5}, {{4, 0}}})->explode(pieces), Acad::eNotApplicable);
+    EXPECT_EQ(polyline({{{0, 0}}})->explode(pieces), Acad::eNotApplicable);
+    EXPECT_TRUE(pieces.isEmpty());
+    const auto triangle = polyline({{{0, 0}}, {{4, 0}, 0, 1, 1}, {{4, 3}}}, true);
+    triangle->setColorIndex(6);
+    ASSERT_EQ(triangle->explode(pieces), Acad::eOk);
+    ASSERT_EQ(pieces.length(), 3);
+    for (void* const piece : pieces) {
+        const std::unique_ptr<AcDbLine> line(
+            static_cast<AcDbLine*>(static_cast<AcDbEntity*>(piece)));
+        EXPECT_EQ(line->colorIndex(), 6);
+        if (piece == pieces[2]) {
+            EXPECT_TRUE(line->startPoint().isEqualTo({4, 3, 0}));
+            EXPECT_TRUE(line->endPoint().isEqualTo({0, 0, 0}));
+        }
+    }
+}
+
 TEST_F(EntityDrawingTest, VerticesAreInsertedBeforeAnIndex) {
     AcDbPolyline line;
     EXPECT_EQ(line.addVertexAt(1, {0, 0}), Acad::eInvalidIndex);
