@@ -1,0 +1,222 @@
+// Sheets are read by programs that are not ours, and what these find is compared with the drawing
+// database entity for entity.
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "tests/system/Program.h"
+#include "tests/system/SheetEntities.h"
+
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr double kSame = 1e-9;
+/// What the reader answers when a drawing holds a class that it does not know, and nothing is
+/// wrong.
+constexpr int kClassUnknown = 4;
+
+void ExpectSamePlaces(const SheetEntity& ours, const std::vector<AcGePoint3d>& theirs,
+                      double tolerance) {
+    ASSERT_EQ(ours.points.size(), theirs.size());
+    for (std::size_t i = 0; i < theirs.size(); ++i) {
+        EXPECT_LE(ours.points[i].distanceTo(theirs[i]), tolerance);
+    }
+}
+
+std::vector<AcGePoint3d> PointsOf(const Json& points) {
+    std::vector<AcGePoint3d> result;
+    for (const Json& p : points) {
+        result.emplace_back(p[0].get<double>(), p[1].get<double>(), p[2].get<double>());
+    }
+    return result;
+}
+
+/// Compares with what the first reader printed of a sheet; gives the number of entities compared.
+std::size_t CompareWithJson(const std::vector<SheetEntity>& ours, const Json& theirs) {
+    EXPECT_EQ(theirs["error"], kClassUnknown);
+    EXPECT_EQ(theirs["modelSpaceCount"], ours.size());
+    std::size_t next = 0;
+    std::size_t curves = 0;
+    for (const SheetEntity& entity : ours) {
+        if (entity.kind == "CKFCURVE") {
+            ++curves;
+            continue;
+        }
+        const Json& other = theirs["entities"].at(next++);
+        SCOPED_TRACE(other.dump());
+        EXPECT_EQ(entity.kind, other["kind"]);
+        EXPECT_EQ(entity.layer, other["layer"]);
+        EXPECT_EQ(entity.color, other["color"]);
+        ExpectSamePlaces(entity, PointsOf(other["points"]), kSame);
+        if (entity.kind == "TEXT") {
+            EXPECT_EQ(entity.text, other["text"]);
+            EXPECT_NEAR(entity.height, other["height"], kSame);
+        } else if (entity.kind == "CIRCLE") {
+            EXPECT_NEAR(entity.radius, other["radius"], kSame);
+        } else if (entity.kind == "HATCH") {
+            EXPECT_NEAR(entity.radius, other["radii"][0], kSame);
+            EXPECT_EQ(other["solid"], 1);
+            EXPECT_EQ(other["associative"], 1);
+        }
+    }
+    EXPECT_EQ(next, theirs["entities"].size());
+    EXPECT_EQ(curves, theirs["unknown"]);
+    return next;
+}
+
+/// One feature as the second reader prints it.
+struct Feature {
+    std::string layer;
+    std::string kind;
+    std::string color;
+    std::string text;
+    std::vector<AcGePoint3d> points;
+};
+
+std::vector<AcGePoint3d> PointsOfWellKnownText(const std::string& line) {
+    std::vector<AcGePoint3d> points;
+    std::istringstream numbers(line.substr(line.find('(') + 1));
+    AcGePoint3d p;
+    char comma = 0;
+    while (numbers >> p.x >> p.y >> p.z) {
+        points.push_back(p);
+        numbers >> comma;
+    }
+    return points;
+}
+
+std::string ValueOf(const std::string& line) {
+    return line.substr(line.find(" = ") + 3);
+}
+
+std::vector<Feature> ReadFeatures(const std::filesystem::path& sheet) {
+    const ProgramResult read = RunProgram({"ogrinfo", "-ro", "-al", "-q", sheet});
+    EXPECT_EQ(read.status, 0);
+    EXPECT_EQ(read.errors, "") << sheet;
+    std::vector<Feature> features;
+    std::istringstream lines(read.output);
+    for (std::string line; std::getline(lines, line);) {
+        if (line.starts_with("OGRFeature(")) {
+            features.push_back({line.substr(11, line.rfind(')') - 11), {}, {}, {}, {}});
+        } else if (line.starts_with("  cadgeom_type")) {
+            features.back().kind = ValueOf(line);
+        } else if (line.starts_with("  color")) {
+            features.back().color = ValueOf(line);
+        } else if (line.starts_with("  text")) {
+            features.back().text = ValueOf(line);
+        } else if (line.starts_with("  POINT") || line.starts_with("  LINESTRING") ||
+                   line.starts_with("  CIRCULARSTRING")) {
+            features.back().points = PointsOfWellKnownText(line);
+        }
+    }
+    return features;
+}
+
+/// How the second reader shows our kinds; those missing here it does not show.
+const std::map<std::string, std::string> kFeatureKinds{{"LINE", "CADLine"},
+                                                       {"TEXT", "CADText"},
+                                                       {"LWPOLYLINE", "CADLWPolyline"},
+                                                       {"CIRCLE", "CADCircle"}};
+
+void ExpectSameFeature(const SheetEntity& ours, const Feature& theirs) {
+    EXPECT_EQ(ours.layer, theirs.layer);
+    EXPECT_EQ(ours.color == 1 ? "#FF0000FF" : "#FFFFFFFF", theirs.color);  // red, or 7 by layer
+    EXPECT_EQ(ours.text, theirs.text);
+    constexpr double kPrinted = 1e-9;
+    if (ours.kind == "CIRCLE") {
+        ASSERT_FALSE(theirs.points.empty());
+        const AcGePoint3d left = ours.points[0] - AcGeVector3d(ours.radius, 0.0, 0.0);
+        EXPECT_LE(left.distanceTo(theirs.points[0]), kPrinted);
+    } else {
+        ExpectSamePlaces(ours, theirs.points, kPrinted);
+    }
+}
+
+/// What the reader shows of the entities: it puts a block's content in place of its reference.
+std::vector<SheetEntity> ShownAsFeatures(const std::vector<SheetEntity>& entities) {
+    std::vector<SheetEntity> shown;
+    for (const SheetEntity& entity : entities) {
+        if (entity.kind == "INSERT") {
+            const std::vector<SheetEntity> content = ShownAsFeatures(entity.content);
+            shown.insert(shown.end(), content.begin(), content.end());
+        } else if (kFeatureKinds.contains(entity.kind)) {
+            shown.push_back(entity);
+        }
+    }
+    return shown;
+}
+
+/// Compares in order; gives how many were compared.
+std::size_t CompareWithFeatures(const std::vector<SheetEntity>& entities,
+                                const std::vector<Feature>& theirs) {
+    const std::vector<SheetEntity> ours = ShownAsFeatures(entities);
+    EXPECT_EQ(ours.size(), theirs.size());
+    const std::size_t count = std::min(ours.size(), theirs.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        SCOPED_TRACE("feature " + std::to_string(i));
+        EXPECT_EQ(kFeatureKinds.at(ours[i].kind), theirs[i].kind);
+        ExpectSameFeature(ours[i], theirs[i]);
+    }
+    return count;
+}
+
+std::vector<SheetEntity> UpToFirstCurve(const std::vector<SheetEntity>& entities) {
+    std::vector<SheetEntity> result;
+    for (const SheetEntity& entity : entities) {
+        if (entity.kind == "CKFCURVE") {
+            break;
+        }
+        result.push_back(entity);
+    }
+    return result;
+}
+
+class IndependentReaders : public testing::TestWithParam<int> {};
+
+TEST_P(IndependentReaders, FindTheEntitiesOfEverySheet) {
+    const ScratchFolder scratch;
+    const SampleSuite suite(scratch.Path() / "suite", GetParam());
+    for (const std::string& borehole : SampleBoreholes()) {
+        EXPECT_EQ(suite.Draw(borehole).status, 0);
+    }
+    std::vector<std::string> command{"node", GRDX_READER};
+    for (const auto& sheet : suite.Sheets()) {
+        command.push_back(sheet);
+    }
+    const ProgramResult read = RunProgram(command);
+    ASSERT_EQ(read.status, 0) << read.errors;
+
+    std::istringstream lines(read.output);
+    std::size_t byJson = 0;
+    std::size_t byFeatures = 0;
+    for (const auto& sheet : suite.Sheets()) {
+        SCOPED_TRACE(sheet.string());
+        const std::vector<SheetEntity> ours = ReadSheet(sheet);
+        std::string line;
+        ASSERT_TRUE(std::getline(lines, line));
+        byJson += CompareWithJson(ours, Json::parse(line));
+
+        // The second reader stops at the first object of a class it does not know. It has to find
+        // what stands before that in the sheet, and everything in a copy without the curves.
+        CompareWithFeatures(UpToFirstCurve(ours), ReadFeatures(sheet));
+        const auto copy = scratch.Path() / "copy.dwg";
+        CopyWithoutCurves(sheet, copy);
+        std::vector<SheetEntity> plain = ours;
+        std::erase_if(plain, [](const SheetEntity& e) { return e.kind == "CKFCURVE"; });
+        byFeatures += CompareWithFeatures(plain, ReadFeatures(copy));
+    }
+    EXPECT_GT(byJson, 3000U);
+    EXPECT_GT(byFeatures, 3000U);
+    std::printf("%zu sheets: %zu entities compared with libredwg, %zu with GDAL\n",
+                suite.Sheets().size(), byJson, byFeatures);
+}
+
+INSTANTIATE_TEST_SUITE_P(SheetSizes, IndependentReaders, testing::Values(0, 2),
+                         [](const auto& size) { return size.param == 2 ? "A3" : "A4"; });
+
+}  // namespace

@@ -1,0 +1,141 @@
+#include "tests/system/SheetEntities.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbHatch.h"
+#include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbLine.h"
+#include "platform/db/AcDbPolyline.h"
+#include "platform/db/AcDbText.h"
+#include "platform/win32/code_page.h"
+#include "platform/win32/windows_path.h"
+
+namespace {
+
+std::string WindowsPathOf(const std::filesystem::path& path) {
+    std::string result;
+    EXPECT_TRUE(win32::WindowsPath(path.string(), result)) << path;
+    return result;
+}
+
+std::string LayerName(AcDbObjectId id) {
+    AcDbLayerTableRecord* layer = nullptr;
+    if (acdbOpenObject(layer, id, AcDb::kForRead) != Acad::eOk) {
+        return {};
+    }
+    std::string name = win32::Utf8FromGbk(layer->name());
+    layer->close();
+    return name;
+}
+
+void ReadContent(const AcDbBlockReference& reference, SheetEntity& result);
+
+void ReadShape(const AcDbEntity& entity, SheetEntity& result) {
+    if (entity.isKindOf(AcDbLine::desc())) {
+        const auto& line = static_cast<const AcDbLine&>(entity);
+        result.kind = "LINE";
+        result.points = {line.startPoint(), line.endPoint()};
+    } else if (entity.isKindOf(AcDbText::desc())) {
+        const auto& text = static_cast<const AcDbText&>(entity);
+        result.kind = "TEXT";
+        result.points = {text.position()};
+        result.text = win32::Utf8FromGbk(text.textString());
+        result.height = text.height();
+    } else if (entity.isKindOf(AcDbPolyline::desc())) {
+        const auto& polyline = static_cast<const AcDbPolyline&>(entity);
+        result.kind = "LWPOLYLINE";
+        for (unsigned i = 0; i < polyline.numVerts(); ++i) {
+            const AcGePoint2d& point = polyline.vertexAt(i).point;
+            result.points.emplace_back(point.x, point.y, 0.0);
+        }
+    } else if (entity.isKindOf(AcDbCircle::desc())) {
+        const auto& circle = static_cast<const AcDbCircle&>(entity);
+        result.kind = "CIRCLE";
+        result.points = {circle.center()};
+        result.radius = circle.radius();
+    } else if (entity.isKindOf(AcDbHatch::desc())) {
+        const auto& hatch = static_cast<const AcDbHatch&>(entity);
+        const auto& arc = std::get<AcDbHatch::CircularArcEdge>(hatch.loopAt(0).edges.at(0));
+        result.kind = "HATCH";
+        result.points = {AcGePoint3d(arc.center.x, arc.center.y, 0.0)};
+        result.radius = arc.radius;
+    } else if (entity.isKindOf(AcDbBlockReference::desc())) {
+        result.kind = "INSERT";
+        result.points = {static_cast<const AcDbBlockReference&>(entity).position()};
+        ReadContent(static_cast<const AcDbBlockReference&>(entity), result);
+    } else {
+        result.kind = "CKFCURVE";
+        EXPECT_TRUE(entity.isKindOf(AcDbKeptEntity::desc()));
+    }
+}
+
+SheetEntity ReadEntity(const AcDbEntity& entity) {
+    SheetEntity result;
+    result.layer = LayerName(entity.layerId());
+    result.color = entity.colorIndex();
+    ReadShape(entity, result);
+    return result;
+}
+
+/// What stands on layer "0" of a block appears on the layer of the reference.
+void ReadContent(const AcDbBlockReference& reference, SheetEntity& result) {
+    AcDbBlockTableRecord* block = nullptr;
+    ASSERT_EQ(acdbOpenObject(block, reference.blockTableRecord(), AcDb::kForRead), Acad::eOk);
+    for (const AcDbObjectId id : block->entityIds()) {
+        AcDbEntity* entity = nullptr;
+        ASSERT_EQ(acdbOpenObject(entity, id, AcDb::kForRead), Acad::eOk);
+        SheetEntity part = ReadEntity(*entity);
+        entity->close();
+        for (AcGePoint3d& point : part.points) {
+            point.transformBy(reference.blockTransform());
+        }
+        part.layer = part.layer == "0" ? result.layer : part.layer;
+        result.content.push_back(std::move(part));
+    }
+    block->close();
+}
+
+void ForEachEntity(AcDbDatabase& database, AcDb::OpenMode mode,
+                   const std::function<void(AcDbEntity&)>& visit) {
+    AcDbBlockTable* blocks = nullptr;
+    ASSERT_EQ(database.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
+    AcDbBlockTableRecord* space = nullptr;
+    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForRead), Acad::eOk);
+    for (const AcDbObjectId id : space->entityIds()) {
+        AcDbEntity* entity = nullptr;
+        ASSERT_EQ(acdbOpenObject(entity, id, mode), Acad::eOk);
+        visit(*entity);
+        entity->close();
+    }
+    space->close();
+    blocks->close();
+}
+
+}  // namespace
+
+std::vector<SheetEntity> ReadSheet(const std::filesystem::path& sheet) {
+    AcDbDatabase database(false);
+    EXPECT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
+        << database.lastFileError();
+    std::vector<SheetEntity> result;
+    ForEachEntity(database, AcDb::kForRead,
+                  [&](AcDbEntity& entity) { result.push_back(ReadEntity(entity)); });
+    return result;
+}
+
+void CopyWithoutCurves(const std::filesystem::path& sheet, const std::filesystem::path& copy) {
+    AcDbDatabase database(false);
+    ASSERT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
+        << database.lastFileError();
+    ForEachEntity(database, AcDb::kForWrite, [](AcDbEntity& entity) {
+        if (entity.isKindOf(AcDbKeptEntity::desc())) {
+            EXPECT_EQ(entity.erase(), Acad::eOk);
+        }
+    });
+    ASSERT_EQ(database.saveAs(WindowsPathOf(copy).c_str()), Acad::eOk) << database.lastFileError();
+}
