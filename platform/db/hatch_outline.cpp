@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <numbers>
 
 #include "platform/db/entity_drawing.h"
 #include "platform/ge/nurb_sampling.h"
@@ -66,8 +65,9 @@ std::vector<double> crossingsAt(double level, const std::vector<Outline>& outlin
         for (std::size_t i = 0; i < outline.size(); ++i) {
             const AcGePoint2d& a = outline[i];
             const AcGePoint2d& b = outline[(i + 1) % outline.size()];
-            if ((a.y <= level) != (b.y <= level)) {
-                places.push_back(a.x + (b.x - a.x) * (level - a.y) / (b.y - a.y));
+            const double x = a.x + (b.x - a.x) * (level - a.y) / (b.y - a.y);
+            if ((a.y <= level) != (b.y <= level) && std::isfinite(x)) {
+                places.push_back(x);
             }
         }
     }
@@ -88,12 +88,13 @@ void emitDashes(const std::vector<double>& dashes, double phase, double from, do
     for (const double dash : dashes) {
         period += std::abs(dash);
     }
-    if (!(period > 0.0) || (to - from) / period > kMostDashes) {
+    const double repeats = (to - from) / period;
+    if (!(repeats <= kMostDashes)) {
         emit(from, to);
         return;
     }
     double at = phase + std::floor((from - phase) / period) * period;
-    while (at < to) {
+    for (int i = 0; i < repeats + 2.0 && at < to; ++i) {
         for (const double dash : dashes) {
             const double next = at + std::abs(dash);
             const double start = std::max(at, from);
@@ -161,14 +162,17 @@ std::vector<Stroke> StrokesWithin(const AcDbHatch::PatternLine& family,
         step = {-step.x, -step.y};
     }
     std::vector<Stroke> strokes;
-    if (!(step.y > 0.0) || !((highest - lowest) / step.y <= kMostLines)) {
+    const double lines = (highest - lowest) / step.y;
+    if (!(step.y > 0.0) || !(lines <= kMostLines)) {
         return strokes;
     }
-    for (double k = std::ceil((lowest - base.y) / step.y); base.y + k * step.y <= highest; ++k) {
+    const double first = std::ceil((lowest - base.y) / step.y);
+    for (int i = 0; i <= lines; ++i) {
+        const double k = first + i;
         const double y = base.y + k * step.y;
         const std::vector<double> places = crossingsAt(y, level);
-        for (std::size_t i = 0; i + 1 < places.size(); i += 2) {
-            emitDashes(family.dashes, base.x + k * step.x, places[i], places[i + 1],
+        for (std::size_t at = 0; at + 1 < places.size(); at += 2) {
+            emitDashes(family.dashes, base.x + k * step.x, places[at], places[at + 1],
                        [&](double from, double to) {
                            strokes.push_back(
                                {turned({from, y}, cosine, sine), turned({to, y}, cosine, sine)});

@@ -74,17 +74,18 @@ AcGePoint3d AcGeCubicSplineCurve3d::evalPoint(double param) const {
 }
 
 std::vector<AcGePoint3d> AcGeCubicSplineCurve3d::samplePoints(double maxChordError) const {
-    constexpr double kMostChords = 10'000.0;
+    constexpr double kMostChords = 200'000.0;
     std::vector<AcGePoint3d> points;
     if (!isValid()) {
         return points;
     }
+    const double mostOfPiece = std::max(1.0, kMostChords / static_cast<double>(nodes_.size()));
     points.push_back(nodes_.front().point);
     for (std::size_t i = 0; i + 1 < nodes_.size(); ++i) {
         const SplinePiece piece(nodes_[i], nodes_[i + 1], knots_[i + 1] - knots_[i]);
         // A chord over du is off by at most a eighth of du² times the second derivative.
         const double wanted = std::ceil(std::sqrt(0.75 * piece.greatestBend() / maxChordError));
-        const int chords = static_cast<int>(std::min(std::max(1.0, wanted), kMostChords));
+        const int chords = static_cast<int>(std::min(std::max(1.0, wanted), mostOfPiece));
         for (int k = 1; k < chords; ++k) {
             points.push_back(piece.at(static_cast<double>(k) / chords));
         }

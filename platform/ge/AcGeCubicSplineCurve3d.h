@@ -33,8 +33,8 @@ public:
                        std::vector<AcGePoint3d>& points) const;
 
     /// A polyline along the curve, no chord further from it than `maxChordError` drawing units
-    /// (above 0); every fit point is one of its vertices. A piece so wild that it would need more
-    /// than 10,000 chords gets that many. Empty for a curve that is not valid.
+    /// (above 0); every fit point is one of its vertices. A curve so wild that it would need more
+    /// than 200,000 chords gets about that many. Empty for a curve that is not valid.
     std::vector<AcGePoint3d> samplePoints(double maxChordError) const;
 
 private:

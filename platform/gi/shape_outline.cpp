@@ -46,8 +46,9 @@ std::array<AcGePoint3d, 4> TextCorners(const AcGePoint3d& position, const AcGeVe
 
 std::vector<AcGePoint3d> ArcPoints(const AcGePoint3d& center, double radius, double startAngle,
                                    double sweepAngle) {
-    const double turns = std::min(std::abs(sweepAngle) / kTurn, 1.0);
-    const int chords = std::max(1, static_cast<int>(std::ceil(turns * kChordsOfTurn)));
+    const double turns = std::abs(sweepAngle) / kTurn;
+    const int chords = turns < 1.0 ? std::max(1, static_cast<int>(std::ceil(turns * kChordsOfTurn)))
+                                   : kChordsOfTurn;
     std::vector<AcGePoint3d> points;
     points.reserve(static_cast<std::size_t>(chords) + 1);
     for (int i = 0; i <= chords; ++i) {
