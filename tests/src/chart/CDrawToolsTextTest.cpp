@@ -65,6 +65,7 @@ std::vector<std::string> Split(const std::string& coded) {
     double width = -1.0;
     CDrawTools().SplitStackedText(coded, pieces, 10.0, width);
     std::vector<std::string> lines;
+    lines.reserve(pieces.size() + 1);
     for (const TextPiece& piece : pieces) {
         lines.push_back(win32::Utf8FromGbk(piece.text) + " " + Coordinate(piece.dx) + "," +
                         Coordinate(piece.dy) + " h" + Coordinate(piece.height));

@@ -6,7 +6,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::StartsWith;
 
 class ResultChart : public ChartFixture {

@@ -12,7 +12,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
-using testing::Not;
 using testing::StartsWith;
 
 class Sheet : public ChartFixture {

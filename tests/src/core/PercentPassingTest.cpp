@@ -33,8 +33,8 @@ std::vector<double> Passing(const GrainSizeRecord& record) {
     return passing;
 }
 
-auto IsNear(std::vector<double> values) {
-    return Pointwise(DoubleNear(1e-12), std::move(values));
+auto IsNear(const std::vector<double>& values) {
+    return Pointwise(DoubleNear(1e-12), values);
 }
 
 TEST(PercentPassing, MassOnNoSieveIsFinerThanAll) {

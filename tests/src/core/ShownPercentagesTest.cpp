@@ -16,8 +16,8 @@ std::vector<double> Nudged(std::vector<double> masses, double total) {
     return masses;
 }
 
-auto AreNear(std::vector<double> values) {
-    return Pointwise(DoubleNear(1e-9), std::move(values));
+auto AreNear(const std::vector<double>& values) {
+    return Pointwise(DoubleNear(1e-9), values);
 }
 
 TEST(ShownPercentages, MassesThatShowAHundredStay) {

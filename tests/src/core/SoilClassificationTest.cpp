@@ -6,7 +6,7 @@
 
 namespace {
 
-std::string ClassOf(std::vector<double> sizes, std::vector<double> shares, int standardCode,
+std::string ClassOf(std::vector<double> sizes, const std::vector<double>& shares, int standardCode,
                     double total = 1.0) {
     GrainSizeRecord record;
     record.kind = total == 1.0 ? RecordKind::layer : RecordKind::sample;

@@ -114,12 +114,11 @@ TEST_F(CKFCurveEditing, ExplodesIntoSplineAndTexts) {
     EXPECT_EQ(spline->colorIndex(), 3);
     EXPECT_EQ(spline->numFitPoints(), 3);
     const char* const texts[] = {"=1.26", "=31.55", "=0.159", "=0.040", "=0.501"};
-    for (int i = 0; i < 5; ++i) {
-        const auto* text =
-            dynamic_cast<const AcDbText*>(entities[static_cast<std::size_t>(i + 1)].get());
+    for (std::size_t i = 0; i < 5; ++i) {
+        const auto* text = dynamic_cast<const AcDbText*>(entities[i + 1].get());
         ASSERT_NE(text, nullptr);
         EXPECT_STREQ(text->textString(), texts[i]);
-        EXPECT_TRUE(text->position().isEqualTo({i + 1.0, 0, 0}));
+        EXPECT_TRUE(text->position().isEqualTo({static_cast<double>(i) + 1.0, 0, 0}));
         EXPECT_EQ(text->height(), 2.4);
         EXPECT_EQ(text->widthFactor(), 0.7);
         EXPECT_EQ(text->textStyle(), drawing.textstyle());

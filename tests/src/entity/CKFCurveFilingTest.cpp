@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "platform/db/AcDbDatabase.h"
 #include "src/common/module_state.h"
+#include "src/entity/model_space.h"
 #include "tests/src/entity/CurveMaker.h"
 #include "tests/src/entity/ListFiler.h"
 
@@ -88,6 +91,39 @@ TEST_F(CKFCurveFiling, WhatIsReadIsWhatWasWritten) {
         const auto layer = withLayer.Words().end()[-2];
         EXPECT_EQ(layer, mode == kLayerCharts ? "int32 12" : "int32 1") << "kept when not read";
     }
+}
+
+TEST_F(CKFCurveFiling, ComesBackFromADrawingFile) {
+    ChartMode = kLayerCharts;
+    const std::string path = testing::TempDir() + "curve_filing_test.dwg";
+    std::vector<std::string> words;
+    {
+        AcDbDatabase drawing;
+        auto curve = std::make_unique<CKFCurve>();
+        FillCurve(*curve, drawing.textstyle());
+        curve->ComputeDiameters();
+        ListFiler filer;
+        curve->dwgOutFields(&filer);
+        words = filer.Words();
+        ASSERT_FALSE(AppendOrDrop(&drawing, std::move(curve)).isNull());
+        ASSERT_EQ(drawing.saveAs(path.c_str()), Acad::eOk) << drawing.lastFileError();
+    }
+    AcDbDatabase drawing(false);
+    ASSERT_EQ(drawing.readDwgFile(path.c_str()), Acad::eOk) << drawing.lastFileError();
+    std::filesystem::remove(path);
+    int curves = 0;
+    for (const AcDbStub& entry : drawing.entries()) {
+        if (const auto* curve = dynamic_cast<const CKFCurve*>(entry.object.get())) {
+            ++curves;
+            AcDbObject* opened = nullptr;
+            ASSERT_EQ(acdbOpenObject(opened, curve->objectId(), AcDb::kForRead), Acad::eOk);
+            ListFiler filer;
+            curve->dwgOutFields(&filer);
+            EXPECT_EQ(filer.Words(), words);
+            opened->close();
+        }
+    }
+    EXPECT_EQ(curves, 1);
 }
 
 TEST_F(CKFCurveFiling, DamagedCountsEndWithTheData) {
