@@ -11,7 +11,7 @@
 class CCompositionTable {
 public:
     /// `sizes` in mm, largest first; all but negative ones get a column. The table is centred in
-    /// the sheet's frame once `SetTop` has been called.
+    /// the sheet's frame; how high it stands is set before it is drawn.
     CCompositionTable(const CSheetPen& pen, const std::vector<double>& sizes);
 
     int ColumnCount() const { return static_cast<int>(sizeTexts_.size()); }

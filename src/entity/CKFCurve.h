@@ -23,7 +23,7 @@ public:
     AcRxClass* isA() const override;
 
     /// `chartType` is the project's standard code: 2 gives the seven labels of the cumulative
-    /// chart, any other the five of the result chart. The project index keeps its low 16 bits.
+    /// chart, any other the five of the result chart.
     void SetIdentity(Adesk::Int16 chartType, Adesk::Int16 projectIndex,
                      const std::string& projectNumber, const std::string& borehole,
                      const std::string& sample);
