@@ -43,13 +43,14 @@ public:
     void smallBits(std::uint8_t& value, unsigned count) {
         value = static_cast<std::uint8_t>(data_.bits(count));
     }
-    template <class... E>
-    void code(E&... values) {
-        ((values = static_cast<E>(data_.bitShort())), ...);
-    }
     template <class E>
-    void longCode(E& value) {
-        value = static_cast<E>(data_.bitLong());
+    void code(E& value, E last) {
+        const int number = data_.bitShort();
+        const bool known = number >= 0 && number <= last;
+        accept(known);
+        if (known) {
+            value = static_cast<E>(number);
+        }
     }
     /// Makes the list as long as the file says, unless the file is too short for that.
     template <class List>

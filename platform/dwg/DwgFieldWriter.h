@@ -45,13 +45,9 @@ public:
         }
     }
     void smallBits(std::uint8_t value, unsigned count) { data_.bits(value, count); }
-    template <class... E>
-    void code(const E&... values) {
-        (data_.bitShort(static_cast<std::int16_t>(values)), ...);
-    }
     template <class E>
-    void longCode(const E& value) {
-        data_.bitLong(static_cast<std::int32_t>(value));
+    void code(E value, E /*last*/) {
+        data_.bitShort(static_cast<std::int16_t>(value));
     }
     template <class List>
     void count(const List& list, unsigned /*least*/) {

@@ -18,7 +18,7 @@
 ///     v.bitPoint(p, …)                 plane points whose coordinates may take the short forms
 ///     v.thickness(d), v.normal(n)      with a one-bit form for 0 and (0, 0, 1)
 ///     v.smallBits(value, count)        up to 8 bits
-///     v.code(e, …), v.longCode(e)      enumerations in 16 and 32 bits
+///     v.code(e, last)                  an enumeration from 0 to `last`, in 16 bits
 ///     v.count(list, least)             its length; `least` is the fewest bits an item can take
 ///     v.bytes(array), v.sizedBytes(v)  bytes as they are, without and with their number before
 ///     v.softOwners(id, …) and hardOwners, softPointers, hardPointers

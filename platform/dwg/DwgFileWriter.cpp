@@ -132,10 +132,10 @@ void DwgFileWriter::appendUnknownSections() {
 }
 
 void DwgFileWriter::appendObjects() {
-    const auto start = static_cast<std::uint32_t>(file_.size());
+    objectsStart_ = static_cast<std::uint32_t>(file_.size());
     file_.append(reinterpret_cast<const char*>(objects_.data()), objects_.size());
     for (dwg::MapEntry& entry : map_) {
-        entry.position += start;
+        entry.position += objectsStart_;
     }
     beginSection(dwg::kObjectMap);
     dwg::AppendObjectMap(file_, map_);

@@ -57,5 +57,6 @@ private:
     std::vector<dwg::MapEntry> map_;  // positions within objects_ at first
     std::uint64_t contentKey_ = 0;    // differs when an object does
     std::string file_;
+    std::uint32_t objectsStart_ = 0;
     std::vector<dwg::SectionLocator> sections_;
 };

@@ -152,14 +152,11 @@ DwgBitWriter DwgFileWriter::classBits() const {
 }
 
 void DwgFileWriter::appendFreeSpace() {
-    const auto found = std::find_if(sections_.begin(), sections_.end(), [](const auto& section) {
-        return section.number == dwg::kClasses;
-    });
     beginSection(dwg::kFreeSpace);
     dwg::AppendLong(file_, 0);
     dwg::AppendLong(file_, static_cast<std::uint32_t>(map_.size()));
     appendTime(file_, database_.header().TDUPDATE);
-    dwg::AppendLong(file_, found->address + found->size);
+    dwg::AppendLong(file_, objectsStart_);
     file_.push_back(4);
     for (const std::uint32_t limit : {0x32U, 0x64U, 0x200U, 0xFFFFFFFFU}) {
         dwg::AppendLong(file_, limit);

@@ -65,10 +65,8 @@ public:
     template <class Vector>
     void normal(Vector& /*vector*/) {}
     void smallBits(unsigned /*value*/, unsigned /*count*/) {}
-    template <class... E>
-    void code(E&... /*values*/) {}
     template <class E>
-    void longCode(E& /*value*/) {}
+    void code(E /*value*/, E /*last*/) {}
     template <class List>
     void count(List& /*list*/, unsigned /*least*/) {}
     template <class Bytes>

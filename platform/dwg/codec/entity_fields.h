@@ -12,8 +12,7 @@ struct DwgFields<AcDbEntity> {
         v.hardPointers(e.layerId_);
         v.linetype(e.linetypeId_);
         v.plotStyle(e.fileData().plotStyleSource, e.fileData().plotStyle);
-        v.code(e.visibility_);
-        v.accept(e.visibility_ == AcDb::kVisible || e.visibility_ == AcDb::kInvisible);
+        v.code(e.visibility_, AcDb::kInvisible);
         v(e.lineWeight_);
     }
 };

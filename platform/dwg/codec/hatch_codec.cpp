@@ -16,9 +16,7 @@ struct DwgFields<AcDbHatch> {
             loopFields(v, loop);
         }
         v(h.style_);
-        v.code(h.patternType_);
-        v.accept(h.patternType_ >= AcDbHatch::kUserDefined &&
-                 h.patternType_ <= AcDbHatch::kCustomDefined);
+        v.code(h.patternType_, AcDbHatch::kCustomDefined);
         if (!h.solid_) {
             patternFields(v, h);
         }

@@ -52,12 +52,11 @@ struct DwgFields<AcDbText> {
             v(t.generation_);
         }
         if (has(kHorizontalMode)) {
-            v.code(t.horizontalMode_);
+            v.code(t.horizontalMode_, AcDb::kTextFit);
         }
         if (has(kVerticalMode)) {
-            v.code(t.verticalMode_);
+            v.code(t.verticalMode_, AcDb::kTextTop);
         }
-        v.accept(t.horizontalMode_ <= AcDb::kTextFit && t.verticalMode_ <= AcDb::kTextTop);
         v.hardPointers(t.style_);
     }
 
