@@ -13,8 +13,8 @@ constexpr double kScale = 0.001;
 // Millimetres of the printed sheet, 420 x 297.
 constexpr double kSheetWidth = 420.0;
 constexpr double kSheetHeight = 297.0;
-constexpr double kLeft = 25.0;  // the side on which sheets are bound
-constexpr double kRight = 415.0;
+constexpr double kLeft = 25.0;    // the side on which sheets are bound
+constexpr double kRight = 416.5;  // the date, ten characters from 388 on, ends at 416
 constexpr double kBottom = 5.0;
 constexpr double kTop = 292.0;
 constexpr double kTitleTop = 16.0;  // of the title block, a strip along the lower edge

@@ -5,6 +5,7 @@
 #include "host/complaint.h"
 #include "host/coordinates.h"
 #include "host/entity_pick.h"
+#include "host/redraw.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ge/AcGeMatrix3d.h"
 
@@ -16,8 +17,8 @@ using Arguments = BuiltInCommand::Arguments;
 constexpr const char* kPickPrompt = "Select object: ";
 constexpr const char* kBasePrompt = "Base point: ";
 
-/// The entity that a pick names, open for write; closes it at the end. False for none, with the
-/// reason on the command line.
+/// The entity that a pick names, open for write; at the end it is drawn anew and closed. False for
+/// none, with the reason on the command line.
 class PickedEntity {
 public:
     explicit PickedEntity(const std::string& pick) {
@@ -30,6 +31,9 @@ public:
     }
     ~PickedEntity() {
         if (entity_ != nullptr) {
+            if (!entity_->isErased()) {
+                Redraw(*entity_);
+            }
             entity_->close();
         }
     }

@@ -1,0 +1,247 @@
+// Charts drawn by the console program, and what stands against them.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include <nlohmann/json.hpp>
+
+#include "platform/win32/code_page.h"
+#include "tests/system/Program.h"
+
+namespace fs = std::filesystem;
+using Json = nlohmann::json;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+/// The sample project; its number is 2026-017.
+class DrawTest : public testing::Test {
+protected:
+    explicit DrawTest(int standardCode = 0)
+        : folder_(scratch_.Path() / "suite"), suite_(folder_, standardCode) {}
+
+    ProgramResult Grdx(std::vector<std::string> arguments) const {
+        arguments.insert(arguments.begin(), GRDX_PROGRAM);
+        arguments.insert(arguments.end(), {"-s", folder_});
+        return RunProgram(arguments);
+    }
+    ProgramResult DrawSamples(const std::string& borehole,
+                              const std::vector<std::string>& options) const {
+        std::vector<std::string> arguments = {"draw", "samples", "--borehole", borehole};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return Grdx(arguments);
+    }
+    /// The sheets that a run has named, each checked to be there, without folder.
+    std::vector<std::string> SheetNames(const ProgramResult& run) const {
+        std::vector<std::string> names;
+        std::istringstream lines(run.output);
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_EQ(fs::path(line).parent_path(), ChartFolder());
+            EXPECT_TRUE(fs::is_regular_file(line)) << line;
+            names.push_back(fs::path(line).filename());
+        }
+        return names;
+    }
+    fs::path ChartFolder() const { return folder_ / "output" / "2026-017" / "室内曲线"; }
+    Json List() const { return Json::parse(Grdx({"list", "--json"}).output); }
+    Json Sample(const std::string& borehole, const std::string& name) const {
+        const Json list = List();
+        for (const Json& hole : list["boreholes"]) {
+            for (const Json& sample : hole["samples"]) {
+                if (hole["borehole"] == borehole && sample["sample"] == name) {
+                    return sample;
+                }
+            }
+        }
+        ADD_FAILURE() << borehole << " " << name << " is not listed";
+        return {};
+    }
+    void Change(const std::string& statement) const {
+        sqlite3* database = nullptr;
+        ASSERT_EQ(sqlite3_open((folder_ / "project.db").c_str(), &database), SQLITE_OK);
+        EXPECT_EQ(sqlite3_exec(database, statement.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
+        sqlite3_close(database);
+    }
+    /// Replaces a text in a file of the suite folder.
+    void Edit(const std::string& name, const std::string& from, const std::string& to) const {
+        std::string text = FileBytes(folder_ / name);
+        const std::size_t place = text.find(from);
+        ASSERT_NE(place, std::string::npos) << name << " lacks " << from;
+        std::ofstream(folder_ / name, std::ios::binary) << text.replace(place, from.size(), to);
+    }
+    std::string Settings() const { return win32::Utf8FromGbk(FileBytes(folder_ / "settings.ini")); }
+
+    ScratchFolder scratch_;
+    fs::path folder_;
+    SampleSuite suite_;
+};
+
+class DrawA3Test : public DrawTest {
+protected:
+    DrawA3Test() : DrawTest(2) {}
+};
+}  // namespace
+
+TEST_F(DrawTest, SheetsAreNamedAsTheyAreSavedAndResultsStored) {
+    const ProgramResult run = DrawSamples(
+        "ZK2", {"--sample", "3-1", "--sample", "1-2", "--sample", "2-10", "--sample", "1-2"});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(run.errors, "");
+    EXPECT_THAT(SheetNames(run), ElementsAre("KFZK2-1-2~ZK2-2-10.dwg", "KFZK2-3-1.dwg"));
+    const Json drawn = Sample("ZK2", "2-10");
+    EXPECT_TRUE(drawn["drawn"]);
+    EXPECT_GT(drawn["results"]["d60"], drawn["results"]["d10"]);
+    EXPECT_TRUE(Sample("ZK2", "2-1")["results"]["d60"].is_null());
+    EXPECT_FALSE(Sample("ZK2", "2-1")["drawn"]);
+
+    const ProgramResult rest = DrawSamples("ZK2", {"--all"});
+    EXPECT_EQ(SheetNames(rest).size(), 4U);
+    EXPECT_TRUE(List()["boreholes"][1]["drawn"]);
+}
+
+TEST_F(DrawTest, ChoicesAreRememberedUntilTheyAreTakenBack) {
+    const std::vector<std::string> one = {"--sample", "1"};
+    auto with = [&](std::initializer_list<std::string> options) {
+        std::vector<std::string> all = one;
+        all.insert(all.end(), options);
+        return DrawSamples("ZK1", all);
+    };
+    EXPECT_EQ(with({"--tester", "王工", "--unit", "试验室", "--date", "2026-05-20", "--right-axis"})
+                  .status,
+              0);
+    EXPECT_THAT(Settings(), HasSubstr("bZB=1\nbJWKX=0\n"));
+    EXPECT_THAT(Settings(), HasSubstr("bWCDW=1\nbSYZ=1\nbJCZ=0\nbRQ=1\nsWCDW=试验室\nsSYZ=王工\n"));
+    EXPECT_EQ(with({"--no-tester", "--outer-frame"}).status, 0);
+    EXPECT_THAT(Settings(), HasSubstr("bZB=1\nbJWKX=1\n"));
+    EXPECT_THAT(Settings(), HasSubstr("bWCDW=1\nbSYZ=0\n"));
+    EXPECT_THAT(Settings(), HasSubstr("sSYZ=王工\n"));
+    EXPECT_EQ(with({"--no-right-axis", "--no-outer-frame"}).status, 0);
+    EXPECT_THAT(Settings(), HasSubstr("bZB=0\nbJWKX=0\n"));
+}
+
+TEST_F(DrawTest, WhatIsNotOfferedIsRefusedByNameBeforeAnythingIsDrawn) {
+    struct Case {
+        const char* borehole;
+        std::vector<std::string> options;
+        const char* named;
+    };
+    const Case cases[] = {
+        {"ZK9", {"--all"}, "borehole \"ZK9\""},
+        {"ZK1", {"--sample", "1", "--sample", "99"}, "sample \"99\""},
+        {"ZK1", {"--sample", "1-1"}, "sample \"1-1\""},
+        {"ZK1", {"--sample", "1", "--recompute"}, "--recompute"},
+        {"ZK1", {"--sample", "1", "--tester", "\xF0\x9F\x98\x80"}, "--tester"},
+    };
+    const std::string settings = Settings();
+    for (const Case& row : cases) {
+        const ProgramResult run = DrawSamples(row.borehole, row.options);
+        EXPECT_EQ(run.status, 1) << row.named;
+        EXPECT_EQ(run.output, "");
+        EXPECT_THAT(run.errors, HasSubstr(row.named));
+    }
+    EXPECT_FALSE(fs::exists(folder_ / "output"));
+    EXPECT_EQ(Settings(), settings);
+    EXPECT_FALSE(Sample("ZK1", "1")["drawn"]);
+    const ProgramResult layer = Grdx({"draw", "layers", "--layer", "2-3"});
+    EXPECT_EQ(layer.status, 1);
+    EXPECT_THAT(layer.errors, HasSubstr("layer \"2-3\""));
+}
+
+TEST_F(DrawTest, ChartsThatAreNotDrawnAreNamed) {
+    Change("DELETE FROM Z_c_KeFen WHERE ZKBH='ZK1' AND QYBH='4'");
+    const ProgramResult missing = DrawSamples("ZK1", {"--all"});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_THAT(SheetNames(missing), ElementsAre("KFZK1-1~ZK1-2.dwg"));
+    EXPECT_EQ(
+        missing.errors,
+        "grdx: 3 sheets not made; not drawn: 3, 4, 5, 6, 7, 8\n"
+        "grdx: sample \"4\" of borehole \"ZK1\": it has no row of results (table Z_c_KeFen)\n");
+
+    Change("UPDATE Z_c_KeFen SET KLTYZL = NULL WHERE QYBH='5'");
+    EXPECT_THAT(DrawSamples("ZK1", {"--sample", "5"}).errors, HasSubstr("has no total mass"));
+    Change("UPDATE Z_c_KeFen SET KLTYZL = 1 WHERE QYBH='6'");
+    EXPECT_EQ(DrawSamples("ZK1", {"--sample", "6"}).errors,
+              "筛余质量的和大于试样的总质量，请检查数据表中的数据！\n"
+              "grdx: 1 sheet not made; not drawn: 6\n");
+}
+
+TEST_F(DrawTest, WhatStandsInTheWayOfTheCommandIsToldAsItStands) {
+    Edit("project.ini", "GCSJ=0", "GCSJ=1");
+    const ProgramResult unchecked = DrawSamples("ZK1", {"--all"});
+    EXPECT_EQ(unchecked.status, 1);
+    EXPECT_EQ(unchecked.errors,
+              "工程数据没有进行[数据合法性检查]，\n请到主模块执行[数检]命令后再试此功能！\n"
+              "Unknown command \"GoDBManage\".\ngrdx: nothing was drawn\n");
+    Edit("project.ini", "GCSJ=1", "GCSJ=0");
+    std::ofstream(folder_ / "output") << "a file where a folder must be";
+    const ProgramResult noFolder = DrawSamples("ZK1", {"--sample", "1"});
+    EXPECT_EQ(noFolder.status, 1);
+    EXPECT_THAT(noFolder.errors, HasSubstr("不能新建目录."));
+}
+
+TEST_F(DrawTest, FaultsOfFilesAreNamedOnce) {
+    fs::create_directories(ChartFolder() / "KFZK1-1.dwg" / "x");
+    const ProgramResult unsaved = DrawSamples("ZK1", {"--sample", "1"});
+    EXPECT_EQ(unsaved.status, 1);
+    EXPECT_THAT(unsaved.errors, HasSubstr((ChartFolder() / "KFZK1-1.dwg").string()));
+
+    fs::remove(folder_ / "Support/Drawing.dwg");
+    const ProgramResult noBlank = DrawSamples("ZK1", {"--sample", "2"});
+    EXPECT_EQ(noBlank.status, 1);
+    const std::size_t first = noBlank.errors.find("Drawing.dwg");
+    ASSERT_NE(first, std::string::npos);
+    EXPECT_EQ(noBlank.errors.find("Drawing.dwg", first + 1), std::string::npos);
+}
+
+TEST_F(DrawTest, ResultsThatCannotBeStoredFailTheRun) {
+    // The row is there when the chart reads it and gone when the percentages are stored.
+    Change(
+        "CREATE TRIGGER lose AFTER UPDATE OF KLD60 ON Z_c_KeFen "
+        "BEGIN DELETE FROM Z_c_KeFen WHERE QYBH = NEW.QYBH; END");
+    const ProgramResult run = DrawSamples("ZK1", {"--sample", "8"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, HasSubstr("所占的百分比入库失败!"));
+    EXPECT_THAT(SheetNames(run), ElementsAre("KFZK1-8.dwg"));
+}
+
+TEST_F(DrawA3Test, SixChartsShareASheetOnTheTemplate) {
+    const ProgramResult run = DrawSamples("ZK3", {"--all"});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(run.errors, "数据库z_c_QuYang取样编号3数据QYHD不全!\n");
+    EXPECT_THAT(SheetNames(run), ElementsAre("KFZK3-1_ZK3-6.dwg", "KFZK3-7.dwg"));
+    const Json info = Json::parse(
+        RunProgram({GRDX_PROGRAM, "info", "--json", ChartFolder() / "KFZK3-1_ZK3-6.dwg"}).output);
+    EXPECT_EQ(info["entities"]["CKFCurve"], 6);
+    EXPECT_EQ(info["entities"]["AcDbBlockReference"], 1);
+    EXPECT_EQ(info["curves"][5]["sample"], "6");
+    EXPECT_EQ(info["curves"][5]["wideAxis"], 1) << "boulders";
+
+    std::ofstream(folder_ / "Support/gltka3.dwg") << "no drawing";
+    const ProgramResult damaged = DrawSamples("ZK3", {"--sample", "7"});
+    EXPECT_EQ(damaged.status, 1) << "the sheet lacks its template";
+    EXPECT_THAT(damaged.errors, HasSubstr("gltka3.dwg"));
+}
+
+TEST_F(DrawTest, LayersHaveChartsOfTheirOwn) {
+    const ProgramResult run = Grdx({"draw", "layers", "--layer", "4", "--layer", "2-1"});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_THAT(SheetNames(run), ElementsAre("KFSJ2-1~4.dwg"));
+    const Json listed = List()["layers"];
+    for (const Json& layer : listed) {
+        EXPECT_EQ(layer["drawn"], layer["layer"] == "4" || layer["layer"] == "2-1") << layer;
+    }
+    const fs::path sheet = ChartFolder() / "KFSJ2-1~4.dwg";
+    const Json asSamples = Json::parse(RunProgram({GRDX_PROGRAM, "info", "--json", sheet}).output);
+    EXPECT_FALSE(asSamples["curves"][0].contains("mainLayer"));
+    const Json asLayers =
+        Json::parse(RunProgram({GRDX_PROGRAM, "info", "--json", "--layers", sheet}).output);
+    EXPECT_EQ(asLayers["curves"][0]["mainLayer"], 2);
+    EXPECT_EQ(asLayers["curves"][0]["subLayer"], 1);
+    EXPECT_EQ(asLayers["curves"][1]["mainLayer"], 4);
+    EXPECT_EQ(asLayers["curves"][1]["subLayer"], 0);
+}

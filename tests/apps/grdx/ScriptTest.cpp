@@ -1,0 +1,118 @@
+// Scripts: command-line input with the answers to dialogs.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include <nlohmann/json.hpp>
+
+#include "apps/grdx/ScriptLines.h"
+#include "platform/win32/code_page.h"
+#include "tests/system/Program.h"
+
+using console::ScriptLines;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(ScriptLinesTest, AnswersBelongToTheLineAboveThem) {
+    std::vector<std::string> events;
+    ScriptLines lines(
+        "@answer yes\n"
+        "; a comment\n"
+        "CGRDX\r\n"
+        "\n"
+        "  @page 604\r\n"
+        "; another\n"
+        "@answer no\n"
+        "@nonsense\n"
+        "OPEN 钻孔\n"
+        "OPEN \xF0\x9F\x98\x80\n",
+        [&](const mfc::Answer& answer) { events.push_back(mfc::DescribeAnswer(answer)); },
+        [&](const std::string& fault) { events.push_back(fault.substr(0, fault.find(':'))); });
+    while (const auto line = lines.Next()) {
+        events.push_back(win32::Utf8FromGbk(*line));
+    }
+    EXPECT_THAT(events, ElementsAre("line 1", "@page 604", "@answer no", "line 8", "CGRDX\r",
+                                    "OPEN 钻孔", "line 10"));
+}
+
+namespace {
+class ScriptTest : public testing::Test {
+protected:
+    ProgramResult Run(const std::string& script) const {
+        std::ofstream(scratch_.Path() / "script") << script;
+        return RunProgram({GRDX_PROGRAM, "script", scratch_.Path() / "script", "-s", folder_});
+    }
+    /// Handle of the first curve of a sheet.
+    static std::string Curve(const std::string& sheet) {
+        const ProgramResult info = RunProgram({GRDX_PROGRAM, "info", "--json", sheet});
+        return nlohmann::json::parse(info.output)["curves"][0]["handle"];
+    }
+    double D60() const {
+        const ProgramResult list = RunProgram({GRDX_PROGRAM, "list", "--json", "-s", folder_});
+        return nlohmann::json::parse(list.output)["boreholes"][0]["samples"][3]["results"]["d60"];
+    }
+
+    ScratchFolder scratch_;
+    std::string folder_ = scratch_.Path() / "suite";
+    SampleSuite suite_{folder_, 0};
+};
+}  // namespace
+
+TEST_F(ScriptTest, ACurveIsDrawnReshapedAndStored) {
+    const ProgramResult drawn =
+        Run("CGRDX\n"
+            "@select 2008 ZK1\n"
+            "@select 2001 4\n"
+            "@page 601\n"
+            "@type 2009 \"王 工\"\n"
+            "@check 2027 on\n"
+            "@press ok\n");
+    EXPECT_EQ(drawn.status, 0) << drawn.errors;
+    EXPECT_EQ(drawn.errors, "");
+    ASSERT_THAT(drawn.output, HasSubstr("KFZK1-4.dwg\n"));
+    const std::string sheet = drawn.output.substr(0, drawn.output.size() - 1);
+    const std::string pick = "#" + Curve(sheet);
+
+    const double before = D60();
+    const ProgramResult edited =
+        Run("EGRDX\n@select 2014 ZK1\n@select 2015 试样ZK1-4\n@press ok\n"
+            "GRIP " +
+            pick +
+            "\n3\n0,4\n"
+            "NEW\n@answer yes\n" +
+            pick +
+            "\n"
+            "GRIP 0,0 0 1,1\n");
+    EXPECT_EQ(edited.status, 1) << "the new drawing is empty";
+    EXPECT_THAT(edited.errors, HasSubstr("颗分图中有关数据已改变,是否入库?"));
+    EXPECT_THAT(edited.errors, HasSubstr("颗分数据存储成功!"));
+    EXPECT_NE(D60(), before);
+}
+
+TEST_F(ScriptTest, AnswersThatDoNotFitAreToldAndTheRestRuns) {
+    const ProgramResult run =
+        Run("CGRDX\n@select 2008 ZK1\n@select 2001 99\n@press ok\n"
+            "SDI 1\n@answer yes\n"
+            "FOO\n"
+            "SAVEAS " +
+            scratch_.Path().string() + "/made\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors, HasSubstr("control 2001 has no item 99"));
+    EXPECT_THAT(run.errors, HasSubstr("not asked for: @press ok"));
+    EXPECT_THAT(run.errors, HasSubstr("not asked for: @answer yes"));
+    EXPECT_THAT(run.errors, HasSubstr("Unknown command \"FOO\""));
+    EXPECT_EQ(run.output, scratch_.Path().string() + "/made.dwg\n");
+}
+
+TEST_F(ScriptTest, PathsCountFromTheFolderTheProgramStartedIn) {
+    // The chart command leaves the current folder at the sheets.
+    std::ofstream(scratch_.Path() / "script")
+        << "CGRDX\n@select 2008 ZK1\n@select 2001 1\n@press ok\nSAVEAS here\n";
+    const ProgramResult run =
+        RunProgram({"env", "-C", scratch_.Path(), GRDX_PROGRAM, "script", "script", "-s", "suite"});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_TRUE(std::filesystem::exists(scratch_.Path() / "here.dwg"));
+}
