@@ -46,13 +46,21 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     }
 }
 
+AcDbEntity::AcDbEntity(const AcDbEntity& other) : AcDbObject(other) {
+    takeProperties(other);
+}
+
 void AcDbEntity::copyCommonData(const AcDbObject& other) {
     AcDbObject::copyCommonData(other);
-    copyProperties(static_cast<const AcDbEntity&>(other));
+    takeProperties(static_cast<const AcDbEntity&>(other));
 }
 
 void AcDbEntity::copyProperties(const AcDbEntity& source) {
     assertWriteEnabled();
+    takeProperties(source);
+}
+
+void AcDbEntity::takeProperties(const AcDbEntity& source) {
     color_ = source.color_;
     layerId_ = source.layerId_;
     linetypeId_ = source.linetypeId_;

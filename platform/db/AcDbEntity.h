@@ -25,7 +25,8 @@ public:
 
     /// Null until set, or until the entity is appended and takes the drawing's current layer.
     AcDbObjectId layerId() const { return layerId_; }
-    /// Both setters: eNullObjectId, or eWrongDatabase when the entity is in another drawing.
+    /// This and setLinetype: eNullObjectId, or eWrongDatabase when the entity is in another
+    /// drawing.
     virtual Acad::ErrorStatus setLayer(AcDbObjectId layer, Adesk::Boolean doSubents = true);
     AcDbObjectId linetypeId() const { return linetypeId_; }
     Acad::ErrorStatus setLinetype(AcDbObjectId linetype, Adesk::Boolean doSubents = true);
@@ -58,8 +59,8 @@ public:
     /// Draws the entity for proxy graphics.
     virtual void saveAs(AcGiWorldDraw* context, AcDb::SaveType type);
     /// Replaces `extents` by the box around what the entity draws. eDegenerateGeometry, and no
-    /// change, when it has no extent of its own. Texts count with the
-    /// estimate of width factor × height a character, which is what the layouts count with.
+    /// change, when it has no extent of its own. Texts count with the estimate of width factor ×
+    /// height a character, which is what the layouts count with.
     virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
 
     virtual Acad::ErrorStatus getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray& osnapModes,
@@ -77,7 +78,7 @@ public:
 
 protected:
     AcDbEntity() = default;
-    AcDbEntity(const AcDbEntity&) = default;
+    AcDbEntity(const AcDbEntity& other);
     void copyCommonData(const AcDbObject& other) override;
     /// What the layer's own entities start to draw with.
     void startDrawing(const AcGiWorldDraw& context) const;
@@ -87,6 +88,7 @@ private:
     friend struct DwgFields;
     friend class AcDbDatabase;
     Acad::ErrorStatus setReference(AcDbObjectId& reference, AcDbObjectId id);
+    void takeProperties(const AcDbEntity& source);
 
     AcCmColor color_;
     AcDbObjectId layerId_;

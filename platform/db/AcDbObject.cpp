@@ -10,9 +10,8 @@
 
 ACRX_DEFINE_MEMBERS(AcDbObject, AcRxObject, nullptr);
 
-AcDbObject::AcDbObject(const AcDbObject& other)
-    : AcRxObject(other), reactors_(other.reactors_), fileData_(other.fileData_) {
-    fileData_.extensionDictionary.setNull();
+AcDbObject::AcDbObject(const AcDbObject& other) : AcRxObject(other) {
+    AcDbObject::copyCommonData(other);
 }
 
 void AcDbObject::copyCommonData(const AcDbObject& other) {

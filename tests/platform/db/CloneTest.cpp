@@ -125,6 +125,7 @@ TEST_F(CloneTest, WhatCannotBeMadeOrFiledGivesNoCopy) {
 TEST_F(CloneTest, TheLayersOwnEntitiesKeepReactorsButNoDictionary) {
     AcDbLine line({1, 2, 3}, {4, 5, 6});
     line.setColorIndex(5);
+    line.highlight();
     line.addPersistentReactor(database_.clayer());
     line.fileData().extensionDictionary = database_.clayer();
     line.fileData().extendedData = {1, 2, 3};
@@ -132,6 +133,7 @@ TEST_F(CloneTest, TheLayersOwnEntitiesKeepReactorsButNoDictionary) {
     const auto& copy = static_cast<const AcDbLine&>(*made);
     EXPECT_TRUE(copy.endPoint().isEqualTo({4, 5, 6}));
     EXPECT_EQ(copy.colorIndex(), 5);
+    EXPECT_FALSE(copy.isHighlighted());
     EXPECT_EQ(copy.persistentReactors().length(), 1);
     EXPECT_EQ(copy.fileData().extendedData.size(), 3U);
     EXPECT_TRUE(copy.fileData().extensionDictionary.isNull());
