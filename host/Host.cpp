@@ -22,6 +22,7 @@ LRESULT OnMainWindowMessage(UINT message, LPARAM lParam) {
     if (message != WM_COPYDATA || lParam == 0) {
         return 0;
     }
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): messages carry addresses as numbers
     const auto& data = *reinterpret_cast<const COPYDATASTRUCT*>(lParam);
     const std::string text(static_cast<const char*>(data.lpData), data.cbData);
     // The count includes the terminating zero.

@@ -96,7 +96,8 @@ private:
         const std::size_t first = saved_ * perSheet_;
         std::string names;
         for (std::size_t i = first; i < picked.size(); ++i) {
-            names += (i == first ? "" : ", ") + win32::Utf8FromGbk(picked[i]);
+            names += i == first ? "" : ", ";
+            names += win32::Utf8FromGbk(picked[i]);
         }
         session_.Messages().Report(SheetCount(Expected() - saved_) +
                                    " not made; not drawn: " + names);

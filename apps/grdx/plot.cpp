@@ -19,7 +19,7 @@ std::string PlotAsSvg(const std::string& drawing, const std::string& page) {
     if (database.readDwgFile(windowsPath.c_str()) != Acad::eOk) {
         throw Failure(database.lastFileError());
     }
-    const std::string path =
+    std::string path =
         page.empty() ? std::filesystem::path(drawing).replace_extension("svg").string() : page;
     std::string error;
     if (!win32::ReplaceFileWhole(path, plot::SvgOf(database), error)) {

@@ -17,7 +17,7 @@ bool Contains(const Reactors& reactors, const AcEditorReactor* reactor) {
 /// Walks a copy, since a reactor may remove itself or others while it is told.
 template <class Tell>
 void TellAll(const Reactors& reactors, const Tell& tell) {
-    const Reactors toldNow = reactors;
+    const Reactors toldNow(reactors.begin(), reactors.end());
     for (AcEditorReactor* reactor : toldNow) {
         if (Contains(reactors, reactor)) {
             tell(*reactor);

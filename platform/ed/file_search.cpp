@@ -53,7 +53,9 @@ std::string Find(const std::string& name) {
         return IsFile(name) ? name : std::string();
     }
     for (const std::string& folder : State().folders) {
-        std::string path = folder + (EndsWithSeparator(folder) ? "" : "\\") + name;
+        std::string path = folder;
+        path += EndsWithSeparator(folder) ? "" : "\\";
+        path += name;
         if (IsFile(path)) {
             return path;
         }
