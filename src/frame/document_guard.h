@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 /// The chart commands switch the current drawing several times, which is safe only with a single
 /// drawing open and the host in single-document mode.
 

@@ -1,6 +1,7 @@
 #include "src/frame/chart_driver.h"
 
 #include "src/ui/resource_ids.h"
+#include "tests/src/chart/SheetDump.h"
 #include "tests/src/frame/FrameFixture.h"
 
 namespace {
@@ -65,6 +66,12 @@ TEST_F(ChartDriverTest, ThreeSamplesMakeTwoSheetsAndTheBrowserOverThem) {
     EXPECT_EQ(Sheets(), (Texts{"KFZK3-1~ZK3-2.dwg", "KFZK3-3.dwg"}));
     EXPECT_EQ(CurrentDrawing(), "KFZK3-1~ZK3-2.dwg");
     EXPECT_EQ(DocumentMode(), 0);
+    const Texts sheet = Dump(*acDocManager->curDocument()->database());
+    for (const char* line : {"text 32,252.25 h4 试样编号", "text 32,135.5 h4 试样编号",
+                             "text 117.5,257.75 h4 试验方法"}) {
+        EXPECT_EQ(std::count(sheet.begin(), sheet.end(), line), 1) << line;
+    }
+    EXPECT_EQ(std::count(sheet.begin(), sheet.end(), "CKFCurve"), 2);
 }
 
 TEST_F(ChartDriverTest, ASheetNamesDifferentMethodsOnce) {

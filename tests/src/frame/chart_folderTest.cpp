@@ -29,13 +29,6 @@ TEST_F(ChartFolderTest, MakesEveryLevelOnceAndMovesThere) {
     }
 }
 
-TEST_F(ChartFolderTest, UsesAFolderThatIsSpelledOtherwise) {
-    std::filesystem::create_directories(Folder() / "outPut");
-    std::string folder;
-    EXPECT_TRUE(MakeChartFolder(folder));
-    EXPECT_TRUE(std::filesystem::is_directory(Folder() / "outPut/GC1/室内曲线"));
-}
-
 TEST_F(ChartFolderTest, AnEmptyProjectNumberLeavesItsLevelOut) {
     ProjectContext.GCBH.clear();
     std::string folder;

@@ -14,6 +14,7 @@ protected:
         window_ = win32::CreateWindow([this](UINT message, WPARAM sender, LPARAM data) {
             EXPECT_EQ(message, WM_COPYDATA);
             EXPECT_EQ(sender, reinterpret_cast<WPARAM>(window_));
+            // NOLINTNEXTLINE(performance-no-int-to-ptr): the message carries an address
             const auto& copied = *reinterpret_cast<const COPYDATASTRUCT*>(data);
             EXPECT_EQ(copied.dwData, 1U);
             received_.assign(static_cast<const char*>(copied.lpData), copied.cbData);

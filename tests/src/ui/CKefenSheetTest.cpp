@@ -79,15 +79,6 @@ TEST_F(CKefenSheetTest, SampleChartsKeepTheRecomputeSettingButDoNotOfferIt) {
     EXPECT_NE(ReadText("settings.ini").find("bBFHL=1\r\n"), std::string::npos);
 }
 
-TEST_F(CKefenSheetTest, LayerChartsOfferTheRecomputeSetting) {
-    ChartMode = kLayerCharts;
-    AddLayer(1, 0);
-    Then({Select(IDC_LAYERS, {"1"}), Page(IDD_OPTIONS), Check(IDC_RECOMPUTE, true), Press(IDOK)});
-    CKefenSheet sheet("");
-    EXPECT_EQ(sheet.DoModal(), IDOK);
-    EXPECT_TRUE(sheet.OptionPage().Recompute());
-}
-
 TEST_F(CKefenSheetTest, AStoredTextIsCutTo49BytesAtAWholeCharacter) {
     WriteText("settings.ini", "[CKFDlg]\r\nsWCDW=" + std::string(60, 'x') +
                                   "\r\nsSYZ=" + std::string(48, 'y') + "单位\r\n");

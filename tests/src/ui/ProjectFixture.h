@@ -73,7 +73,7 @@ public:
     /// What the user does next when a window waits; `window` shows its state.
     using Step = std::function<std::vector<mfc::Answer>(mfc::FrameModel& window)>;
     void Then(Step step) { steps_.push_back(std::move(step)); }
-    void Then(std::vector<mfc::Answer> answers) {
+    void Then(const std::vector<mfc::Answer>& answers) {
         Then([answers](mfc::FrameModel&) { return answers; });
     }
     static mfc::Answer Page(int number) { return {mfc::Answer::Kind::Page, number}; }
