@@ -57,6 +57,9 @@ void DwgFileReader::readHead() {
                                                      " are not read, only " +
                                                      std::string(dwg::kVersion));
     }
+    if (file_.size() > UINT32_MAX) {
+        throw DwgFault("the file is larger than a drawing can be");
+    }
     bytesAt(0, dwg::kLocatorsPosition, "head");
     const std::size_t count = dwg::LongAt(file_, dwg::kSectionCountPosition);
     constexpr std::size_t kMostSections = 100;
