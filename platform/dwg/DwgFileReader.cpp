@@ -4,6 +4,7 @@
 
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/crc.h"
+#include "platform/dwg/second_header.h"
 
 namespace {
 
@@ -40,7 +41,7 @@ void DwgFileReader::read() {
     }
     requireFoundations();
     linkBlocks();
-    checkSecondHeader();
+    end_ = std::max(end_, dwg::FindEndOfSecondHeader(file_, mapEnd()));
     if (file_.size() > end_) {
         throw DwgFault(std::to_string(file_.size() - end_) +
                        " bytes follow the end of the drawing");
@@ -216,26 +217,4 @@ void DwgFileReader::readObjectMap() {
 std::size_t DwgFileReader::mapEnd() const {
     const std::string_view map = section(dwg::kObjectMap);
     return static_cast<std::size_t>(map.data() - file_.data()) + map.size();
-}
-
-void DwgFileReader::checkSecondHeader() {
-    constexpr std::size_t kMark = std::tuple_size_v<dwg::Sentinel>;
-    constexpr std::size_t kAfterCrc = 8;
-    // It is located by nothing but its mark, behind the map and what may follow it.
-    const std::size_t position = file_.find(dwg::TextOf(dwg::kSecondHeaderBegin), mapEnd());
-    if (position == std::string::npos) {
-        throw DwgFault("the second header is missing");
-    }
-    const std::size_t size = dwg::LongAt(bytesAt(position, kMark + 4, "second header"), kMark);
-    const std::string_view whole = bytesAt(position, 2 * kMark + size, "second header");
-    const std::string_view content = whole.substr(kMark, size);
-    if (size < kAfterCrc + dwg::kCrcSize + 4 ||
-        !whole.ends_with(dwg::TextOf(dwg::EndOf(dwg::kSecondHeaderBegin)))) {
-        throw DwgFault("the second header does not end with its mark");
-    }
-    const std::size_t crcPosition = size - kAfterCrc - dwg::kCrcSize;
-    if (dwg::Crc(dwg::BytesOf(content), crcPosition) != dwg::ShortAt(content, crcPosition)) {
-        throw DwgFault("the second header has a wrong check sum");
-    }
-    end_ = std::max(end_, position + whole.size());
 }

@@ -38,7 +38,6 @@ private:
     void readVariables();
     void readClasses();
     void readTemplate();
-    void checkSecondHeader();
     void readObject(AcDbHandle handle, std::size_t position);
     ObjectSource sourceOf(AcDbHandle handle, std::size_t position) const;
     std::unique_ptr<AcDbObject> readKnown(ObjectSource source);

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 #include "platform/dwg/DwgClassTable.h"
+#include "platform/dwg/file_layout.h"
 
 /// What a drawing that was read keeps of its file, to save it without a loss.
 struct DwgFileRemains {
@@ -15,11 +15,11 @@ struct DwgFileRemains {
         std::string bytes;
     };
 
-    std::string file;                      ///< the whole file; AcDbStub::filePosition counts in it
-    std::array<std::uint8_t, 3> writer{};  ///< maintenance release, program's version and release
-    std::string auxiliaryHeader;           ///< empty for none
-    std::string preview;                   ///< between its sentinels
-    std::string templateName;              ///< the template's description
+    std::string file;  ///< the whole file; AcDbStub::filePosition counts in it
+    dwg::WriterNumbers writer;
+    std::string auxiliaryHeader;  ///< empty for none
+    std::string preview;          ///< between its sentinels
+    std::string templateName;     ///< the template's description
     std::vector<DwgClassTable::ClassPtr> classes;
     std::string classesContent;  ///< the same as the section has them
     std::vector<Section> unknownSections;

@@ -39,7 +39,6 @@ private:
     void appendObjects();
     void appendFreeSpace();
     void appendSecondHeader();
-    void appendSecondHandles(DwgBitWriter& bits) const;
     void appendUnknownSections();
     void appendTemplate();
     void finishHead();

@@ -12,6 +12,16 @@ void AppendLong(std::string& file, std::uint32_t value) {
     AppendShort(file, static_cast<std::uint16_t>(value >> 16U));
 }
 
+void AppendTime(std::string& file, DrawingTime time) {
+    AppendLong(file, static_cast<std::uint32_t>(time.days));
+    AppendLong(file, static_cast<std::uint32_t>(time.milliseconds));
+}
+
+void PutShort(std::string& file, std::size_t position, std::uint16_t value) {
+    file[position] = static_cast<char>(value);
+    file[position + 1] = static_cast<char>(value >> 8U);
+}
+
 void PutLong(std::string& file, std::size_t position, std::uint32_t value) {
     for (std::size_t i = 0; i < 4; ++i) {
         file[position + i] = static_cast<char>(value >> (8 * i));

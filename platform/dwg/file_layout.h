@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/db/HeaderVariables.h"
+
 /// How an AC1015 file is laid out: a head that tells where the sections are, and the marks around
 /// them. All numbers are little-endian.
 namespace dwg {
@@ -44,6 +46,13 @@ inline constexpr std::size_t kCrcSize = 2;
 /// Stands between the classes section and the objects.
 inline constexpr std::uint32_t kBeforeObjects = 0x0DCA;
 
+/// What a file says of the program that wrote it.
+struct WriterNumbers {
+    std::uint8_t maintenance = 6;  ///< by default as the first release that wrote this format
+    std::uint8_t version = 0x17;
+    std::uint8_t release = 6;
+};
+
 using Sentinel = std::array<std::uint8_t, 16>;
 inline constexpr Sentinel kHeadEnd{0x95, 0xA0, 0x4E, 0x28, 0x99, 0x82, 0x1A, 0xE5,
                                    0x5E, 0x41, 0xE0, 0x5F, 0x9D, 0x3A, 0x4D, 0x00};
@@ -74,6 +83,9 @@ inline std::string_view TextOf(const Sentinel& sentinel) {
 
 void AppendShort(std::string& file, std::uint16_t value);
 void AppendLong(std::string& file, std::uint32_t value);
+/// Days and milliseconds.
+void AppendTime(std::string& file, DrawingTime time);
+void PutShort(std::string& file, std::size_t position, std::uint16_t value);
 void PutLong(std::string& file, std::size_t position, std::uint32_t value);
 /// The position must lie within the text.
 std::uint16_t ShortAt(std::string_view file, std::size_t position);
