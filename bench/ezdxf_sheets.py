@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Draws the entities of one finished sheet again and again with a Python drawing library.
 
 usage: ezdxf_sheets.py READER_OUTPUT COUNT FOLDER
