@@ -45,11 +45,13 @@ public:
     AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
 
     /// Writes the drawing as AC1015 under a Windows path: whole or not at all. Reactors of
-    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError().
+    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError(); eInvalidInput
+    /// without a name.
     Acad::ErrorStatus saveAs(const char* fileName);
     /// Reads a drawing into this empty database. `shareMode` is accepted for its callers: the file
     /// is read at once and closed. eFileNotFound, eFileAccessErr, eNotADrawing, eDwgVersionRefused,
     /// eFileInternalErr; the database is then empty and lastFileError() names file and reason.
+    /// eNotApplicable for a database that has objects already.
     Acad::ErrorStatus readDwgFile(const char* fileName, int shareMode = 0);
     /// Copies the model space of `source` into a new block definition, with the layers, styles,
     /// line types and nested blocks it uses; where a name exists here, this drawing's definition

@@ -48,12 +48,12 @@ void DwgFileReader::read() {
     }
 }
 
-void DwgFileReader::readHead() {
+void DwgFileReader::checkVersion() const {
     const std::string_view version = std::string_view(file_).substr(0, kVersionLength);
+    if (version.size() < kVersionLength || !version.starts_with(kVersionPrefix)) {
+        throw DwgFault(Acad::eNotADrawing, "the file is not a drawing");
+    }
     if (version != dwg::kVersion) {
-        if (version.size() < kVersionLength || !version.starts_with(kVersionPrefix)) {
-            throw DwgFault(Acad::eNotADrawing, "the file is not a drawing");
-        }
         throw DwgFault(Acad::eDwgVersionRefused, "drawings of version " + readable(version) +
                                                      " are not read, only " +
                                                      std::string(dwg::kVersion));
@@ -61,6 +61,10 @@ void DwgFileReader::readHead() {
     if (file_.size() > UINT32_MAX) {
         throw DwgFault("the file is larger than a drawing can be");
     }
+}
+
+void DwgFileReader::readHead() {
+    checkVersion();
     bytesAt(0, dwg::kLocatorsPosition, "head");
     const std::size_t count = dwg::LongAt(file_, dwg::kSectionCountPosition);
     constexpr std::size_t kMostSections = 100;
@@ -82,15 +86,19 @@ void DwgFileReader::readHead() {
     database_.header().DWGCODEPAGE =
         static_cast<Adesk::Int16>(dwg::ShortAt(file_, dwg::kCodePagePosition));
     for (std::size_t i = 0; i < count; ++i) {
-        const std::size_t at = dwg::kLocatorsPosition + i * dwg::kLocatorSize;
-        const dwg::SectionLocator located{bytes[at], dwg::LongAt(file_, at + 1),
-                                          dwg::LongAt(file_, at + 5)};
-        const std::string_view content = bytesAt(located.address, located.size, "section");
-        end_ = std::max<std::size_t>(end_, std::size_t{located.address} + located.size);
-        sections_.push_back(located);
-        if (located.number >= dwg::kKnownSections) {
-            remains_->unknownSections.push_back({located.number, std::string(content)});
-        }
+        readLocator(dwg::kLocatorsPosition + i * dwg::kLocatorSize);
+    }
+}
+
+void DwgFileReader::readLocator(std::size_t position) {
+    const dwg::SectionLocator located{dwg::BytesOf(file_)[position],
+                                      dwg::LongAt(file_, position + 1),
+                                      dwg::LongAt(file_, position + 5)};
+    const std::string_view content = bytesAt(located.address, located.size, "sections");
+    end_ = std::max<std::size_t>(end_, std::size_t{located.address} + located.size);
+    sections_.push_back(located);
+    if (located.number >= dwg::kKnownSections) {
+        remains_->unknownSections.push_back({located.number, std::string(content)});
     }
 }
 

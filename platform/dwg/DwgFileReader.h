@@ -7,6 +7,7 @@
 
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptObject.h"
+#include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgFileRemains.h"
 #include "platform/dwg/DwgObjectReader.h"
 #include "platform/dwg/file_layout.h"
@@ -31,7 +32,9 @@ private:
         DwgBitReader handles;
     };
 
+    void checkVersion() const;
     void readHead();
+    void readLocator(std::size_t position);
     void readObjectMap();
     void readPreview();
     void readAuxiliaryHeader();
@@ -40,10 +43,11 @@ private:
     void readTemplate();
     void readObject(AcDbHandle handle, std::size_t position);
     ObjectSource sourceOf(AcDbHandle handle, std::size_t position) const;
-    std::unique_ptr<AcDbObject> readKnown(ObjectSource source);
+    std::unique_ptr<AcDbObject> readKnown(const DwgCodec& codec, ObjectSource source);
     std::unique_ptr<AcDbObject> readCustom(const DwgClassTable::ClassPtr& fileClass,
                                            ObjectSource source);
     std::unique_ptr<AcDbObject> readKept(ObjectSource source);
+    std::unique_ptr<AcDbObject> readKeptEntity(DwgObjectReader& reader, AcDbKeptClass keptClass);
     void requireFoundations() const;
     /// Finds every block's entities by following the links from the first to the last.
     void linkBlocks();

@@ -1,6 +1,5 @@
 // The objects of a drawing file.
 #include "platform/db/AcDbKeptEntity.h"
-#include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgCustomObjects.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"
@@ -45,7 +44,18 @@ DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size
 
 void DwgFileReader::readObject(AcDbHandle handle, std::size_t position) {
     const ObjectSource source = sourceOf(handle, position);
-    std::unique_ptr<AcDbObject> object = readKnown(source);
+    const DwgClassTable::ClassPtr fileClass = state_.classes.at(source.type);
+    if (fileClass == nullptr && source.type >= DwgClassTable::kFirstNumber) {
+        throw objectFault(handle, "is of a class that the file does not list");
+    }
+    const DwgCodec* codec =
+        fileClass ? FindCodec(std::string_view(fileClass->dxfName)) : FindCodec(source.type);
+    std::unique_ptr<AcDbObject> object;
+    if (codec != nullptr) {
+        object = readKnown(*codec, source);
+    } else if (fileClass) {
+        object = readCustom(fileClass, source);
+    }
     if (object == nullptr) {
         object = readKept(source);
     }
@@ -54,44 +64,31 @@ void DwgFileReader::readObject(AcDbHandle handle, std::size_t position) {
     database_.placeObject(id, std::move(object));
 }
 
-// Null for an object that is to be kept as it is.
-std::unique_ptr<AcDbObject> DwgFileReader::readKnown(ObjectSource source) {
-    const DwgCodec* codec = FindCodec(source.type);
-    if (source.type >= DwgClassTable::kFirstNumber) {
-        const DwgClassTable::ClassPtr fileClass = state_.classes.at(source.type);
-        if (fileClass == nullptr) {
-            throw objectFault(source.handle, "is of a class that the file does not list");
-        }
-        codec = FindCodec(std::string_view(fileClass->dxfName));
-        if (codec == nullptr) {
-            return readCustom(fileClass, source);
-        }
-    }
-    if (codec == nullptr) {
-        return nullptr;
-    }
-    std::unique_ptr<AcDbObject> object = codec->make();
+// Null for an object whose fields cannot be told again as they are.
+std::unique_ptr<AcDbObject> DwgFileReader::readKnown(const DwgCodec& codec, ObjectSource source) {
+    std::unique_ptr<AcDbObject> object = codec.make();
     DwgObjectReader reader(source.data, source.handles, database_, state_, source.handle);
     const std::size_t chains = state_.chains.size();
     reader.extendedData(*object);
     std::vector<std::uint8_t> graphics;
     DwgEntityLinks links;
-    if (codec->isEntity) {
+    if (codec.isEntity) {
         reader.entityHead(static_cast<AcDbEntity&>(*object), graphics, links);
     } else {
         reader.objectHead(*object);
     }
-    codec->read(reader, *object);
+    codec.read(reader, *object);
     if (!reader.exact() || !reader.atEnd() || !graphics.empty()) {
         state_.chains.resize(chains);
         return nullptr;
     }
-    if (codec->isEntity) {
+    if (codec.isEntity) {
         noteLinks(source.handle, links);
     }
     return object;
 }
 
+// Null when the class is not registered.
 std::unique_ptr<AcDbObject> DwgFileReader::readCustom(const DwgClassTable::ClassPtr& fileClass,
                                                       ObjectSource source) {
     std::unique_ptr<AcDbObject> object = MakeCustomObject(*fileClass);
@@ -123,33 +120,32 @@ std::unique_ptr<AcDbObject> DwgFileReader::readKept(ObjectSource source) {
     DwgObjectReader reader(source.data, source.handles, database_, state_, source.handle);
     std::unique_ptr<AcDbObject> object;
     if (keptClass.record ? keptClass.record->isEntity : IsEntityType(source.type)) {
-        auto entity = std::make_unique<AcDbKeptEntity>();
-        std::vector<std::uint8_t> graphics;
-        DwgEntityLinks links;
-        reader.extendedData(*entity);
-        reader.entityHead(*entity, graphics, links);
-        noteLinks(source.handle, links);
-        using Fields = DwgFields<AcDbKeptEntity>;
-        Fields::setLinks(*entity, links);
-        Fields::set(*entity, std::move(keptClass), reader.remainingFields(), std::move(graphics));
-        object = std::move(entity);
+        object = readKeptEntity(reader, std::move(keptClass));
     } else {
-        AcDbKeptObject head;
-        reader.extendedData(head);
-        reader.objectHead(head);
-        auto kept =
-            std::make_unique<AcDbKeptObject>(std::move(keptClass), reader.remainingFields());
-        kept->setOwnerId(head.ownerId());
-        kept->fileData() = head.fileData();
-        for (const AcDbObjectId reactor : head.persistentReactors()) {
-            kept->addPersistentReactor(reactor);
-        }
+        auto kept = std::make_unique<AcDbKeptObject>();
+        reader.extendedData(*kept);
+        reader.objectHead(*kept);
+        DwgFields<AcDbKeptObject>::set(*kept, std::move(keptClass), reader.remainingFields());
         object = std::move(kept);
     }
     if (!reader.exact()) {
         throw objectFault(source.handle, "cannot be read");
     }
     return object;
+}
+
+std::unique_ptr<AcDbObject> DwgFileReader::readKeptEntity(DwgObjectReader& reader,
+                                                          AcDbKeptClass keptClass) {
+    using Fields = DwgFields<AcDbKeptEntity>;
+    auto entity = std::make_unique<AcDbKeptEntity>();
+    std::vector<std::uint8_t> graphics;
+    DwgEntityLinks links;
+    reader.extendedData(*entity);
+    reader.entityHead(*entity, graphics, links);
+    noteLinks(reader.holder(), links);
+    Fields::setLinks(*entity, links);
+    Fields::set(*entity, std::move(keptClass), reader.remainingFields(), std::move(graphics));
+    return entity;
 }
 
 // The links are found again by the entry's index.

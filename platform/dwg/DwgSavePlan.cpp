@@ -33,7 +33,7 @@ void completeBlock(AcDbDatabase& database, AcDbBlockTableRecord& block) {
 DwgSavePlan::DwgSavePlan(AcDbDatabase& database) {
     std::vector<AcDbBlockTableRecord*> blocks;
     for (const AcDbStub& stub : database.entries()) {
-        if (stub.object && stub.object->isKindOf(AcDbBlockTableRecord::desc())) {
+        if (stub.object && stub.object->isA() == AcDbBlockTableRecord::desc()) {
             blocks.push_back(static_cast<AcDbBlockTableRecord*>(stub.object.get()));
         }
     }

@@ -25,3 +25,12 @@ struct DwgFields<AcDbKeptEntity> {
     }
     static AcDbKeptFields& fields(AcDbKeptEntity& entity) { return entity.fields_; }
 };
+
+/// The same for an object that is no entity.
+template <>
+struct DwgFields<AcDbKeptObject> {
+    static void set(AcDbKeptObject& object, AcDbKeptClass keptClass, AcDbKeptFields fields) {
+        object.class_ = std::move(keptClass);
+        object.fields_ = std::move(fields);
+    }
+};
