@@ -1,10 +1,12 @@
 #include "apps/grdx/ConsoleSession.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "apps/grdx/Failure.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/ed/command_line.h"
+#include "platform/oledb/last_error.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/gbk_literal.h"
 #include "platform/win32/windows_path.h"
@@ -21,11 +23,13 @@ ConsoleSession::ConsoleSession(MessageStream& messages) : messages_(messages) {
         messages_.PrintLine(win32::Utf8FromGbk(box.text));
     });
     ed::SetCommandLineSink([this](const std::string& text) { OnCommandLine(text); });
+    oledb::SetErrorListener([this](const std::string& text) { NoteFault(text); });
     acrxAddEventReactor(this);
 }
 
 ConsoleSession::~ConsoleSession() {
     acrxRemoveEventReactor(this);
+    oledb::SetErrorListener(nullptr);
     ed::SetCommandLineSink(nullptr);
     mfc::SetWindowSystem(nullptr);
 }
@@ -55,11 +59,18 @@ void ConsoleSession::OnCommandLine(const std::string& text) {
                   [&](const std::string& fault) { return utf8.find(fault) != std::string::npos; });
 }
 
-bool ConsoleSession::ReportFileFaults() {
+void ConsoleSession::NoteFault(const std::string& text) {
+    faulty_ = true;
+    if (std::find(unsaidFaults_.begin(), unsaidFaults_.end(), text) == unsaidFaults_.end()) {
+        unsaidFaults_.push_back(text);
+    }
+}
+
+bool ConsoleSession::ReportFaults() {
     for (const std::string& fault : std::exchange(unsaidFaults_, {})) {
         messages_.Report(fault);
     }
-    return std::exchange(fileFault_, false);
+    return std::exchange(faulty_, false);
 }
 
 bool ConsoleSession::TakeStoreFailure() {
@@ -73,8 +84,7 @@ void ConsoleSession::saveComplete(AcDbDatabase* /*database*/, const char* path) 
 }
 
 void ConsoleSession::abortSave(AcDbDatabase* database) {
-    fileFault_ = true;
-    unsaidFaults_.push_back(database->lastFileError());
+    NoteFault(database->lastFileError());
 }
 
 void ConsoleSession::abortRead(AcDbDatabase* database) {

@@ -33,13 +33,14 @@ public:
         saveListener_ = std::move(listener);
     }
 
-    /// Says on standard error which files could not be read or written, as far as nobody has said
-    /// it. True when there were any since the last call.
-    bool ReportFileFaults();
+    /// Says on standard error which files could not be read or written and what the database
+    /// refused, as far as nobody has said it. True when there was anything since the last call.
+    bool ReportFaults();
     /// True when the plug-in has said that results could not be stored since the last call.
     bool TakeStoreFailure();
 
 private:
+    void NoteFault(const std::string& text);
     void OnCommandLine(const std::string& text);
     void saveComplete(AcDbDatabase* database, const char* path) override;
     void abortSave(AcDbDatabase* database) override;
@@ -49,7 +50,7 @@ private:
     mfc::ScriptedWindowSystem windows_;
     host::Host host_;
     std::function<void(const std::string&)> saveListener_;
-    bool fileFault_ = false;
+    bool faulty_ = false;
     std::vector<std::string> unsaidFaults_;  ///< UTF-8, in order
     bool storeFailed_ = false;
 };

@@ -70,7 +70,7 @@ private:
     std::size_t Expected() const { return (answers_.Picked().size() + perSheet_ - 1) / perSheet_; }
 
     bool Judge() {
-        const bool fault = session_.ReportFileFaults();
+        const bool fault = session_.ReportFaults();
         const bool storeFailed = session_.TakeStoreFailure();
         if (session_.Windows().Failed()) {
             session_.Messages().Report(session_.Windows().Error());

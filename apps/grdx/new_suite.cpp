@@ -86,29 +86,34 @@ void SaveDrawing(AcDbDatabase& database, const fs::path& path) {
 /// Makes the folder, or takes an empty one, and takes back what was made unless it is kept.
 class NewFolder {
 public:
-    explicit NewFolder(fs::path path) : path_(std::move(path)) {
+    explicit NewFolder(const fs::path& path) : path_(path) {
         std::error_code fault;
-        existed_ = fs::exists(path_, fault);
-        if (existed_ && (!fs::is_directory(path_, fault) || !fs::is_empty(path_, fault))) {
-            throw Failure(path_.string() +
+        if (fs::exists(path, fault) &&
+            !(fs::is_directory(path, fault) && fs::is_empty(path, fault))) {
+            throw Failure(path.string() +
                           ": there is something already; a suite folder is made "
                           "new or in an empty folder");
         }
-        fs::create_directories(path_, fault);
+        for (fs::path missing = path; !fs::exists(missing, fault);
+             missing = missing.parent_path()) {
+            made_.push_back(missing);
+        }
+        fs::create_directories(path, fault);
         if (fault) {
-            throw Failure(path_.string() + ": " + fault.message());
+            throw Failure(path.string() + ": " + fault.message());
         }
     }
 
     ~NewFolder() {
-        if (!kept_) {
-            std::error_code ignored;
-            for (const auto& entry : fs::directory_iterator(path_, ignored)) {
-                fs::remove_all(entry.path(), ignored);
-            }
-            if (!existed_) {
-                fs::remove(path_, ignored);
-            }
+        std::error_code ignored;
+        if (kept_) {
+            return;
+        }
+        for (const auto& entry : fs::directory_iterator(path_, ignored)) {
+            fs::remove_all(entry.path(), ignored);
+        }
+        for (const fs::path& folder : made_) {
+            fs::remove(folder, ignored);
         }
     }
     NewFolder(const NewFolder&) = delete;
@@ -118,7 +123,7 @@ public:
 
 private:
     fs::path path_;
-    bool existed_ = false;
+    std::vector<fs::path> made_;  ///< the folders that were missing, innermost first
     bool kept_ = false;
 };
 
@@ -144,7 +149,8 @@ void WriteSupport(const fs::path& folder) {
 }  // namespace
 
 void MakeSuiteFolder(const std::string& folder, const ProjectData& project) {
-    const fs::path path = fs::absolute(folder);
+    // Without a slash at its end, which would count as one more name.
+    const fs::path path = (fs::absolute(folder) / "").parent_path().lexically_normal();
     NewFolder made(path);
     WriteProfiles(path, project);
     WriteSupport(path / "Support");

@@ -47,7 +47,7 @@ bool RunScript(const std::string& suiteFolder, const std::string& utf8, MessageS
         if (input.AtLineEnd()) {
             good = ReportAnswers(session) && good;
         }
-        good = !session.ReportFileFaults() && good;
+        good = !session.ReportFaults() && good;
         good = !session.TakeStoreFailure() && good;
     });
     good = interpreter.Run(input) && good;

@@ -8,7 +8,16 @@ std::string& Text() {
     static std::string text;
     return text;
 }
+
+ErrorListener& Listener() {
+    static ErrorListener listener;
+    return listener;
+}
 }  // namespace
+
+ErrorListener SetErrorListener(ErrorListener listener) {
+    return std::exchange(Listener(), std::move(listener));
+}
 
 const std::string& LastErrorText() {
     return Text();
@@ -16,6 +25,9 @@ const std::string& LastErrorText() {
 
 HRESULT SetLastError(HRESULT result, std::string text) {
     Text() = std::move(text);
+    if (Listener()) {
+        Listener()(Text());
+    }
     return result;
 }
 
