@@ -106,6 +106,10 @@ TEST_F(NewAndImportTest, BadNumbersAndNamesAreRefusedAndLeaveNothing) {
         EXPECT_THAT(refused.errors, StartsWith("grdx: project n")) << options[1];
         EXPECT_FALSE(fs::exists(Suite())) << options[1];
     }
+    const ProgramResult unwritable = Grdx({"new", scratch_.Path() / "한/suite"});
+    EXPECT_EQ(unwritable.status, 1);
+    EXPECT_THAT(unwritable.errors, HasSubstr("a character that GBK does not have"));
+    EXPECT_TRUE(fs::is_empty(scratch_.Path()));
 }
 
 TEST_F(NewAndImportTest, WrongUsageIsToldApartFromRefusal) {
