@@ -52,12 +52,17 @@ mfc::ListBoxModel* FindList(mfc::FrameModel& window, int id) {
 /// Index of every item of the list by its text without mark.
 std::unordered_map<std::string, int> Offered(const mfc::ListBoxModel* list) {
     std::unordered_map<std::string, int> indexes;
-    int index = 0;
-    for (const auto& item :
-         list != nullptr ? list->Items() : std::vector<mfc::ListBoxModel::Item>()) {
-        indexes.emplace(WithoutMark(item.text), index++);
+    for (int index = 0; list != nullptr && list->Valid(index); ++index) {
+        indexes.emplace(WithoutMark(list->Items()[static_cast<std::size_t>(index)].text), index);
     }
     return indexes;
+}
+
+/// The name as lists have it; empty, which no item is, for one that GBK does not have.
+std::string ListName(const std::string& utf8) {
+    std::string gbk;
+    win32::TryGbkFromUtf8(utf8, gbk);
+    return gbk;
 }
 
 mfc::Answer Check(int control, bool on) {
@@ -101,7 +106,7 @@ std::vector<mfc::Answer> SheetAnswers::operator()(mfc::FrameModel& window) {
 }
 
 std::vector<mfc::Answer> SheetAnswers::PickBorehole(mfc::FrameModel& sheet) {
-    const std::string borehole = win32::GbkFromUtf8(request_.borehole);
+    const std::string borehole = ListName(request_.borehole);
     if (!Offered(FindList(sheet, kBoreholeList)).contains(borehole)) {
         windows_.Fail("borehole \"" + request_.borehole + "\" is not offered");
         return {};
@@ -115,7 +120,7 @@ std::vector<mfc::Answer> SheetAnswers::PickItems(mfc::FrameModel& sheet) {
     const std::unordered_map<std::string, int> offered = Offered(list);
     std::set<int> wanted;
     for (const std::string& item : request_.items) {
-        const auto found = offered.find(win32::GbkFromUtf8(item));
+        const auto found = offered.find(ListName(item));
         if (found == offered.end()) {
             windows_.Fail(request_.layers
                               ? "layer \"" + item + "\" is not offered"

@@ -75,6 +75,7 @@ bool AppendBeside(const AcDbEntity& model, std::unique_ptr<AcDbEntity> entity) {
     const bool taken = block->appendAcDbEntity(entity.get()) == Acad::eOk;
     block->close();
     if (taken) {
+        Redraw(*entity);
         entity.release()->close();
     }
     return taken;

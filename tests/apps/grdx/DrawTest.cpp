@@ -134,6 +134,7 @@ TEST_F(DrawTest, WhatIsNotOfferedIsRefusedByNameBeforeAnythingIsDrawn) {
         {"ZK9", {"--all"}, "borehole \"ZK9\""},
         {"ZK1", {"--sample", "1", "--sample", "99"}, "sample \"99\""},
         {"ZK1", {"--sample", "1-1"}, "sample \"1-1\""},
+        {"ZK1", {"--sample", "한"}, "sample \"한\""},
         {"ZK1", {"--sample", "1", "--recompute"}, "--recompute"},
         {"ZK1", {"--sample", "1", "--tester", "\xF0\x9F\x98\x80"}, "--tester"},
     };
