@@ -45,8 +45,8 @@ public:
     AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
 
     /// Writes the drawing as AC1015 under a Windows path: whole or not at all. Reactors of
-    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError(); eInvalidInput
-    /// without a name.
+    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError();
+    /// eInvalidInput without a name.
     Acad::ErrorStatus saveAs(const char* fileName);
     /// Reads a drawing into this empty database. `shareMode` is accepted for its callers: the file
     /// is read at once and closed. eFileNotFound, eFileAccessErr, eNotADrawing, eDwgVersionRefused,
