@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "src/common/module_state.h"
+#include "src/core/characteristic_diameters.h"
 #include "src/core/number_format.h"
 #include "src/db/CKeFenTable.h"
 #include "src/db/CSheJiTable.h"
@@ -15,34 +16,15 @@
 
 namespace {
 
-/// Places of CurveValues::diameters.
-enum CurveDiameter : std::size_t { kD60 = 2, kD30 = 4, kD10 = 6 };
-constexpr std::size_t kDiameterCount = 8;
-/// For each of the curve's diameters: its place in the result row, and its code among the layer's
-/// parameters.
+// For each of the curve's diameters, in the order of DiameterIndex: its place in the result row,
+// and its code among the layer's parameters.
 constexpr std::size_t kRowPlaces[kDiameterCount] = {7, 5, 4, 3, 2, 1, 0, 6};
 constexpr SHORT kDiameterCodes[kDiameterCount] = {1126, 1124, 1123, 1122, 1121, 1120, 1119, 1125};
 constexpr SHORT kUniformityCode = 1128;
 constexpr SHORT kCurvatureCode = 1127;
 
 std::optional<double> Diameter(const CurveValues& curve, std::size_t i) {
-    if (!(curve.diameters[i] > 0.0001)) return std::nullopt;
-    return curve.diameters[i];
-}
-
-std::optional<double> Uniformity(const CurveValues& curve) {
-    const auto d60 = Diameter(curve, kD60);
-    const auto d10 = Diameter(curve, kD10);
-    if (!d60 || !d10) return std::nullopt;
-    return *d60 / *d10;
-}
-
-std::optional<double> Curvature(const CurveValues& curve) {
-    const auto d60 = Diameter(curve, kD60);
-    const auto d30 = Diameter(curve, kD30);
-    const auto d10 = Diameter(curve, kD10);
-    if (!d60 || !d30 || !d10) return std::nullopt;
-    return *d30 * *d30 / (*d10 * *d60);
+    return DeterminedDiameter(curve.diameters, static_cast<DiameterIndex>(i));
 }
 
 void SetFloat(float& field, DBSTATUS& status, const std::optional<double>& value) {
@@ -67,8 +49,8 @@ int StoreSampleValues(const CurveValues& curve) {
     for (std::size_t i = 0; i < kDiameterCount; ++i) {
         SetFloat(record.KLD[kRowPlaces[i]], record.KLDStatus[kRowPlaces[i]], Diameter(curve, i));
     }
-    SetFloat(record.KLBJXS, record.KLBJXSStatus, Rounded(Uniformity(curve)));
-    SetFloat(record.KLQLXS, record.KLQLXSStatus, Rounded(Curvature(curve)));
+    SetFloat(record.KLBJXS, record.KLBJXSStatus, Rounded(Uniformity(curve.diameters)));
+    SetFloat(record.KLQLXS, record.KLQLXSStatus, Rounded(Curvature(curve.diameters)));
     if (SUCCEEDED(table.SetData())) table.Update();
     return 1;
 }
@@ -87,8 +69,8 @@ std::vector<Slot> MakeSlots(const CurveValues& curve) {
         slots.push_back({code, value ? FormatFixed(*value, 3) : std::string()});
     };
     for (std::size_t i = 0; i < kDiameterCount; ++i) add(kDiameterCodes[i], Diameter(curve, i));
-    add(kUniformityCode, Uniformity(curve));
-    add(kCurvatureCode, Curvature(curve));
+    add(kUniformityCode, Uniformity(curve.diameters));
+    add(kCurvatureCode, Curvature(curve.diameters));
     return slots;
 }
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+#include "src/core/characteristic_diameters.h"
+
 /// A curve's key and diameters, as the curve has them.
 struct CurveValues {
     int projectIndex = 0;
@@ -10,8 +12,8 @@ struct CurveValues {
     std::string sample;
     int mainLayer = 0;  ///< key in layer charts
     int subLayer = 0;
-    /// d95, d85, d60, d50, d30, d15, d10, d90 in mm; at or below 0.0001: not determined.
-    std::array<double, 8> diameters{};
+    /// In mm, in the order of DiameterIndex; at or below kNotDeterminedUpTo: not determined.
+    std::array<double, kDiameterCount> diameters{};
 };
 
 /// Writes the diameters and the two coefficients: with `chartMode` kSampleCharts into the sample's
