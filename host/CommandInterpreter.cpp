@@ -5,6 +5,7 @@
 
 #include "host/Host.h"
 #include "host/complaint.h"
+#include "host/document_mode.h"
 #include "host/entity_pick.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/AcEdCommandStack.h"
@@ -57,8 +58,8 @@ std::optional<std::string> NextName(CommandInput& input, bool& good) {
     }
 }
 
-bool LacksDocument(bool session) {
-    return !session && acDocManager->curDocument() == nullptr &&
+bool LacksDocument() {
+    return acDocManager->curDocument() == nullptr &&
            !Complain("No drawing is open. NEW makes one, OPEN opens one.");
 }
 }  // namespace
@@ -109,11 +110,14 @@ bool CommandInterpreter::RunOne(const std::string& name, CommandInput& input) {
         Complain("Unknown command \"" + name + "\".");
     }
     input_ = outer;
+    if (IsSingleDocumentMode() && acDocManager->curDocument() == nullptr && !host_.IsQuitting()) {
+        host_.StartDocument();
+    }
     return good;
 }
 
 bool CommandInterpreter::RunBuiltIn(const BuiltInCommand& command, CommandInput& input) {
-    if (LacksDocument(command.session)) {
+    if (!command.session && LacksDocument()) {
         return false;
     }
     // What stands on the command's line is the command's, whatever the reactors ask for.
@@ -152,10 +156,10 @@ bool CommandInterpreter::Collect(const BuiltInCommand& command,
 }
 
 bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
-    const bool session = (command.flags & ACRX_CMD_SESSION) != 0;
-    if (LacksDocument(session)) {
+    if (LacksDocument()) {
         return false;
     }
+    const bool session = (command.flags & ACRX_CMD_SESSION) != 0;
     // The stack's own entry may move when the command adds or removes commands.
     const AcRxFunctionPtr function = command.function;
     const ToldCommand told(command.globalName);

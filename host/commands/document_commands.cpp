@@ -3,19 +3,14 @@
 #include "host/BuiltInCommand.h"
 #include "host/Host.h"
 #include "host/complaint.h"
+#include "host/document_mode.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/ed/system_variables.h"
 #include "platform/mfc/message_box.h"
 #include "platform/win32/code_page.h"
 
 namespace host {
 
 namespace {
-bool IsSingleDocumentMode() {
-    resbuf mode;
-    return acedGetVar("SDI", &mode) == RTNORM && mode.resval.rint != 0;
-}
-
 bool Save(AcApDocument& document, const char* path = nullptr) {
     const Acad::ErrorStatus status = acDocManager->saveDocument(&document, path);
     if (status == Acad::eInvalidInput) {

@@ -20,7 +20,7 @@ bool SetSdi(Host& /*host*/, const BuiltInCommand::Arguments& arguments) {
 
 const std::vector<BuiltInCommand>& SettingCommands() {
     static const std::vector<BuiltInCommand> commands = {
-        {"SDI", false, {"New value for SDI (0 or 1): "}, SetSdi},
+        {"SDI", true, {"New value for SDI (0 or 1): "}, SetSdi},
     };
     return commands;
 }

@@ -129,11 +129,14 @@ TEST_F(CommandInterpreterTest, AReactorsPickComesFromTheLinesAfterTheCommand) {
     EXPECT_THAT(printed_, HasSubstr("missing.dwg"));
 }
 
-TEST_F(CommandInterpreterTest, WithoutADocumentOnlySessionCommandsRun) {
+TEST_F(CommandInterpreterTest, WithoutADocumentCommandsSaySoAndSingleDocumentModeKeepsOne) {
     EXPECT_TRUE(Run("CLOSE\n"));
-    EXPECT_FALSE(Run("NOTE\nQSAVE\nZOOM E\n"));
+    EXPECT_FALSE(Run("NOTE\nSESSIONNOTE\nQSAVE\nZOOM E\n"));
     EXPECT_THAT(heard, ElementsAre("start CLOSE", "end CLOSE"));
     EXPECT_THAT(printed_, HasSubstr("No drawing is open"));
     EXPECT_FALSE(Run("CLOSE\n"));
-    EXPECT_TRUE(Run("SESSIONNOTE\nNEW\nNOTE\n"));
+    EXPECT_TRUE(Run("NEW\nNOTE\n"));
+
+    EXPECT_TRUE(Run("SDI 1\nCLOSE\nNOTE\nSDI 0\n"));
+    EXPECT_TRUE(Current()->isUntitled());
 }
