@@ -3,6 +3,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "platform/db/AcDbDatabase.h"
+
 namespace {
 ed::PickSource& Source() {
     static ed::PickSource source;
@@ -36,6 +38,9 @@ Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name entityName) {
     const auto found = PickedIds().find(entityName[0]);
     if (found == PickedIds().end()) {
         return Acad::eInvalidInput;
+    }
+    if (AcDbDatabase::objectOf(found->second) == nullptr) {
+        return Acad::eNullObjectId;
     }
     id = found->second;
     return Acad::eOk;

@@ -11,7 +11,8 @@ using ads_point = double[3];
 
 /// Lets the user pick one object; `point` receives where. RTNORM, else nothing was picked.
 int acedEntSel(const char* prompt, ads_name entityName, ads_point point);
-/// The object id behind an entity name; eInvalidInput for a name that names nothing.
+/// The object id behind an entity name; eInvalidInput for a name that no pick has given,
+/// eNullObjectId when the drawing has no such object.
 Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name entityName);
 
 namespace ed {

@@ -48,12 +48,13 @@ protected:
         const std::size_t before = messages_.CommandLine().size();
         SGRDX();
         AcDbObject* object = nullptr;
-        if (!picked_.isNull() && acdbOpenObject(object, picked_, AcDb::kForWrite) == Acad::eOk) {
+        const bool exists = AcDbDatabase::objectOf(picked_) != nullptr;
+        if (exists && acdbOpenObject(object, picked_, AcDb::kForWrite) == Acad::eOk) {
             const auto* const entity = dynamic_cast<AcDbEntity*>(object);
             EXPECT_FALSE(entity != nullptr && entity->isHighlighted());
             object->close();
         }
-        EXPECT_TRUE(picked_.isNull() || object != nullptr) << "left open";
+        EXPECT_TRUE(!exists || object != nullptr) << "left open";
         return messages_.CommandLine().substr(before);
     }
     bool IsCurveChanged() const {
@@ -90,6 +91,13 @@ TEST_F(StoreCommandTest, WhatIsNoCurveLeavesEverythingAsItIs) {
     EXPECT_EQ(Run(), "什么也没有选中.\n");
     picked_ = line_;
     EXPECT_EQ(Run(), "\n没有选中颗分试样曲线!\n请选择颗分试样曲线!");
+    AcDbStub gone;
+    gone.handle = 0x2F;
+    picked_ = AcDbObjectId(&gone);
+    char name[20];
+    std::snprintf(name, sizeof name, "%lx", reinterpret_cast<long>(&gone));
+    EXPECT_EQ(Run(), "取试体ID失败: \n试体名：<" + std::string(name) +
+                         ",2f>, 错误码=" + std::to_string(Acad::eNullObjectId) + ".\n");
     picked_ = drawing_.clayer();
     EXPECT_EQ(Run(), "打开试体错误，错误码=46.\n") << "no entity at all";
     EXPECT_EQ(CurveDataChanged, 1);
@@ -104,10 +112,13 @@ TEST_F(StoreCommandTest, ACurveThatSomebodyHoldsOpenIsRefusedWithItsStatus) {
     held->close();
 }
 
-TEST_F(StoreCommandTest, ARenumberedProjectIsNotWrittenTo) {
+TEST_F(StoreCommandTest, AProjectThatIsRenumberedOrGoneIsNotWrittenTo) {
     project_.Sql("UPDATE x_GongCheng SET GCBH='GC2'");
     EXPECT_EQ(Run(), "\n颗分数据存储失败!");
-    EXPECT_EQ(messages_.Boxes().size(), 1U);
+    project_.Sql("DELETE FROM x_GongCheng");
+    EXPECT_EQ(Run(), "\n颗分数据存储失败!");
+    EXPECT_EQ(messages_.Boxes(),
+              (Texts{"该工程工程编号已被修改,数据无法入库!", "打开工点信息数据表中不存在该工程!"}));
     EXPECT_EQ(StoredD60(), "null");
     EXPECT_EQ(CurveDataChanged, 0) << "the user has been told";
     EXPECT_TRUE(IsCurveChanged());

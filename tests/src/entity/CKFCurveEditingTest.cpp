@@ -99,29 +99,39 @@ TEST_F(CKFCurveEditing, MovingTheCurveInItsGridChangesTheDiametersOnly) {
     EXPECT_EQ(curve_.Diameters()[kD50], 0.063) << "a decade finer";
 }
 
-TEST_F(CKFCurveEditing, ExplodesIntoSplineAndTexts) {
+TEST(CKFCurveExplosion, GivesSplineAndTexts) {
     AcDbDatabase drawing;
-    curve_.SetTextStyleId(drawing.textstyle());
-    AcDbVoidPtrArray parts;
-    EXPECT_EQ(curve_.explode(parts), Acad::eOk);
-    std::vector<std::unique_ptr<AcDbEntity>> entities;
-    for (void* part : parts) {
-        entities.emplace_back(static_cast<AcDbEntity*>(part));
-    }
-    ASSERT_EQ(entities.size(), 6U);
-    const auto* spline = dynamic_cast<const AcDbSpline*>(entities[0].get());
-    ASSERT_NE(spline, nullptr);
-    EXPECT_EQ(spline->colorIndex(), 3);
-    EXPECT_EQ(spline->numFitPoints(), 3);
-    const char* const texts[] = {"=1.26", "=31.55", "=0.159", "=0.040", "=0.501"};
-    for (std::size_t i = 0; i < 5; ++i) {
-        const auto* text = dynamic_cast<const AcDbText*>(entities[i + 1].get());
-        ASSERT_NE(text, nullptr);
-        EXPECT_STREQ(text->textString(), texts[i]);
-        EXPECT_TRUE(text->position().isEqualTo({static_cast<double>(i) + 1.0, 0, 0}));
-        EXPECT_EQ(text->height(), 2.4);
-        EXPECT_EQ(text->widthFactor(), 0.7);
-        EXPECT_EQ(text->textStyle(), drawing.textstyle());
+    const struct {
+        int chartType;
+        std::vector<std::string> texts;
+    } cases[] = {{0, {"=1.26", "=31.55", "=0.159", "=0.040", "=0.501"}},
+                 {2, {"14.2", "1.26", "0.632", "0.159", "0.040", "31.55", "0.501"}}};
+    for (const auto& c : cases) {
+        CKFCurve curve;
+        SetUpCurve(curve, c.chartType, StraightCurve(), static_cast<int>(c.texts.size()));
+        curve.ComputeDiameters();
+        curve.SetTextStyleId(drawing.textstyle());
+        AcDbVoidPtrArray parts;
+        EXPECT_EQ(curve.explode(parts), Acad::eOk);
+        std::vector<std::unique_ptr<AcDbEntity>> entities;
+        for (void* part : parts) {
+            entities.emplace_back(static_cast<AcDbEntity*>(part));
+        }
+        ASSERT_EQ(entities.size(), c.texts.size() + 1);
+        const auto* spline = dynamic_cast<const AcDbSpline*>(entities[0].get());
+        ASSERT_NE(spline, nullptr);
+        EXPECT_EQ(spline->colorIndex(), 3);
+        EXPECT_EQ(spline->numFitPoints(), 3);
+        for (std::size_t i = 0; i < c.texts.size(); ++i) {
+            const auto* text = dynamic_cast<const AcDbText*>(entities[i + 1].get());
+            ASSERT_NE(text, nullptr);
+            EXPECT_EQ(text->textString(), c.texts[i]);
+            EXPECT_TRUE(text->position().isEqualTo({static_cast<double>(i) + 1.0, 0, 0}));
+            EXPECT_EQ(text->height(), 2.4);
+            EXPECT_EQ(text->rotation(), 0.0);
+            EXPECT_EQ(text->widthFactor(), 0.7);
+            EXPECT_EQ(text->textStyle(), drawing.textstyle());
+        }
     }
 }
 

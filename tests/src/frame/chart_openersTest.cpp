@@ -40,10 +40,17 @@ TEST_F(ChartOpenersTest, SingleDocumentModeOpensTheFirstOnly) {
     EXPECT_EQ(Printed(), "当前是单文档状态,只能打开一个文档");
 }
 
-TEST_F(ChartOpenersTest, NeitherARefusedProjectNorACancelledBrowserOpensAnything) {
+TEST_F(ChartOpenersTest, NeitherARefusedProjectNorABrowserWithoutAChoiceOpensAnything) {
     LastSheetPath = "of an earlier run";
     Then({Press(IDCANCEL)});
     RunCommand("EGRDX");
+    Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
+        LastSheetPath.clear();
+        window.End(IDOK);  // past the browser's own check
+        return {};
+    });
+    RunCommand("ELGRDX");
+    EXPECT_EQ(Boxes(), Texts{"文件名不能为空!"});
     WriteProject("GCSY=1\r\nGCSJ=1\r\n");
     RunCommand("EGRDX");
     EXPECT_EQ(acDocManager->documentCount(), 1);

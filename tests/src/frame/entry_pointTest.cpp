@@ -59,9 +59,11 @@ TEST_F(EntryPointTest, ARefusedGuardLeavesTheModeToTheLayerCommandOnly) {
     Windows().AddAnswer(Box(IDNO));
     RunCommand("CLGRDX");
     EXPECT_EQ(ChartMode, kChartModeNotSet);
+    EXPECT_EQ(Utf8(Windows().Shown().back().caption), "生成土层颗分曲线");
     Windows().AddAnswer(Box(IDNO));
     RunCommand("CGRDX");
     EXPECT_EQ(ChartMode, kSampleCharts);
+    EXPECT_EQ(Utf8(Windows().Shown().back().caption), "生成颗分试验曲线");
 }
 
 }  // namespace

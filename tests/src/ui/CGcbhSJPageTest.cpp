@@ -44,6 +44,21 @@ TEST_F(CGcbhSJPageTest, ListsLayersByNumberAndKeepsTheirMarksWithTheProject) {
     EXPECT_EQ(ReadText("project.ini"), "[Project]\r\nGCBH=GC1\r\n[CKFDlg]\r\nKFQXTCGC1=1\r\n");
 }
 
+TEST_F(CGcbhSJPageTest, ASelectionWithoutACurrentItemKeepsThePageOpen) {
+    AddLayer(1, 0);
+    Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
+        auto* const page = static_cast<mfc::SheetModel&>(window).ActiveDialog();
+        auto* const layers = static_cast<mfc::ListBoxModel*>(page->Find(IDC_LAYERS));
+        layers->Select(0, true);
+        layers->SetCaret(-1);
+        return {Press(IDOK), Press(IDCANCEL)};
+    });
+    CKefenSheet sheet("");
+    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
+    EXPECT_EQ(Boxes(), Texts{"请选择试样编号。"});
+    EXPECT_EQ(ReadText("project.ini"), "[Project]\r\nGCBH=GC1\r\n") << "no mark";
+}
+
 TEST_F(CGcbhSJPageTest, WithoutLayersItAsksForOneAndSaysNothingAboutTheTable) {
     Sql("DROP TABLE x_SheJi");
     Then({Press(IDC_REMOVE_LAYER_MARKS), Press(IDOK), Press(IDCANCEL)});
