@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <fstream>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -121,19 +122,39 @@ std::vector<Feature> ReadFeatures(const std::filesystem::path& sheet) {
 const std::map<std::string, std::string> kFeatureKinds{{"LINE", "CADLine"},
                                                        {"TEXT", "CADText"},
                                                        {"LWPOLYLINE", "CADLWPolyline"},
-                                                       {"CIRCLE", "CADCircle"}};
+                                                       {"CIRCLE", "CADCircle"},
+                                                       {"SPLINE", "CADSpline"}};
+/// Its colours of ours; 7 is also that of the layer.
+const std::map<int, std::string> kFeatureColors{
+    {1, "#FF0000FF"}, {3, "#00FF00FF"}, {7, "#FFFFFFFF"}, {256, "#FFFFFFFF"}};
 
 void ExpectSameFeature(const SheetEntity& ours, const Feature& theirs) {
     EXPECT_EQ(ours.layer, theirs.layer);
-    EXPECT_EQ(ours.color == 1 ? "#FF0000FF" : "#FFFFFFFF", theirs.color);  // red, or 7 by layer
+    EXPECT_EQ(kFeatureColors.at(ours.color), theirs.color);
     EXPECT_EQ(ours.text, theirs.text);
     constexpr double kPrinted = 1e-9;
     if (ours.kind == "CIRCLE") {
         ASSERT_FALSE(theirs.points.empty());
         const AcGePoint3d left = ours.points[0] - AcGeVector3d(ours.radius, 0.0, 0.0);
         EXPECT_LE(left.distanceTo(theirs.points[0]), kPrinted);
+    } else if (ours.kind == "SPLINE") {
+        EXPECT_TRUE(theirs.points.empty()) << "it shows splines by control points only";
     } else {
         ExpectSamePlaces(ours, theirs.points, kPrinted);
+    }
+}
+
+/// Whether the pieces, in their order, are what an exploded curve becomes: its spline and a text a
+/// label, each where the curve had it.
+void ExpectPiecesOf(const Json& curve, const SheetEntity* pieces) {
+    EXPECT_EQ(pieces->kind, "SPLINE");
+    EXPECT_EQ(pieces->color, 3);
+    ExpectSamePlaces(*pieces, PointsOf(curve["curvePoints"]), 0.0);
+    for (const AcGePoint3d& place : PointsOf(curve["labelPoints"])) {
+        ++pieces;
+        EXPECT_EQ(pieces->kind, "TEXT");
+        EXPECT_EQ(pieces->height, curve["textHeight"]);
+        ExpectSamePlaces(*pieces, {place}, 0.0);
     }
 }
 
@@ -214,6 +235,40 @@ TEST_P(IndependentReaders, FindTheEntitiesOfEverySheet) {
     EXPECT_GT(byFeatures, 3000U);
     std::printf("%zu sheets: %zu entities compared with libredwg, %zu with GDAL\n",
                 suite.Sheets().size(), byJson, byFeatures);
+}
+
+TEST_P(IndependentReaders, FindTheCurvesOfAnExplodedSheetWhereTheyWere) {
+    const ScratchFolder scratch;
+    const SampleSuite suite(scratch.Path() / "suite", GetParam());
+    EXPECT_EQ(suite.Draw("ZK1").status, 0);
+    const std::filesystem::path sheet = suite.Sheets().front();
+    const std::filesystem::path exploded = scratch.Path() / "exploded.dwg";
+    const std::filesystem::path script = scratch.Path() / "script";
+    const Json curves =
+        Json::parse(RunProgram({GRDX_PROGRAM, "info", "--json", sheet}).output)["curves"];
+    std::ofstream lines(script);
+    lines << "OPEN " << sheet.string() << '\n';
+    for (const Json& curve : curves) {
+        lines << "EXPLODE #" << curve["handle"].get<std::string>() << '\n';
+    }
+    lines << "SAVEAS " << exploded.string() << '\n';
+    lines.close();
+    const ProgramResult run = RunProgram({GRDX_PROGRAM, "script", script, "-s", suite.Folder()});
+    ASSERT_EQ(run.status, 0) << run.errors;
+
+    const std::vector<SheetEntity> ours = ReadSheet(exploded);
+    const std::size_t piecesEach = 1 + curves[0]["labelPoints"].size();
+    EXPECT_EQ(piecesEach, GetParam() == 2 ? 8U : 6U);
+    const std::size_t others = ReadSheet(sheet).size() - curves.size();
+    ASSERT_EQ(ours.size(), others + curves.size() * piecesEach);
+    for (std::size_t i = 0; i < curves.size(); ++i) {
+        SCOPED_TRACE("curve " + std::to_string(i));
+        ExpectPiecesOf(curves[i], &ours[others + i * piecesEach]);
+    }
+    const ProgramResult read = RunProgram({"node", GRDX_READER, exploded});
+    ASSERT_EQ(read.status, 0) << read.errors;
+    CompareWithJson(ours, Json::parse(read.output));
+    CompareWithFeatures(ours, ReadFeatures(exploded));
 }
 
 INSTANTIATE_TEST_SUITE_P(SheetSizes, IndependentReaders, testing::Values(0, 2),

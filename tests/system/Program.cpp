@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -112,6 +113,22 @@ std::vector<std::filesystem::path> SampleSuite::Sheets() const {
     }
     std::sort(sheets.begin(), sheets.end());
     return sheets;
+}
+
+std::string SampleSuite::Ask(const std::string& statement) const {
+    sqlite3* handle = nullptr;
+    EXPECT_EQ(sqlite3_open(Database().c_str(), &handle), SQLITE_OK);
+    std::string text;
+    const auto collect = [](void* target, int count, char** values, char**) {
+        for (int i = 0; i < count; ++i) {
+            static_cast<std::string*>(target)->append(values[i] != nullptr ? values[i] : "null");
+            static_cast<std::string*>(target)->append(i + 1 < count ? "|" : "\n");
+        }
+        return 0;
+    };
+    EXPECT_EQ(sqlite3_exec(handle, statement.c_str(), collect, &text, nullptr), SQLITE_OK);
+    sqlite3_close(handle);
+    return text;
 }
 
 std::vector<std::string> SampleBoreholes() {

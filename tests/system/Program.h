@@ -40,6 +40,8 @@ public:
     std::vector<std::filesystem::path> Sheets() const;
     const std::filesystem::path& Folder() const { return folder_; }
     std::filesystem::path Database() const { return folder_ / "project.db"; }
+    /// Runs one statement on the database; the rows as lines of values joined by "|".
+    std::string Ask(const std::string& statement) const;
 
 private:
     std::filesystem::path folder_;

@@ -1,7 +1,6 @@
 // What a second identical run and a killed run leave behind.
 
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <map>
 
@@ -9,23 +8,6 @@
 #include "tests/system/SheetEntities.h"
 
 namespace {
-
-/// Runs one statement; the rows as lines of values joined by "|".
-std::string Ask(const std::filesystem::path& database, const std::string& statement) {
-    sqlite3* handle = nullptr;
-    EXPECT_EQ(sqlite3_open(database.c_str(), &handle), SQLITE_OK);
-    std::string text;
-    const auto collect = [](void* target, int count, char** values, char**) {
-        for (int i = 0; i < count; ++i) {
-            static_cast<std::string*>(target)->append(values[i] != nullptr ? values[i] : "null");
-            static_cast<std::string*>(target)->append(i + 1 < count ? "|" : "\n");
-        }
-        return 0;
-    };
-    EXPECT_EQ(sqlite3_exec(handle, statement.c_str(), collect, &text, nullptr), SQLITE_OK);
-    sqlite3_close(handle);
-    return text;
-}
 
 /// Everything a run leaves, by file name, and the stored results.
 std::map<std::string, std::string> Traces(const SampleSuite& suite) {
@@ -36,7 +18,7 @@ std::map<std::string, std::string> Traces(const SampleSuite& suite) {
     for (const char* profile : {"marks.ini", "settings.ini", "project.ini"}) {
         traces[profile] = FileBytes(suite.Folder() / profile);
     }
-    traces["results"] = Ask(suite.Database(), "SELECT * FROM Z_c_KeFen ORDER BY ZKBH,QYBH");
+    traces["results"] = suite.Ask("SELECT * FROM Z_c_KeFen ORDER BY ZKBH,QYBH");
     return traces;
 }
 
@@ -62,16 +44,16 @@ TEST(RepeatedDraw, StoresWhatTheSheetShows) {
     const SampleSuite suite(scratch.Path() / "suite", 0);
     ASSERT_EQ(suite.Draw("ZK1").status, 0);
     // As the labels of sample 7 read on its sheet, each to its last digit.
-    EXPECT_EQ(Ask(suite.Database(),
-                  "SELECT abs(KLD60-9.68)<0.0051,abs(KLD30-1.85)<0.0051,abs(KLD10-0.211)<0.0006,"
+    EXPECT_EQ(
+        suite.Ask("SELECT abs(KLD60-9.68)<0.0051,abs(KLD30-1.85)<0.0051,abs(KLD10-0.211)<0.0006,"
                   "abs(KLBJXS-45.87)<0.0051,abs(KLQLXS-1.685)<0.0006 FROM Z_c_KeFen"
                   " WHERE ZKBH='ZK1' AND QYBH='7'"),
-              "1|1|1|1|1\n");
-    const std::string sums = Ask(suite.Database(),
-                                 "SELECT count(*) FROM Z_c_KeFen WHERE ZKBH='ZK1' AND abs("
-                                 "KL800+KL400+KL200+KL60+KL40+KL20+KL10+KL5+KL2+KL_5+KL_25+KL_1"
-                                 "+KL_075+KL_074+KL_05+KL_01+KL_005+KL_002+KL0) BETWEEN 1 AND"
-                                 " 100.0011");
+        "1|1|1|1|1\n");
+    const std::string sums = suite.Ask(
+        "SELECT count(*) FROM Z_c_KeFen WHERE ZKBH='ZK1' AND abs("
+        "KL800+KL400+KL200+KL60+KL40+KL20+KL10+KL5+KL2+KL_5+KL_25+KL_1"
+        "+KL_075+KL_074+KL_05+KL_01+KL_005+KL_002+KL0) BETWEEN 1 AND"
+        " 100.0011");
     EXPECT_EQ(sums, "8\n");
 }
 
@@ -87,7 +69,7 @@ TEST(KilledDraw, LeavesWholeSheetsAndASoundDatabase) {
         for (const auto& sheet : suite.Sheets()) {
             EXPECT_GT(ReadSheet(sheet).size(), 200U) << sheet;
         }
-        ASSERT_EQ(Ask(suite.Database(), "PRAGMA integrity_check"), "ok\n");
+        ASSERT_EQ(suite.Ask("PRAGMA integrity_check"), "ok\n");
     }
     EXPECT_GT(killed, 5);
     EXPECT_EQ(suite.Draw("ZK1").status, 0);

@@ -11,6 +11,7 @@
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"
+#include "platform/db/AcDbSpline.h"
 #include "platform/db/AcDbText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
@@ -52,6 +53,12 @@ void ReadShape(const AcDbEntity& entity, SheetEntity& result) {
         for (unsigned i = 0; i < polyline.numVerts(); ++i) {
             const AcGePoint2d& point = polyline.vertexAt(i).point;
             result.points.emplace_back(point.x, point.y, 0.0);
+        }
+    } else if (entity.isKindOf(AcDbSpline::desc())) {
+        const auto& spline = static_cast<const AcDbSpline&>(entity);
+        result.kind = "SPLINE";
+        for (int i = 0; i < spline.numFitPoints(); ++i) {
+            result.points.push_back(spline.fitPointAt(i));
         }
     } else if (entity.isKindOf(AcDbCircle::desc())) {
         const auto& circle = static_cast<const AcDbCircle&>(entity);
