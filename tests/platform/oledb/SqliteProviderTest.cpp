@@ -195,4 +195,20 @@ TEST(SqliteProvider, AChangedTableIsSeenByStatementsKeptPrepared) {
     EXPECT_EQ(database.Rows("SELECT m,n FROM t"), "x|4");
 }
 
+TEST(SqliteProvider, AColumnThatHidesTheRowIdIsSeenByStatementsKeptPrepared) {
+    SqliteTestDatabase database;
+    database.Run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1),(2)");
+    const auto session = OpenSession(database.InitString());
+    EXPECT_EQ(TestRowset().Open(*session.operator->(), "SELECT n FROM t"), S_OK);
+    database.Run("ALTER TABLE t ADD COLUMN rowid INTEGER DEFAULT 7");
+    TestRowset set;
+    ASSERT_EQ(set.Open(*session.operator->(), "SELECT n FROM t"), S_OK) << oledb::LastErrorText();
+    ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
+    LONG n = 0;
+    ASSERT_EQ(set.MoveAndRead(&n), S_OK);
+    n = 3;
+    EXPECT_EQ(set.Set(&n), S_OK) << oledb::LastErrorText();
+    EXPECT_EQ(database.Rows("SELECT n,rowid FROM t"), "3|7 2|7");
+}
+
 }  // namespace

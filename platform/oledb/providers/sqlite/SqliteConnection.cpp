@@ -46,8 +46,10 @@ HRESULT SqliteConnection::Select(std::string_view statement,
     if (const auto kept = plans_.find(key); kept != plans_.end()) {
         plan = kept->second;
         result = Execute(plan, text, selection);
-        // After another failure than a lock the table may be another one than it was.
-        if (SUCCEEDED(result) || result == DB_E_TIMEOUT) return result;
+        // The table may be another one than it was, also when the statement still runs: its rows
+        // could be told apart by the wrong column.
+        const bool changed = FAILED(result) || plan->Statement().PreparedAnew();
+        if (!changed || result == DB_E_TIMEOUT) return result;
         plans_.erase(key);
     }
     result = MakePlan(text, key, plan);

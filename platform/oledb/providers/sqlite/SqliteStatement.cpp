@@ -57,6 +57,10 @@ void SqliteStatement::Reset() {
     SQLITE_CALL(sqlite3_reset, handle_.get());
 }
 
+bool SqliteStatement::PreparedAnew() const {
+    return SQLITE_CALL(sqlite3_stmt_status, handle_.get(), SQLITE_STMTSTATUS_REPREPARE, 0) != 0;
+}
+
 int SqliteStatement::ColumnCount() const {
     return SQLITE_CALL(sqlite3_column_count, handle_.get());
 }

@@ -24,6 +24,10 @@ public:
     /// Ends the run, and with it the statement's transaction; to be called after every run.
     void Reset();
 
+    /// True when the library has prepared the text anew since Prepare, as the schema had changed:
+    /// its columns may be other ones.
+    bool PreparedAnew() const;
+
     int ColumnCount() const;
     /// Column of the row stepped to, from 0; its text lives until the next step.
     Value Column(int column) const;
