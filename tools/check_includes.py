@@ -44,6 +44,8 @@ def allowed(room):
         return [room, *SRC[room], *SRC_PLATFORM]
     if room == "host":
         return ["host", "platform/"]
+    if room in ("apps/plot", "apps/desk"):
+        return [room, "apps/paint", "host", "platform/"]
     return [room, "host", "platform/"]
 
 

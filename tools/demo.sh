@@ -24,9 +24,7 @@ draw_project() { # FOLDER NUMBER STANDARD-CODE
 
 pictures() { # FOLDER
     find "demo/$1/output" -name '*.dwg' | sort | while read -r sheet; do
-        "$grdx" plot "$sheet" --to svg -o "${sheet%.dwg}.svg"
-        rsvg-convert -d 110 -p 110 "${sheet%.dwg}.svg" -o "${sheet%.dwg}.png"
-        rm "${sheet%.dwg}.svg"
+        "$grdx" plot "$sheet" --to png --dpi 110
     done
 }
 

@@ -2,11 +2,11 @@
 #include <exception>
 #include <iostream>
 #include <iterator>
+#include <string_view>
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
-#include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/MessageStream.h"
 #include "apps/grdx/data_import.h"
@@ -32,6 +32,8 @@ constexpr int kDone = 0;
 constexpr int kRefused = 1;
 constexpr int kWrongUsage = 2;
 
+constexpr const char* kPlot = "plot";
+
 /// What the command line asked for; each call reads its own part.
 struct Options {
     std::string suite = ".";
@@ -39,7 +41,6 @@ struct Options {
     console::ProjectData project{1, "P1", "新建工程", 0};
     std::string file;
     std::vector<std::string> files;
-    std::string output;
     bool json = false;
     bool layers = false;
     console::DrawRequest draw;
@@ -144,24 +145,6 @@ bool Info(const Options& options, MessageStream& messages) {
     return good;
 }
 
-bool Plot(const Options& options, MessageStream& messages) {
-    if (options.files.size() > 1 && !options.output.empty()) {
-        throw Failure("--output names one page, so it goes with one drawing");
-    }
-    console::ConsoleSession session(messages);
-    session.Start("");
-    bool good = true;
-    for (const std::string& file : options.files) {
-        try {
-            std::cout << console::PlotAsSvg(file, options.output) << '\n';
-        } catch (const Failure& failure) {
-            messages.Report(failure.what());
-            good = false;
-        }
-    }
-    return good;
-}
-
 bool Script(const Options& options, MessageStream& messages) {
     return console::RunScript(options.suite, ReadText(options.file), messages);
 }
@@ -178,19 +161,20 @@ public:
         AddList();
         AddDraw();
         AddInfo();
-        AddPlot();
+        app_.add_subcommand(kPlot, "drawings as pages and pictures");
         AddScript();
     }
 
     int Run(int argc, char** argv) {
-        try {
-            app_.parse(argc, argv);
-        } catch (const CLI::ParseError& error) {
-            return app_.exit(error) == 0 ? kDone : kWrongUsage;
-        }
         MessageStream messages;
         try {
+            if (argc > 1 && std::string_view(argv[1]) == kPlot) {
+                console::HandOverToPlotting(argv + 1);
+            }
+            app_.parse(argc, argv);
             return chosen_(options_, messages) ? kDone : kRefused;
+        } catch (const CLI::ParseError& error) {
+            return app_.exit(error) == 0 ? kDone : kWrongUsage;
         } catch (const std::exception& failure) {
             messages.Report(failure.what());
             return kRefused;
@@ -307,13 +291,6 @@ private:
         call.add_flag("--layers", options_.layers, "read the curves as those of layer charts");
     }
 
-    void AddPlot() {
-        CLI::App& call = *AddCall(app_, "plot", "drawings as pages", Plot);
-        call.add_option("file", options_.files, "DWG file")->required();
-        call.add_option("--to", format_, "kind of page")->required()->check(CLI::IsMember({"svg"}));
-        call.add_option("-o,--output", options_.output, "the page; else beside the drawing");
-    }
-
     void AddScript() {
         CLI::App& call =
             *AddCall(app_, "script", "command-line input with answers to dialogs", Script);
@@ -323,7 +300,6 @@ private:
 
     CLI::App app_{"Grain-size analysis charts"};
     Options options_;
-    std::string format_;  ///< of a plot; one so far
     Call chosen_ = nullptr;
 };
 

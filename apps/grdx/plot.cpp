@@ -1,31 +1,26 @@
 #include "apps/grdx/plot.h"
 
+#include <unistd.h>
+#include <cerrno>
+#include <cstring>
 #include <filesystem>
+#include <string>
 
 #include "apps/grdx/Failure.h"
-#include "host/plot/SvgPlot.h"
-#include "platform/db/AcDbDatabase.h"
-#include "platform/win32/file_replace.h"
-#include "platform/win32/windows_path.h"
 
 namespace console {
 
-std::string PlotAsSvg(const std::string& drawing, const std::string& page) {
-    std::string windowsPath;
-    if (!win32::WindowsPath(drawing, windowsPath)) {
-        throw Failure(drawing + ": the path has a character that GBK does not have");
-    }
-    AcDbDatabase database(false, true);
-    if (database.readDwgFile(windowsPath.c_str()) != Acad::eOk) {
-        throw Failure(database.lastFileError());
-    }
-    std::string path =
-        page.empty() ? std::filesystem::path(drawing).replace_extension("svg").string() : page;
-    std::string error;
-    if (!win32::ReplaceFileWhole(path, plot::SvgOf(database), error)) {
-        throw Failure(error);
-    }
-    return path;
+namespace {
+constexpr const char* kProgram = "grdx-plot";
+}  // namespace
+
+void HandOverToPlotting(char** arguments) {
+    std::error_code ignored;
+    const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    const std::string program = (own.parent_path() / kProgram).string();
+    execv(program.c_str(), arguments);
+    throw Failure(program + ": " + std::strerror(errno) +
+                  "; the program that plots belongs beside this one");
 }
 
 }  // namespace console

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <string>
-
 namespace console {
 
-/// Writes the model space of a drawing as one SVG page and gives the page's path: `page`, or for an
-/// empty one the drawing's own with another ending. Paths are of the file system, UTF-8. Curves
-/// draw themselves when the plug-in is loaded and are left out when it is not. Failure when the
-/// drawing cannot be read or the page cannot be written.
-std::string PlotAsSvg(const std::string& drawing, const std::string& page);
+/// Becomes the plotting program that stands beside this one, with arguments that start with the
+/// call's own name and end with null: this program needs no window system and starts as fast as
+/// without. Failure when it is missing.
+[[noreturn]] void HandOverToPlotting(char** arguments);
 
 }  // namespace console

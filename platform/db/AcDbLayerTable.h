@@ -15,6 +15,8 @@ public:
     bool isLocked() const { return locked_; }
     AcCmColor color() const { return color_; }
     void setColor(const AcCmColor& color);
+    /// Code of the file format: 31 default, else an index of widths.
+    std::uint8_t lineWeight() const { return lineWeight_; }
     AcDbObjectId linetypeObjectId() const { return linetypeId_; }
     std::unique_ptr<AcDbObject> clone() const override;
 
@@ -29,7 +31,7 @@ private:
     bool frozenInNewViewports_ = false;
     bool locked_ = false;
     bool plottable_ = true;
-    std::uint8_t lineWeight_ = 31;  ///< code of the file format: 31 default
+    std::uint8_t lineWeight_ = 31;
     AcCmColor color_;
     AcDbObjectId plotStyleId_;
     AcDbObjectId linetypeId_;  ///< null until added, then the drawing's "Continuous"

@@ -12,8 +12,6 @@ AcRxObject* makeSpline() {
     return new AcDbSpline;
 }
 
-constexpr double kChordError = 0.01;
-
 bool isFinite(const AcGePoint3d& p) {
     return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
 }
@@ -38,10 +36,14 @@ const AcGeCubicSplineCurve3d& AcDbSpline::curve() const {
 Adesk::Boolean AcDbSpline::worldDraw(AcGiWorldDraw* context) {
     assertReadEnabled();
     startDrawing(*context);
+    if (fitPoints_.empty() && controlPoints_.empty()) {
+        return true;
+    }
+    const double chordError = context->deviation(
+        kAcGiMaxDevForCurve, fitPoints_.empty() ? controlPoints_.front() : fitPoints_.front());
     const std::vector<AcGePoint3d> points =
-        fitPoints_.empty()
-            ? ge::SampleNurb({degree_, knots_, controlPoints_, weights_}, kChordError)
-            : curve().samplePoints(kChordError);
+        fitPoints_.empty() ? ge::SampleNurb({degree_, knots_, controlPoints_, weights_}, chordError)
+                           : curve().samplePoints(chordError);
     if (!points.empty()) {
         context->geometry().polyline(static_cast<Adesk::UInt32>(points.size()), points.data());
     }

@@ -39,12 +39,20 @@ public:
                                 const AcGiTextStyle& style) = 0;
 };
 
+/// What an error of drawing is asked for.
+enum AcGiDeviationType { kAcGiMaxDevForCircle, kAcGiMaxDevForCurve };
+
 /// A drawing context: the screen, a plot, proxy graphics, a test's recorder.
 class AcGiWorldDraw {
 public:
     virtual ~AcGiWorldDraw() = default;
     /// True while an entity is drawn as the image of a drag.
     virtual Adesk::Boolean isDragging() const { return false; }
+    /// How far from the true course the chords of a curve near `point` may be, drawing units.
+    virtual double deviation(AcGiDeviationType /*type*/, const AcGePoint3d& /*point*/) const {
+        constexpr double kBelowWhatPrintsShow = 0.01;
+        return kBelowWhatPrintsShow;
+    }
     virtual AcGiWorldGeometry& geometry() const = 0;
     virtual AcGiSubEntityTraits& subEntityTraits() const = 0;
 };

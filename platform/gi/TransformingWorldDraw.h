@@ -14,6 +14,9 @@ public:
         : target_(target), geometry_(target.geometry(), transform) {}
 
     Adesk::Boolean isDragging() const override { return target_.isDragging(); }
+    double deviation(AcGiDeviationType type, const AcGePoint3d& point) const override {
+        return geometry_.ownDeviation(target_.deviation(type, geometry_.map(point)));
+    }
     AcGiWorldGeometry& geometry() const override { return geometry_; }
     AcGiSubEntityTraits& subEntityTraits() const override { return target_.subEntityTraits(); }
     AcGiWorldDraw& target() const { return target_; }
@@ -34,8 +37,13 @@ private:
                             const AcGeVector3d& direction, const char* message, Adesk::Int32 length,
                             Adesk::Boolean raw, const AcGiTextStyle& style) override;
 
-    private:
         AcGePoint3d map(AcGePoint3d point) const { return point.transformBy(transform_); }
+        /// What an error of the target's is before the map enlarges it.
+        double ownDeviation(double deviation) const {
+            return deviation / (scale_ > 0.0 ? scale_ : 1.0);
+        }
+
+    private:
         AcGeVector3d map(AcGeVector3d vector) const { return vector.transformBy(transform_); }
         const std::vector<AcGePoint3d>& mapped(Adesk::UInt32 nbPoints, const AcGePoint3d* points);
 

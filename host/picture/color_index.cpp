@@ -1,12 +1,13 @@
-#include "host/plot/color_index.h"
+#include "host/picture/color_index.h"
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-namespace plot {
+namespace picture {
 namespace {
 
+constexpr int kForeground = 7;
 constexpr std::array<Rgb, 10> kNamed{{{0, 0, 0},
                                       {255, 0, 0},
                                       {255, 255, 0},
@@ -35,9 +36,13 @@ Rgb WheelColor(int index) {
 
 }  // namespace
 
-Rgb PaperColor(int colorIndex) {
-    if (colorIndex < 1 || colorIndex > 255) {
-        return {};
+Rgb BackgroundColor(Background background) {
+    return background == Background::kLight ? Rgb{255, 255, 255} : Rgb{33, 40, 48};
+}
+
+Rgb ColorOf(int colorIndex, Background background) {
+    if (colorIndex < 1 || colorIndex > 255 || colorIndex == kForeground) {
+        return background == Background::kLight ? Rgb{0, 0, 0} : Rgb{255, 255, 255};
     }
     if (colorIndex < 10) {
         return kNamed[static_cast<std::size_t>(colorIndex)];
@@ -49,4 +54,4 @@ Rgb PaperColor(int colorIndex) {
     return WheelColor(colorIndex);
 }
 
-}  // namespace plot
+}  // namespace picture

@@ -1,0 +1,203 @@
+#include "apps/paint/PicturePainter.h"
+
+#include <QGlyphRun>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace paint {
+
+using picture::Box;
+using picture::DisplayList;
+using picture::Shape;
+using picture::ShapeKind;
+
+namespace {
+
+constexpr int kForeground = 7;
+constexpr double kDegrees = 180.0 / std::numbers::pi;
+constexpr QRgb kHighlightLight = qRgb(0, 110, 220);
+constexpr QRgb kHighlightDark = qRgb(90, 170, 255);
+
+}  // namespace
+
+/// One call of paint().
+class PicturePainter::Pass {
+public:
+    Pass(PicturePainter& owner, QPainter& painter, const DisplayList& list, const QTransform& map,
+         const Look& look)
+        : owner_(owner), painter_(painter), list_(list), map_(map), look_(look) {
+        for (int i = 0; i < 256; ++i) {
+            const picture::Rgb rgb =
+                picture::ColorOf(look.monochrome ? kForeground : i, look.background);
+            colors_[i] = QColor(rgb.red, rgb.green, rgb.blue);
+        }
+        pixelsPerUnit_ = std::sqrt(std::abs(map.determinant()));
+    }
+
+    void draw(const Box& view) {
+        for (const picture::Item& item : list_.items()) {
+            if (!item.box.meets(view)) {
+                continue;
+            }
+            const Emphasis emphasis =
+                look_.emphasis ? look_.emphasis(item.entity) : Emphasis::kNone;
+            if (emphasis == Emphasis::kLeftOut) {
+                continue;
+            }
+            highlighted_ = emphasis == Emphasis::kHighlighted;
+            const bool whole = view.contains(item.box);
+            for (const Shape& shape : list_.shapes(item)) {
+                if (whole || shape.box.meets(view)) {
+                    draw(shape);
+                }
+            }
+        }
+    }
+
+private:
+    QPointF at(picture::Point p) const { return map_.map(QPointF(p.x, p.y)); }
+
+    QColor colorOf(const Shape& shape) const {
+        if (highlighted_) {
+            return QColor::fromRgb(
+                look_.background == picture::Background::kLight ? kHighlightLight : kHighlightDark);
+        }
+        return colors_[shape.colorIndex];
+    }
+
+    void usePen(const Shape& shape) {
+        const double weight =
+            look_.paperLineWeights
+                ? (shape.lineWeight < 0.0F ? kDefaultLineWeight
+                                           : static_cast<double>(shape.lineWeight)) *
+                      pixelsPerUnit_
+                : 1.0;
+        QPen pen(colorOf(shape), highlighted_ ? weight + 1.5 : weight);
+        pen.setCapStyle(Qt::RoundCap);
+        pen.setJoinStyle(Qt::RoundJoin);
+        painter_.setPen(pen);
+        painter_.setBrush(Qt::NoBrush);
+    }
+
+    void useBrush(const Shape& shape) {
+        painter_.setPen(Qt::NoPen);
+        painter_.setBrush(colorOf(shape));
+    }
+
+    void draw(const Shape& shape) {
+        switch (shape.kind) {
+            case ShapeKind::kPolyline:
+                usePen(shape);
+                painter_.drawPolyline(pointsOf(shape));
+                break;
+            case ShapeKind::kFill:
+                useBrush(shape);
+                painter_.drawPolygon(pointsOf(shape), Qt::OddEvenFill);
+                break;
+            case ShapeKind::kArc:
+                usePen(shape);
+                painter_.drawPath(pathOf(list_.arc(shape)));
+                break;
+            case ShapeKind::kGlyphs:
+                drawGlyphs(shape, list_.glyphs(shape));
+                break;
+        }
+    }
+
+    const QPolygonF& pointsOf(const Shape& shape) {
+        points_.clear();
+        for (const picture::Point point : list_.points(shape)) {
+            points_.append(at(point));
+        }
+        return points_;
+    }
+
+    /// Qt counts angles with y downwards, the drawing with y upwards: the ellipse is laid out in
+    /// the drawing's coordinates, where Qt's clockwise is the drawing's counter-clockwise.
+    QPainterPath pathOf(const picture::Arc& arc) const {
+        const QRectF around(arc.center.x - arc.radius, arc.center.y - arc.radius, 2 * arc.radius,
+                            2 * arc.radius);
+        QPainterPath path;
+        path.arcMoveTo(around, -arc.startAngle * kDegrees);
+        path.arcTo(around, -arc.startAngle * kDegrees, -arc.sweepAngle * kDegrees);
+        return map_.map(path);
+    }
+
+    void drawGlyphs(const Shape& shape, const picture::GlyphRun& run) {
+        const GlyphFont& font = owner_.font(run.font, run.fullWidth);
+        // Coordinates of the font, y downwards, to those of the run's cells.
+        const picture::Affine& cells = run.cellToWorld;
+        const QTransform cellToDevice = QTransform(cells.alongX.x, cells.alongX.y, cells.alongY.x,
+                                                   cells.alongY.y, cells.origin.x, cells.origin.y) *
+                                        map_;
+        for (const picture::GlyphCell& cell : run.cells) {
+            const GlyphFont::Glyph glyph = font.glyph(cell.character);
+            const double squeeze = glyph.advance > 1.0 ? 1.0 / glyph.advance : 1.0;
+            const double left = cell.x + 0.5 * (1.0 - glyph.advance * squeeze);
+            const QTransform fontToCell(font.widthScale() * squeeze, 0.0, 0.0, -font.heightScale(),
+                                        left, font.drop() * font.heightScale());
+            drawGlyph(shape, font.raw(), glyph.index, fontToCell * cellToDevice);
+        }
+    }
+
+    void drawGlyph(const Shape& shape, const QRawFont& font, quint32 index,
+                   const QTransform& fontToDevice) {
+        if (look_.textAsOutlines) {
+            useBrush(shape);
+            painter_.drawPath(fontToDevice.map(font.pathForGlyph(index)));
+            return;
+        }
+        QGlyphRun glyphs;
+        glyphs.setRawFont(font);
+        glyphs.setGlyphIndexes({index});
+        glyphs.setPositions({QPointF()});
+        const QTransform kept = painter_.transform();
+        painter_.setTransform(fontToDevice, true);
+        painter_.setPen(colorOf(shape));
+        painter_.drawGlyphRun(QPointF(), glyphs);
+        painter_.setTransform(kept);
+    }
+
+    PicturePainter& owner_;
+    QPainter& painter_;
+    const DisplayList& list_;
+    const QTransform& map_;
+    const Look& look_;
+    QColor colors_[256];
+    double pixelsPerUnit_ = 1.0;
+    bool highlighted_ = false;
+    QPolygonF points_;
+};
+
+void PicturePainter::paint(QPainter& painter, const DisplayList& list,
+                           const QTransform& worldToDevice, const Box& view, const Look& look) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::TextAntialiasing);
+    Pass(*this, painter, list, worldToDevice, look).draw(view);
+    painter.restore();
+}
+
+const GlyphFont& PicturePainter::font(const std::string& family, bool fullWidth) {
+    std::unique_ptr<GlyphFont>& font = fonts_[{family, fullWidth}];
+    if (!font) {
+        font = std::make_unique<GlyphFont>(QString::fromStdString(family), fullWidth);
+    }
+    return *font;
+}
+
+QTransform FitTransform(const Box& view, const QRectF& device) {
+    const double scale = std::min(device.width() / view.width(), device.height() / view.height());
+    const double left = device.left() + 0.5 * (device.width() - view.width() * scale);
+    const double bottom = device.bottom() - 0.5 * (device.height() - view.height() * scale);
+    return {scale, 0.0, 0.0, -scale, left - view.left * scale, bottom + view.bottom * scale};
+}
+
+Box ViewOf(const QTransform& worldToDevice, const QRectF& device) {
+    const QRectF world = worldToDevice.inverted().mapRect(device);
+    return {world.left(), world.top(), world.right(), world.bottom()};
+}
+
+}  // namespace paint

@@ -1,0 +1,142 @@
+#include "apps/paint/sheet_pages.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QPageLayout>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+#include <cmath>
+
+namespace paint {
+
+namespace {
+
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kShortSide = 210.0;  // of A4
+constexpr double kLongSide = 297.0;   // of A4, and the short side of A3
+constexpr double kA3LongSide = 420.0;
+constexpr double kLargestSide = 1189.0;  // of A0
+constexpr double kMargin = 10.0;
+/// What may reach over the edge of a sheet: half a line, the room that glyph boxes keep.
+constexpr double kOverhang = 1.0;
+
+Page RealSize(const picture::Box& view) {
+    return {view, view.width(), view.height()};
+}
+
+Look PaperLook(const PlotOptions& options, bool textAsOutlines) {
+    Look look;
+    look.monochrome = options.monochrome;
+    look.paperLineWeights = true;
+    look.textAsOutlines = textAsOutlines;
+    return look;
+}
+
+/// Paints the page so that it fills a device of that many dots.
+void PaintPage(QPainter& painter, const Sheet& sheet, const Page& page, const QSizeF& dots,
+               PicturePainter& pictures, const Look& look) {
+    const QTransform map = FitTransform(page.view, QRectF(QPointF(), dots));
+    pictures.paint(painter, sheet.list, map, page.view, look);
+}
+
+QPageSize PageSizeOf(const Page& page) {
+    return QPageSize(QSizeF(page.width, page.height), QPageSize::Millimeter, QString(),
+                     QPageSize::ExactMatch);
+}
+
+}  // namespace
+
+Page PageOf(const picture::DisplayList& list) {
+    const picture::Box& box = list.box();
+    if (box.isEmpty()) {
+        return RealSize({0.0, 0.0, kShortSide, kLongSide});
+    }
+    for (const double width : {kShortSide, kA3LongSide}) {
+        const picture::Box paper{0.0, 0.0, width, kLongSide};
+        if (picture::Box{-kOverhang, -kOverhang, width + kOverhang, kLongSide + kOverhang}.contains(
+                box)) {
+            return RealSize(paper);
+        }
+    }
+    const picture::Box around{box.left - kMargin, box.bottom - kMargin, box.right + kMargin,
+                              box.top + kMargin};
+    if (std::max(around.width(), around.height()) <= kLargestSide) {
+        return RealSize(around);
+    }
+    return box.width() > box.height() ? Page{box, kA3LongSide, kLongSide}
+                                      : Page{box, kLongSide, kA3LongSide};
+}
+
+QByteArray PdfOf(std::span<const Sheet> sheets, PicturePainter& pictures,
+                 const PlotOptions& options) {
+    constexpr int kResolution = 2400;  // coordinates of the file are whole dots
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(kResolution);
+    writer.setPageMargins(QMarginsF());
+    writer.setCreator(QStringLiteral("GRDX"));
+    if (!sheets.empty()) {
+        writer.setTitle(sheets.front().title);
+    }
+    QPainter painter;
+    for (const Sheet& sheet : sheets) {
+        const Page page = PageOf(sheet.list);
+        writer.setPageSize(PageSizeOf(page));
+        if (painter.isActive()) {
+            writer.newPage();
+        } else {
+            painter.begin(&writer);
+        }
+        const double dotsPerMillimetre = kResolution / kMillimetresPerInch;
+        PaintPage(painter, sheet, page,
+                  QSizeF(page.width * dotsPerMillimetre, page.height * dotsPerMillimetre), pictures,
+                  PaperLook(options, false));
+    }
+    painter.end();
+    return bytes;
+}
+
+QByteArray SvgOf(const Sheet& sheet, PicturePainter& pictures, const PlotOptions& options) {
+    constexpr int kDotsPerMillimetre = 100;
+    const Page page = PageOf(sheet.list);
+    const QSizeF dots(page.width * kDotsPerMillimetre, page.height * kDotsPerMillimetre);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setResolution(static_cast<int>(kDotsPerMillimetre * kMillimetresPerInch));
+    generator.setSize(dots.toSize());
+    generator.setViewBox(QRectF(QPointF(), dots));
+    generator.setTitle(sheet.title);
+    QPainter painter(&generator);
+    PaintPage(painter, sheet, page, dots, pictures, PaperLook(options, true));
+    painter.end();
+    return bytes;
+}
+
+QByteArray PngOf(const Sheet& sheet, PicturePainter& pictures, const PlotOptions& options) {
+    constexpr double kMostPixels = 5e8;
+    const Page page = PageOf(sheet.list);
+    const double dotsPerMillimetre = options.dpi / kMillimetresPerInch;
+    const QSizeF dots(std::round(page.width * dotsPerMillimetre),
+                      std::round(page.height * dotsPerMillimetre));
+    if (!(dots.width() * dots.height() <= kMostPixels)) {
+        return {};
+    }
+    QImage image(dots.toSize().expandedTo(QSize(1, 1)), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    image.setDotsPerMeterX(static_cast<int>(std::round(dotsPerMillimetre * 1000.0)));
+    image.setDotsPerMeterY(image.dotsPerMeterX());
+    QPainter painter(&image);
+    PaintPage(painter, sheet, page, dots, pictures, PaperLook(options, false));
+    painter.end();
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+}  // namespace paint

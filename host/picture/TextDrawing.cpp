@@ -1,0 +1,60 @@
+#include "host/picture/TextDrawing.h"
+
+#include <utility>
+
+#include "host/picture/FontLibrary.h"
+
+namespace picture {
+
+namespace {
+constexpr double kUnderlineHeight = -0.2;
+constexpr double kOverlineHeight = 1.2;
+}  // namespace
+
+void TextDrawing::draw(std::span<const TextCharacter> characters) {
+    const double tracking = style_.trackingPercent() / 100.0;
+    std::vector<double> pens{0.0};
+    for (const TextCharacter& character : characters) {
+        const double start = pen_;
+        drawInstalled(character);
+        pen_ = start + (pen_ - start) * tracking;
+        pens.push_back(pen_);
+    }
+    endRun();
+    drawBars(characters, pens, &TextCharacter::underlined, kUnderlineHeight);
+    drawBars(characters, pens, &TextCharacter::overlined, kOverlineHeight);
+}
+
+void TextDrawing::drawInstalled(const TextCharacter& character) {
+    if (run_.cells.empty() || run_.fullWidth != character.doubleByte) {
+        endRun();
+        run_.cellToWorld = frame_;
+        run_.fullWidth = character.doubleByte;
+        run_.font = fonts_.installedFont(character.doubleByte ? style_.bigFontFileName()
+                                                              : style_.fileName());
+    }
+    run_.cells.push_back({character.unicode, pen_});
+    pen_ += 1.0;
+}
+
+void TextDrawing::endRun() {
+    list_.addGlyphs(std::exchange(run_, {}), colorIndex_);
+}
+
+void TextDrawing::drawBars(std::span<const TextCharacter> characters,
+                           const std::vector<double>& pens, bool TextCharacter::*drawn,
+                           double height) {
+    for (std::size_t i = 0; i < characters.size();) {
+        std::size_t end = i;
+        while (end < characters.size() && characters[end].*drawn) {
+            ++end;
+        }
+        if (end > i) {
+            const Point bar[] = {frame_.map({pens[i], height}), frame_.map({pens[end], height})};
+            list_.addPolyline(bar, colorIndex_, 0.0F);
+        }
+        i = end + 1;
+    }
+}
+
+}  // namespace picture

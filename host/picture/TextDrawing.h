@@ -1,0 +1,40 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "host/picture/DisplayList.h"
+#include "host/picture/text_characters.h"
+#include "platform/gi/AcGiTextStyle.h"
+
+namespace picture {
+
+class FontLibrary;
+
+/// Draws the characters of one text into a display list. A character without a shape font advances
+/// by text height × width factor, which is what the charts' layouts count with.
+class TextDrawing {
+public:
+    /// `frame` maps widths of the text's height × width factor and heights to the drawing.
+    TextDrawing(DisplayList& list, FontLibrary& fonts, const AcGiTextStyle& style,
+                const Affine& frame, int colorIndex)
+        : list_(list), fonts_(fonts), style_(style), frame_(frame), colorIndex_(colorIndex) {}
+
+    void draw(std::span<const TextCharacter> characters);
+
+private:
+    void drawInstalled(const TextCharacter& character);
+    void endRun();
+    void drawBars(std::span<const TextCharacter> characters, const std::vector<double>& pens,
+                  bool TextCharacter::*drawn, double height);
+
+    DisplayList& list_;
+    FontLibrary& fonts_;
+    const AcGiTextStyle& style_;
+    const Affine& frame_;
+    int colorIndex_;
+    double pen_ = 0.0;  ///< in the frame's widths
+    GlyphRun run_;      ///< not yet in the list
+};
+
+}  // namespace picture

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "host/picture/DisplayList.h"
+
+class AcDbDatabase;
+class AcDbEntity;
+
+namespace picture {
+
+class FontLibrary;
+
+/// How far the chords of a curve may be from it, drawing units: below what a print shows.
+inline constexpr double kChordError = 0.002;
+
+/// What the drawing's model space looks like. Entities on layers that are off or frozen, invisible
+/// and erased ones are left out. Curves that are told as points keep within `chordError` of their
+/// true course; a view that shows an error of more than half a pixel asks again.
+DisplayList PictureOf(AcDbDatabase& database, FontLibrary& fonts, double chordError = kChordError);
+
+/// What one entity looks like, in a drawing or free; for images of what is being moved.
+DisplayList PictureOf(AcDbEntity& entity, FontLibrary& fonts, double chordError = kChordError);
+
+}  // namespace picture
