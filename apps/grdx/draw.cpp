@@ -113,10 +113,12 @@ private:
             for (std::size_t i = first; i < end; ++i) {
                 const std::string sample = win32::Utf8FromGbk(answers_.Picked()[i]);
                 const std::string reason = SilentReason(database, index, request_.borehole, sample);
-                if (!reason.empty()) {
-                    session_.Messages().Report("sample \"" + sample + "\" of borehole \"" +
-                                               request_.borehole + "\": " + reason);
+                if (reason.empty()) {
+                    continue;
                 }
+                std::string message = "sample \"";
+                message += sample + "\" of borehole \"" + request_.borehole + "\": " + reason;
+                session_.Messages().Report(message);
             }
         } catch (const Failure& failure) {
             session_.Messages().Report(failure.what());

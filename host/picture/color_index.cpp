@@ -23,7 +23,8 @@ constexpr std::array<std::uint8_t, 6> kGreys{51, 91, 132, 173, 214, 255};
 /// Indices 10 to 249: 24 hues, five brightnesses each, every one full and half saturated.
 Rgb WheelColor(int index) {
     constexpr std::array<double, 5> kBrightness{1.0, 0.65, 0.5, 0.3, 0.15};
-    const double hue = ((index - 10) / 10) / 4.0;  // in sixths of the circle
+    const int hueStep = (index - 10) / 10;
+    const double hue = hueStep / 4.0;  // in sixths of the circle
     const double value = kBrightness[static_cast<std::size_t>(index % 10 / 2)];
     const double saturation = index % 2 == 0 ? 1.0 : 0.5;
     const auto channel = [&](double shift) {
