@@ -11,7 +11,7 @@ constexpr const char* kEraseLine = "\r\x1b[K";
 
 MessageStream::MessageStream() : terminal_(isatty(STDERR_FILENO) == 1) {}
 
-MessageStream::~MessageStream() {
+void MessageStream::EndLine() {
     ShowProgress("");
     if (!atLineStart_) {
         Write("\n");

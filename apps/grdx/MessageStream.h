@@ -10,8 +10,7 @@ namespace console {
 class MessageStream {
 public:
     MessageStream();
-    /// Ends the line begun last.
-    ~MessageStream();
+    ~MessageStream() { EndLine(); }
     MessageStream(const MessageStream&) = delete;
     MessageStream& operator=(const MessageStream&) = delete;
 
@@ -21,6 +20,8 @@ public:
     void PrintLine(std::string_view text);
     /// A finding of the program's own, named as such.
     void Report(std::string_view finding);
+    /// Ends the line begun last, so that what standard output says next begins one on a terminal.
+    void EndLine();
     /// Replaces the progress shown last; an empty text takes it away.
     void ShowProgress(const std::string& progress);
 

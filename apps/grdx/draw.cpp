@@ -61,7 +61,7 @@ private:
             perSheet_ = ChartsPerSheet();
         }
         ++saved_;
-        session_.Messages().ShowProgress("");
+        session_.Messages().EndLine();
         std::puts(path.c_str());
         std::fflush(stdout);
         session_.Messages().ShowProgress(std::to_string(saved_) + " of " + SheetCount(Expected()));

@@ -28,7 +28,8 @@ bool ReportAnswers(ConsoleSession& session) {
 bool RunScript(const std::string& suiteFolder, const std::string& utf8, MessageStream& messages) {
     ConsoleSession session(messages);
     session.Start(suiteFolder);
-    session.SetSaveListener([](const std::string& path) {
+    session.SetSaveListener([&messages](const std::string& path) {
+        messages.EndLine();
         std::puts(path.c_str());
         std::fflush(stdout);
     });
