@@ -14,13 +14,13 @@ Acad::ErrorStatus CKFCurve::getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntA
 
 Acad::ErrorStatus CKFCurve::moveGripPointsAt(const AcDbIntArray& indices,
                                              const AcGeVector3d& offset) {
-    assertWriteEnabled();
     const bool allKnown = std::all_of(indices.begin(), indices.end(), [this](int index) {
         return index >= 0 && index < curvePoints_.length();
     });
     if (!allKnown) {
         return Acad::eInvalidIndex;
     }
+    assertWriteEnabled();
     for (int index : indices) {
         curvePoints_[index] += offset;
         modified_ = true;
@@ -30,12 +30,12 @@ Acad::ErrorStatus CKFCurve::moveGripPointsAt(const AcDbIntArray& indices,
 }
 
 Acad::ErrorStatus CKFCurve::transformBy(const AcGeMatrix3d& transform) {
-    assertWriteEnabled();
     AcGeVector3d direction = AcGeVector3d::kXAxis;
     direction.transformBy(transform);
     if (!direction.isEqualTo(AcGeVector3d::kXAxis)) {
         return Acad::eNotApplicable;
     }
+    assertWriteEnabled();  // only now: a refusal leaves the drawing without a change to save
     AcDbEntity::transformBy(transform);
     for (AcGePoint3d& point : curvePoints_) {
         point.transformBy(transform);
