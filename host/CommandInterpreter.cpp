@@ -179,7 +179,14 @@ std::optional<std::string> CommandInterpreter::Ask(const char* prompt) {
 bool CommandInterpreter::Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point) {
     const std::optional<std::string> word = Ask(prompt);
     AcApDocument* const document = acDocManager->curDocument();
-    return word && document != nullptr && PickEntity(*document, *word, id, point);
+    if (!word || word->empty() || document == nullptr) {
+        return false;
+    }
+    if (!PickEntity(*document, *word, id, point)) {
+        acutPrintf("\n");  // the command's own words follow
+        return false;
+    }
+    return true;
 }
 
 }  // namespace host

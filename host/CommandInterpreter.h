@@ -33,7 +33,7 @@ public:
     std::optional<std::string> Ask(const char* prompt);
 
     /// Answers a pick of the running command with the next word of its input. False when it names
-    /// nothing, or there is none.
+    /// nothing, which is said, or when it is empty or there is none.
     bool Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point);
 
     /// Called after each command of Run, and what it sent, is through.

@@ -25,8 +25,8 @@ std::string SheetCount(std::size_t count) {
 
 /// Why no chart of a sample can be drawn although nobody says so; empty when there is no such
 /// reason.
-std::string SilentReason(SqliteDatabase& database, int projectIndex, const std::string& borehole,
-                         const std::string& sample) {
+std::string SilentSampleReason(SqliteDatabase& database, int projectIndex,
+                               const std::string& borehole, const std::string& sample) {
     SqliteStatement row(database,
                         "SELECT KLTYZL FROM Z_c_KeFen WHERE GCSY=? AND ZKBH=? AND QYBH=?");
     row.Bind(1, std::int64_t{projectIndex});
@@ -36,6 +36,18 @@ std::string SilentReason(SqliteDatabase& database, int projectIndex, const std::
         return "it has no row of results (table Z_c_KeFen)";
     }
     return row.Number(0) ? "" : "its row of results has no total mass";
+}
+
+/// The same of a layer, by the label that the page gave it.
+std::string SilentLayerReason(SqliteDatabase& database, int projectIndex,
+                              const std::string& label) {
+    const std::size_t hyphen = label.find('-');
+    SqliteStatement row(database, "SELECT 1 FROM x_SheJi WHERE GCSY=? AND ZCBH=? AND YCBH=?");
+    row.Bind(1, std::int64_t{projectIndex});
+    row.Bind(2, std::int64_t{std::stoi(label)});
+    row.Bind(3,
+             std::int64_t{hyphen == std::string::npos ? 0 : std::stoi(label.substr(hyphen + 1))});
+    return row.Step() ? "" : "it has no design values any more (table x_SheJi)";
 }
 
 /// Runs one request from the sheet to the findings.
@@ -101,9 +113,7 @@ private:
         }
         session_.Messages().Report(SheetCount(Expected() - saved_) +
                                    " not made; not drawn: " + names);
-        if (!request_.layers) {
-            ReportSilentReasons(first, std::min(first + perSheet_, picked.size()));
-        }
+        ReportSilentReasons(first, std::min(first + perSheet_, picked.size()));
     }
 
     void ReportSilentReasons(std::size_t first, std::size_t end) {
@@ -111,18 +121,26 @@ private:
             SqliteDatabase database = OpenProjectDatabase(SqliteDatabase::Mode::ReadOnly);
             const int index = CurrentProject().index;
             for (std::size_t i = first; i < end; ++i) {
-                const std::string sample = win32::Utf8FromGbk(answers_.Picked()[i]);
-                const std::string reason = SilentReason(database, index, request_.borehole, sample);
-                if (reason.empty()) {
-                    continue;
+                const std::string item = win32::Utf8FromGbk(answers_.Picked()[i]);
+                const std::string reason =
+                    request_.layers ? SilentLayerReason(database, index, item)
+                                    : SilentSampleReason(database, index, request_.borehole, item);
+                if (!reason.empty()) {
+                    session_.Messages().Report(NameOf(item) + ": " + reason);
                 }
-                std::string message = "sample \"";
-                message += sample + "\" of borehole \"" + request_.borehole + "\": " + reason;
-                session_.Messages().Report(message);
             }
         } catch (const Failure& failure) {
             session_.Messages().Report(failure.what());
         }
+    }
+
+    std::string NameOf(const std::string& item) const {
+        std::string name = request_.layers ? "layer \"" : "sample \"";
+        name += item + '"';
+        if (!request_.layers) {
+            name += " of borehole \"" + request_.borehole + '"';
+        }
+        return name;
     }
 
     const DrawRequest& request_;

@@ -44,6 +44,7 @@ bool RunScript(const std::string& suiteFolder, const std::string& utf8, MessageS
     host::CommandInput input([&lines] { return lines.Next(); });
     host::CommandInterpreter& interpreter = session.Program().Interpreter();
     interpreter.SetAfterCommand([&] {
+        messages.EndLine();
         // The answers under a line belong to the last of its commands.
         if (input.AtLineEnd()) {
             good = ReportAnswers(session) && good;

@@ -171,6 +171,18 @@ TEST_F(DrawTest, ChartsThatAreNotDrawnAreNamed) {
               "grdx: 1 sheet not made; not drawn: 6\n");
 }
 
+TEST_F(DrawTest, ALayerThatIsGoneWhenItsTurnComesIsNamed) {
+    Change(
+        "CREATE TRIGGER lose AFTER INSERT ON x_SheJi WHEN NEW.ZCBH=2 AND NEW.YCBH=1 "
+        "BEGIN DELETE FROM x_SheJi WHERE ZCBH=3; END");
+    const ProgramResult run = Grdx({"draw", "layers", "--all"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(SheetNames(run), ElementsAre("KFSJ1~2-1.dwg"));
+    EXPECT_EQ(run.errors,
+              "grdx: 2 sheets not made; not drawn: 2-2, 3-1, 3-2, 4\n"
+              "grdx: layer \"3-1\": it has no design values any more (table x_SheJi)\n");
+}
+
 TEST_F(DrawTest, WhatStandsInTheWayOfTheCommandIsToldAsItStands) {
     Edit("project.ini", "GCSJ=0", "GCSJ=1");
     const ProgramResult unchecked = DrawSamples("ZK1", {"--all"});

@@ -26,9 +26,14 @@ TEST_F(ChartOpenersTest, OpensTheChosenSheetsOfTheProjectInMultiDocumentMode) {
     EXPECT_EQ(acDocManager->documentCount(), 3);
     EXPECT_EQ(CurrentDrawing(), "KFZK1-2~ZK1-3.dwg");
 
-    Then({Select(IDC_SHEETS, {"土层2"}), Press(IDOK)});
+    Then([this](mfc::FrameModel&) -> std::vector<mfc::Answer> {
+        std::filesystem::remove(Folder() / "output/GC1/室内曲线/KFSJ1.dwg");
+        return {Select(IDC_SHEETS, {"土层1", "土层2"}), Press(IDOK)};
+    });
     RunCommand("ELGRDX");
     EXPECT_EQ(CurrentDrawing(), "KFSJ2.dwg");
+    EXPECT_EQ(acDocManager->documentCount(), 4) << "what was open stays";
+    EXPECT_NE(Printed().find("KFSJ1.dwg: No such file"), std::string::npos);
 }
 
 TEST_F(ChartOpenersTest, SingleDocumentModeOpensTheFirstOnly) {
