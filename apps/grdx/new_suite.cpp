@@ -27,8 +27,8 @@ constexpr const char* kSuiteProfile =
     "Database=Provider=SQLite;Data Source=project.db\n";
 constexpr const char* kFontMapping =
     "[Fonts]\n"
-    "comfont.shx=WenQuanYi Zen Hei\n"
-    "st64f.shx=WenQuanYi Zen Hei\n"
+    "comfont.shx=WenQuanYi Zen Hei Mono\n"
+    "st64f.shx=WenQuanYi Zen Hei Mono\n"
     "hztxt.shx=WenQuanYi Zen Hei\n";
 
 /// The text in GBK; Failure when it is too long, or holds what GBK or a profile cannot.

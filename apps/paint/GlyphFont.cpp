@@ -41,9 +41,13 @@ GlyphFont::GlyphFont(const QString& family, bool fullWidth) : raw_(Unhinted(fami
     widthScale_ = 1.0 / Advance(raw_, fullWidth ? measured : GlyphIndex(raw_, U'0'));
 }
 
-GlyphFont::Glyph GlyphFont::glyph(char32_t character) const {
-    const quint32 index = GlyphIndex(raw_, character);
-    return {index, Advance(raw_, index) * widthScale_};
+const GlyphFont::Glyph& GlyphFont::glyph(char32_t character) const {
+    const auto [place, isNew] = glyphs_.try_emplace(character);
+    if (isNew) {
+        const quint32 index = GlyphIndex(raw_, character);
+        place->second = {index, Advance(raw_, index) * widthScale_};
+    }
+    return place->second;
 }
 
 }  // namespace paint

@@ -2,6 +2,7 @@
 
 #include <QRawFont>
 #include <QString>
+#include <unordered_map>
 
 namespace paint {
 
@@ -24,10 +25,11 @@ public:
         double advance = 0.0;  ///< in cells; at most 1 is drawn as it is, more is squeezed
     };
     /// The glyph of a character; index 0 when the font has none.
-    Glyph glyph(char32_t character) const;
+    const Glyph& glyph(char32_t character) const;
 
 private:
     QRawFont raw_;
+    mutable std::unordered_map<char32_t, Glyph> glyphs_;
     double heightScale_ = 1.0;
     double widthScale_ = 1.0;
     double drop_ = 0.0;

@@ -20,6 +20,17 @@ constexpr double kDegrees = 180.0 / std::numbers::pi;
 constexpr QRgb kHighlightLight = qRgb(0, 110, 220);
 constexpr QRgb kHighlightDark = qRgb(90, 170, 255);
 
+bool IsAxisParallel(const QPolygonF& points) {
+    constexpr double kPixels = 0.01;
+    for (qsizetype i = 1; i < points.size(); ++i) {
+        const QPointF step = points[i] - points[i - 1];
+        if (std::abs(step.x()) > kPixels && std::abs(step.y()) > kPixels) {
+            return false;
+        }
+    }
+    return true;
+}
+
 }  // namespace
 
 /// One call of paint().
@@ -90,7 +101,7 @@ private:
         switch (shape.kind) {
             case ShapeKind::kPolyline:
                 usePen(shape);
-                painter_.drawPolyline(pointsOf(shape));
+                drawPolyline(pointsOf(shape));
                 break;
             case ShapeKind::kFill:
                 useBrush(shape);
@@ -106,7 +117,22 @@ private:
         }
     }
 
-    const QPolygonF& pointsOf(const Shape& shape) {
+    /// On a screen, level and plumb lines stand on whole pixels: neither blurred over two of them
+    /// nor of two widths.
+    void drawPolyline(QPolygonF& points) {
+        if (look_.paperLineWeights || !IsAxisParallel(points)) {
+            painter_.drawPolyline(points);
+            return;
+        }
+        for (QPointF& point : points) {
+            point = QPointF(std::floor(point.x()) + 0.5, std::floor(point.y()) + 0.5);
+        }
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.drawPolyline(points);
+        painter_.setRenderHint(QPainter::Antialiasing, true);
+    }
+
+    QPolygonF& pointsOf(const Shape& shape) {
         points_.clear();
         for (const picture::Point point : list_.points(shape)) {
             points_.append(at(point));
@@ -132,32 +158,48 @@ private:
         const QTransform cellToDevice = QTransform(cells.alongX.x, cells.alongX.y, cells.alongY.x,
                                                    cells.alongY.y, cells.origin.x, cells.origin.y) *
                                         map_;
+        // Characters of one squeeze are one piece of text with one transform.
+        double squeeze = 1.0;
         for (const picture::GlyphCell& cell : run.cells) {
-            const GlyphFont::Glyph glyph = font.glyph(cell.character);
-            const double squeeze = glyph.advance > 1.0 ? 1.0 / glyph.advance : 1.0;
+            const GlyphFont::Glyph& glyph = font.glyph(cell.character);
+            const double wanted = glyph.advance > 1.0 ? 1.0 / glyph.advance : 1.0;
+            if (wanted != squeeze) {
+                drawPiece(shape, font, squeeze, cellToDevice);
+                squeeze = wanted;
+            }
             const double left = cell.x + 0.5 * (1.0 - glyph.advance * squeeze);
-            const QTransform fontToCell(font.widthScale() * squeeze, 0.0, 0.0, -font.heightScale(),
-                                        left, font.drop() * font.heightScale());
-            drawGlyph(shape, font.raw(), glyph.index, fontToCell * cellToDevice);
+            indexes_.append(glyph.index);
+            positions_.append(QPointF(left / (font.widthScale() * squeeze), 0.0));
         }
+        drawPiece(shape, font, squeeze, cellToDevice);
     }
 
-    void drawGlyph(const Shape& shape, const QRawFont& font, quint32 index,
-                   const QTransform& fontToDevice) {
+    /// Draws and empties what was collected in `indexes_` and `positions_`.
+    void drawPiece(const Shape& shape, const GlyphFont& font, double squeeze,
+                   const QTransform& cellToDevice) {
+        const QTransform fontToDevice =
+            QTransform(font.widthScale() * squeeze, 0.0, 0.0, -font.heightScale(), 0.0,
+                       font.drop() * font.heightScale()) *
+            cellToDevice;
         if (look_.textAsOutlines) {
             useBrush(shape);
-            painter_.drawPath(fontToDevice.map(font.pathForGlyph(index)));
-            return;
+            for (qsizetype i = 0; i < indexes_.size(); ++i) {
+                painter_.drawPath(fontToDevice.map(
+                    font.raw().pathForGlyph(indexes_[i]).translated(positions_[i])));
+            }
+        } else if (!indexes_.isEmpty()) {
+            QGlyphRun glyphs;
+            glyphs.setRawFont(font.raw());
+            glyphs.setGlyphIndexes(indexes_);
+            glyphs.setPositions(positions_);
+            const QTransform kept = painter_.transform();
+            painter_.setTransform(fontToDevice, true);
+            painter_.setPen(colorOf(shape));
+            painter_.drawGlyphRun(QPointF(), glyphs);
+            painter_.setTransform(kept);
         }
-        QGlyphRun glyphs;
-        glyphs.setRawFont(font);
-        glyphs.setGlyphIndexes({index});
-        glyphs.setPositions({QPointF()});
-        const QTransform kept = painter_.transform();
-        painter_.setTransform(fontToDevice, true);
-        painter_.setPen(colorOf(shape));
-        painter_.drawGlyphRun(QPointF(), glyphs);
-        painter_.setTransform(kept);
+        indexes_.clear();
+        positions_.clear();
     }
 
     PicturePainter& owner_;
@@ -169,6 +211,8 @@ private:
     double pixelsPerUnit_ = 1.0;
     bool highlighted_ = false;
     QPolygonF points_;
+    QList<quint32> indexes_;
+    QList<QPointF> positions_;
 };
 
 void PicturePainter::paint(QPainter& painter, const DisplayList& list,

@@ -5,12 +5,16 @@
 namespace picture {
 
 namespace {
-constexpr const char* kDefaultFont = "WenQuanYi Zen Hei";
+constexpr const char* kFullWidthFont = "WenQuanYi Zen Hei";
+constexpr const char* kLatinFont = "WenQuanYi Zen Hei Mono";
 }  // namespace
 
-std::string FontLibrary::installedFont(const std::string& fontFile) const {
+std::string FontLibrary::installedFont(const std::string& fontFile, bool fullWidth) const {
     std::string font = ed::MappedFont(fontFile.c_str());
-    return font.empty() ? kDefaultFont : font;
+    if (font.empty()) {
+        font = fullWidth ? kFullWidthFont : kLatinFont;
+    }
+    return font;
 }
 
 }  // namespace picture

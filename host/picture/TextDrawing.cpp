@@ -30,8 +30,9 @@ void TextDrawing::drawInstalled(const TextCharacter& character) {
         endRun();
         run_.cellToWorld = frame_;
         run_.fullWidth = character.doubleByte;
-        run_.font = fonts_.installedFont(character.doubleByte ? style_.bigFontFileName()
-                                                              : style_.fileName());
+        run_.font = fonts_.installedFont(
+            character.doubleByte ? style_.bigFontFileName() : style_.fileName(),
+            character.doubleByte);
     }
     run_.cells.push_back({character.unicode, pen_});
     pen_ += 1.0;
