@@ -11,9 +11,9 @@ all: packages
 packages:
 	@tools/install_packages.sh
 
-# The drawing reader that the tests compare with; nothing links to it.
+# The drawing readers that the tests compare with; nothing links to them.
 readers: packages
-	@[ -d tests/readers/node_modules ] || (cd tests/readers && npm ci --silent --no-audit --no-fund)
+	@[ tests/readers/node_modules/.package-lock.json -nt tests/readers/package-lock.json ] || (cd tests/readers && npm ci --silent --no-audit --no-fund)
 
 demo: all
 	@tools/demo.sh $(BUILD)

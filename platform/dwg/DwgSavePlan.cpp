@@ -111,8 +111,12 @@ bool DwgSavePlan::hasListsOfFile(const AcDbBlockTableRecord& block) const {
     const auto isOfFile = [](AcDbObjectId id) { return isLiving(id) && !isNew(id); };
     const std::vector<AcDbObjectId>& listed = DwgFields<AcDbBlockTableRecord>::references(block);
     const std::vector<AcDbObjectId>& made = referencesTo(block);
+    // Some programs leave references listed that are gone: a handle without an object.
+    const auto isAsListed = [&](AcDbObjectId id) {
+        return id.isNull() || isOfFile(id) || AcDbDatabase::objectOf(id) == nullptr;
+    };
     return std::all_of(block.entityIds().begin(), block.entityIds().end(), isOfFile) &&
-           std::all_of(listed.begin(), listed.end(), isOfFile) &&
+           std::all_of(listed.begin(), listed.end(), isAsListed) &&
            std::all_of(made.begin(), made.end(), isOfFile);
 }
 

@@ -37,6 +37,25 @@ std::vector<AcGePoint3d> PointsOf(const Json& points) {
     return result;
 }
 
+/// Compares an entity with one that a reader printed as JSON.
+void CompareEntity(const SheetEntity& ours, const Json& theirs) {
+    SCOPED_TRACE(theirs.dump());
+    EXPECT_EQ(ours.kind, theirs["kind"]);
+    EXPECT_EQ(ours.layer, theirs["layer"]);
+    EXPECT_EQ(ours.color, theirs["color"]);
+    ExpectSamePlaces(ours, PointsOf(theirs["points"]), kSame);
+    if (ours.kind == "TEXT") {
+        EXPECT_EQ(ours.text, theirs["text"]);
+        EXPECT_NEAR(ours.height, theirs["height"], kSame);
+    } else if (ours.kind == "CIRCLE") {
+        EXPECT_NEAR(ours.radius, theirs["radius"], kSame);
+    } else if (ours.kind == "HATCH") {
+        EXPECT_NEAR(ours.radius, theirs["radii"][0], kSame);
+        EXPECT_EQ(theirs["solid"], 1);
+        EXPECT_EQ(theirs["associative"], 1);
+    }
+}
+
 /// Compares with what the first reader printed of a sheet; gives the number of entities compared.
 std::size_t CompareWithJson(const std::vector<SheetEntity>& ours, const Json& theirs) {
     EXPECT_EQ(theirs["error"], kClassUnknown);
@@ -46,28 +65,37 @@ std::size_t CompareWithJson(const std::vector<SheetEntity>& ours, const Json& th
     for (const SheetEntity& entity : ours) {
         if (entity.kind == "CKFCURVE") {
             ++curves;
-            continue;
-        }
-        const Json& other = theirs["entities"].at(next++);
-        SCOPED_TRACE(other.dump());
-        EXPECT_EQ(entity.kind, other["kind"]);
-        EXPECT_EQ(entity.layer, other["layer"]);
-        EXPECT_EQ(entity.color, other["color"]);
-        ExpectSamePlaces(entity, PointsOf(other["points"]), kSame);
-        if (entity.kind == "TEXT") {
-            EXPECT_EQ(entity.text, other["text"]);
-            EXPECT_NEAR(entity.height, other["height"], kSame);
-        } else if (entity.kind == "CIRCLE") {
-            EXPECT_NEAR(entity.radius, other["radius"], kSame);
-        } else if (entity.kind == "HATCH") {
-            EXPECT_NEAR(entity.radius, other["radii"][0], kSame);
-            EXPECT_EQ(other["solid"], 1);
-            EXPECT_EQ(other["associative"], 1);
+        } else {
+            CompareEntity(entity, theirs["entities"].at(next++));
         }
     }
     EXPECT_EQ(next, theirs["entities"].size());
     EXPECT_EQ(curves, theirs["unknown"]);
     return next;
+}
+
+/// Compares with what the third reader printed, which has an order of its own and leaves out the
+/// curves; gives the number of entities compared.
+std::size_t CompareByHandle(const std::vector<SheetEntity>& ours, const Json& theirs) {
+    std::map<unsigned long long, const Json*> byHandle;
+    for (const Json& entity : theirs["entities"]) {
+        byHandle[entity["handle"].get<unsigned long long>()] = &entity;
+    }
+    std::size_t compared = 0;
+    for (const SheetEntity& entity : ours) {
+        if (entity.kind == "CKFCURVE") {
+            continue;
+        }
+        const auto found = byHandle.find(entity.handle);
+        if (found == byHandle.end()) {
+            ADD_FAILURE() << "no entity " << std::hex << entity.handle;
+            continue;
+        }
+        CompareEntity(entity, *found->second);
+        ++compared;
+    }
+    EXPECT_EQ(compared, theirs["entities"].size());
+    return compared;
 }
 
 /// One feature as the second reader prints it.
@@ -199,42 +227,56 @@ std::vector<SheetEntity> UpToFirstCurve(const std::vector<SheetEntity>& entities
 
 class IndependentReaders : public testing::TestWithParam<int> {};
 
+/// What a reader script prints of the drawings, one a line.
+std::vector<Json> RunReader(const char* script,
+                            const std::vector<std::filesystem::path>& drawings) {
+    std::vector<std::string> command{"node", std::string(GRDX_READERS) + "/" + script};
+    command.insert(command.end(), drawings.begin(), drawings.end());
+    const ProgramResult read = RunProgram(command);
+    EXPECT_EQ(read.status, 0) << read.errors;
+    std::vector<Json> found;
+    std::istringstream lines(read.output);
+    for (std::string line; std::getline(lines, line);) {
+        found.push_back(Json::parse(line));
+    }
+    EXPECT_EQ(found.size(), drawings.size());
+    found.resize(drawings.size());
+    return found;
+}
+
 TEST_P(IndependentReaders, FindTheEntitiesOfEverySheet) {
     const ScratchFolder scratch;
     const SampleSuite suite(scratch.Path() / "suite", GetParam());
     for (const std::string& borehole : SampleBoreholes()) {
         EXPECT_EQ(suite.Draw(borehole).status, 0);
     }
-    std::vector<std::string> command{"node", GRDX_READER};
-    for (const auto& sheet : suite.Sheets()) {
-        command.push_back(sheet);
-    }
-    const ProgramResult read = RunProgram(command);
-    ASSERT_EQ(read.status, 0) << read.errors;
-
-    std::istringstream lines(read.output);
+    const std::vector<std::filesystem::path> sheets = suite.Sheets();
+    const std::vector<Json> first = RunReader("read_dwg.mjs", sheets);
+    const std::vector<Json> third = RunReader("read_dwg_dxfrw.mjs", sheets);
     std::size_t byJson = 0;
     std::size_t byFeatures = 0;
-    for (const auto& sheet : suite.Sheets()) {
-        SCOPED_TRACE(sheet.string());
-        const std::vector<SheetEntity> ours = ReadSheet(sheet);
-        std::string line;
-        ASSERT_TRUE(std::getline(lines, line));
-        byJson += CompareWithJson(ours, Json::parse(line));
+    std::size_t byHandle = 0;
+    for (std::size_t i = 0; i < sheets.size(); ++i) {
+        SCOPED_TRACE(sheets[i].string());
+        const std::vector<SheetEntity> ours = ReadSheet(sheets[i]);
+        byJson += CompareWithJson(ours, first[i]);
+        byHandle += CompareByHandle(ours, third[i]);
 
         // The second reader stops at the first object of a class it does not know. It has to find
         // what stands before that in the sheet, and everything in a copy without the curves.
-        CompareWithFeatures(UpToFirstCurve(ours), ReadFeatures(sheet));
+        CompareWithFeatures(UpToFirstCurve(ours), ReadFeatures(sheets[i]));
         const auto copy = scratch.Path() / "copy.dwg";
-        CopyWithoutCurves(sheet, copy);
+        CopyWithoutCurves(sheets[i], copy);
         std::vector<SheetEntity> plain = ours;
         std::erase_if(plain, [](const SheetEntity& e) { return e.kind == "CKFCURVE"; });
         byFeatures += CompareWithFeatures(plain, ReadFeatures(copy));
     }
     EXPECT_GT(byJson, 3000U);
+    EXPECT_EQ(byHandle, byJson);
     EXPECT_GT(byFeatures, 3000U);
-    std::printf("%zu sheets: %zu entities compared with libredwg, %zu with GDAL\n",
-                suite.Sheets().size(), byJson, byFeatures);
+    std::printf(
+        "%zu sheets: %zu entities compared with libredwg, %zu with libdxfrw, %zu with GDAL\n",
+        sheets.size(), byJson, byHandle, byFeatures);
 }
 
 TEST_P(IndependentReaders, FindTheCurvesOfAnExplodedSheetWhereTheyWere) {

@@ -83,6 +83,7 @@ void ReadShape(const AcDbEntity& entity, SheetEntity& result) {
 
 SheetEntity ReadEntity(const AcDbEntity& entity) {
     SheetEntity result;
+    result.handle = entity.objectId().handle();
     result.layer = LayerName(entity.layerId());
     result.color = entity.colorIndex();
     ReadShape(entity, result);

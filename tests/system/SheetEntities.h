@@ -8,6 +8,7 @@
 
 /// What can be compared of an entity between the drawing database and a reader of its own.
 struct SheetEntity {
+    unsigned long long handle = 0;
     std::string kind;  ///< name of the kind in drawing files: LINE, TEXT …
     std::string layer;
     int color = 0;
