@@ -24,6 +24,7 @@ const shapes = {
         widthFactor: e.widthScale, style: gbk(e.style),
     }),
     CIRCLE: (e) => ({ points: [point(e.basePoint)], radius: e.radius }),
+    SPLINE: (e) => ({ points: itemsOf(e.getFitList()).map(point) }),
     INSERT: (e) => ({
         points: [point(e.basePoint)], name: gbk(e.name), rotation: e.angle,
         scale: [e.xScale, e.yScale, e.zScale],

@@ -136,6 +136,19 @@ std::vector<SheetEntity> ReadSheet(const std::filesystem::path& sheet) {
     return result;
 }
 
+std::vector<std::vector<std::uint8_t>> ReadCurveGraphics(const std::filesystem::path& sheet) {
+    AcDbDatabase database(false);
+    EXPECT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
+        << database.lastFileError();
+    std::vector<std::vector<std::uint8_t>> result;
+    ForEachEntity(database, AcDb::kForRead, [&](AcDbEntity& entity) {
+        if (entity.isKindOf(AcDbKeptEntity::desc())) {
+            result.push_back(static_cast<AcDbKeptEntity&>(entity).graphics());
+        }
+    });
+    return result;
+}
+
 void CopyWithoutCurves(const std::filesystem::path& sheet, const std::filesystem::path& copy) {
     AcDbDatabase database(false);
     ASSERT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -22,5 +23,7 @@ struct SheetEntity {
 /// The model space of a drawing in drawing order, as the drawing database reads it. The kind of a
 /// curve is "CKFCURVE".
 std::vector<SheetEntity> ReadSheet(const std::filesystem::path& sheet);
+/// The proxy graphics that the sheet has for its curves, in drawing order.
+std::vector<std::vector<std::uint8_t>> ReadCurveGraphics(const std::filesystem::path& sheet);
 /// Writes a copy of the sheet without its curves.
 void CopyWithoutCurves(const std::filesystem::path& sheet, const std::filesystem::path& copy);
