@@ -70,6 +70,16 @@ void CompareEntity(const SheetEntity& ours, const Json& theirs) {
     }
 }
 
+/// Whether the file lists the curve's class with everything allowed to a proxy of it.
+void ExpectCurveClass(const Json& classes) {
+    const auto found = std::find_if(classes.begin(), classes.end(),
+                                    [](const Json& c) { return c["dxf"] == "CKFCURVE"; });
+    ASSERT_NE(found, classes.end());
+    EXPECT_EQ((*found)["cpp"], "CKFCurve");
+    EXPECT_EQ((*found)["entity"], true);
+    EXPECT_EQ((*found)["flags"], 255);
+}
+
 /// Compares with what the first reader printed of a sheet; gives the number of entities compared.
 std::size_t CompareWithJson(const std::vector<SheetEntity>& ours, const Json& theirs) {
     EXPECT_EQ(theirs["error"], theirs["unknown"] == 0 ? 0 : kClassUnknown);
@@ -85,6 +95,7 @@ std::size_t CompareWithJson(const std::vector<SheetEntity>& ours, const Json& th
     }
     EXPECT_EQ(next, theirs["entities"].size());
     EXPECT_EQ(curves, theirs["unknown"]);
+    ExpectCurveClass(theirs["classes"]);
     return next;
 }
 
