@@ -44,8 +44,10 @@ def allowed(room):
         return [room, *SRC[room], *SRC_PLATFORM]
     if room == "host":
         return ["host", "platform/"]
-    if room in ("apps/plot", "apps/desk"):
+    if room == "apps/plot":
         return [room, "apps/paint", "host", "platform/"]
+    if room == "apps/desk":
+        return [room, "apps/paint", "apps/windows", "host", "platform/"]
     return [room, "host", "platform/"]
 
 

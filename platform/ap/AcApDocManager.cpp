@@ -109,6 +109,17 @@ Acad::ErrorStatus AcApDocManager::activateDocument(AcApDocument* document) {
     return Acad::eOk;
 }
 
+void AcApDocManager::addReactor(AcApDocManagerReactor* reactor) {
+    if (reactor != nullptr &&
+        std::find(reactors_.begin(), reactors_.end(), reactor) == reactors_.end()) {
+        reactors_.push_back(reactor);
+    }
+}
+
+void AcApDocManager::removeReactor(AcApDocManagerReactor* reactor) {
+    std::erase(reactors_, reactor);
+}
+
 void AcApDocManager::pushResourceHandle(HMODULE handle) {
     resourceHandles_.push_back(AfxGetResourceHandle());
     AfxSetResourceHandle(handle);
@@ -141,6 +152,9 @@ void AcApDocManager::drop(const AcApDocument* document) {
     const bool wasCurrent = document == current_;
     const auto place = std::find_if(documents_.begin(), documents_.end(),
                                     [&](const auto& owned) { return owned.get() == document; });
+    for (AcApDocManagerReactor* const reactor : std::vector(reactors_)) {
+        reactor->documentToBeDestroyed(place->get());
+    }
     // The drawing outlives the list entry, so that nobody finds a current document half gone.
     const std::unique_ptr<AcApDocument> closed = std::move(*place);
     documents_.erase(place);

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ap/AcApDocManagerReactor.h"
 #include "platform/ap/AcApDocument.h"
 #include "platform/win32/win_types.h"
 
@@ -63,6 +64,10 @@ public:
     /// failed save leaves the reason in the database's lastFileError().
     Acad::ErrorStatus saveDocument(AcApDocument* document, const char* path = nullptr);
 
+    /// A reactor hears from then on, once however often it is added. Null is ignored.
+    void addReactor(AcApDocManagerReactor* reactor);
+    void removeReactor(AcApDocManagerReactor* reactor);
+
     /// Makes a module's resources current until the matching pop.
     void pushResourceHandle(HMODULE handle);
     void popResourceHandle();
@@ -87,6 +92,7 @@ private:
     int applicationContext_ = 0;
     int untitledCount_ = 0;
     std::vector<HMODULE> resourceHandles_;
+    std::vector<AcApDocManagerReactor*> reactors_;
 };
 
 AcApDocManager* acDocManagerInstance();

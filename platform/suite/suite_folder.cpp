@@ -141,6 +141,11 @@ bool OpenFolder(const std::string& folder, std::string& error) {
     return true;
 }
 
+bool CheckFolder(const std::string& folder, std::string& error) {
+    Suite unused;
+    return SuiteReader(error).Read(folder, unused);
+}
+
 void CloseFolder() {
     TheSuite().reset();
 }

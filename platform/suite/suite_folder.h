@@ -14,6 +14,8 @@ namespace suite {
 /// initialisation string whose provider is SQLite, since it is a file; any other string stays
 /// as it is.
 bool OpenFolder(const std::string& folder, std::string& error);
+/// Whether OpenFolder would open it, with the same errors.
+bool CheckFolder(const std::string& folder, std::string& error);
 /// Back to no suite folder: paths are empty, the other operations fail.
 void CloseFolder();
 

@@ -1,0 +1,241 @@
+#include "apps/desk/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTabBar>
+#include <QVBoxLayout>
+#include <memory>
+
+#include "apps/desk/CommandLine.h"
+#include "apps/desk/DrawingView.h"
+#include "apps/desk/main_menu.h"
+#include "apps/windows/interface_text.h"
+#include "apps/windows/qt_text.h"
+#include "platform/ap/AcApDocManager.h"
+#include "platform/ed/system_variables.h"
+
+namespace desk {
+
+namespace {
+std::vector<AcApDocument*> OpenDocuments() {
+    std::vector<AcApDocument*> documents;
+    const std::unique_ptr<AcApDocumentIterator> walk(acDocManager->newAcApDocumentIterator());
+    for (; !walk->done(); walk->step()) {
+        documents.push_back(walk->document());
+    }
+    return documents;
+}
+
+bool IsSingleDocumentMode() {
+    resbuf mode;
+    return acedGetVar("SDI", &mode) == RTNORM && mode.resval.rint != 0;
+}
+
+/// The file's name without folders, with a star when the drawing has unsaved changes.
+QString TitleOf(const AcApDocument& document) {
+    const QString path = windows::FromGbk(document.fileName());
+    const QString name = path.mid(path.lastIndexOf(QLatin1Char('\\')) + 1);
+    return document.database()->isModified() ? name + QLatin1Char('*') : name;
+}
+}  // namespace
+
+MainWindow::MainWindow(Session& session)
+    : session_(session),
+      tabs_(new QTabBar(this)),
+      view_(new DrawingView(this)),
+      line_(new CommandLine(this)),
+      coordinates_(new QLabel(this)),
+      suite_(new QLabel(this)) {
+    auto* const drawing = new QWidget(this);
+    auto* const column = new QVBoxLayout(drawing);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(tabs_);
+    column->addWidget(view_, 1);
+    auto* const splitter = new QSplitter(Qt::Vertical, this);
+    splitter->addWidget(drawing);
+    splitter->addWidget(line_);
+    splitter->setStretchFactor(0, 1);
+    splitter->setChildrenCollapsible(false);
+    setCentralWidget(splitter);
+
+    tabs_->setObjectName(QStringLiteral("documents"));
+    tabs_->setTabsClosable(true);
+    tabs_->setExpanding(false);
+    tabs_->setDrawBase(false);
+    tabs_->setFocusPolicy(Qt::NoFocus);
+    view_->setFocusPolicy(Qt::NoFocus);
+    coordinates_->setObjectName(QStringLiteral("coordinates"));
+    statusBar()->addWidget(coordinates_);
+    statusBar()->addPermanentWidget(suite_);
+    MakeMenus(*this);
+    Connect();
+    acDocManager->addReactor(this);
+    session_.Windows().SetMainWindow(this);
+    if (!session_.SuiteFolder().empty()) {
+        RememberSuite();
+    }
+    ShowState();
+}
+
+MainWindow::~MainWindow() {
+    acDocManager->removeReactor(this);
+    session_.Windows().SetMainWindow(nullptr);
+    session_.SetStateListener(nullptr);
+    session_.SetTextSink(nullptr);
+    view_->SetDocument(nullptr);
+}
+
+void MainWindow::Connect() {
+    session_.SetTextSink([this](const std::string& gbk) { line_->Print(windows::FromGbk(gbk)); });
+    session_.SetStateListener([this] { ShowState(); });
+    line_->SetLineHandler([this](const QString& text) { Submit(text); });
+    line_->SetEscapeHandler([this] {
+        if (!session_.Feed().Cancel()) {
+            view_->GiveUp();
+        }
+    });
+    line_->SetDeleteHandler([this] {
+        if (!view_->Selection().empty()) {
+            RunOnSelection("ERASE");
+        }
+    });
+
+    view_->onPoint = [this](picture::Point point) {
+        const QString text =
+            QStringLiteral("%1,%2").arg(point.x, 0, 'f', 6).arg(point.y, 0, 'f', 6);
+        line_->Echo(text);
+        session_.Feed().Submit(windows::ToGbk(text));
+    };
+    view_->onGripsMoved = [this](const std::vector<std::string>& moves) {
+        for (const std::string& arguments : moves) {
+            session_.Feed().Start("GRIP " + arguments);
+        }
+    };
+    view_->onCursor = [this](picture::Point point) { ShowCursor(point.x, point.y); };
+    view_->onShowAll = [this] { RunCommand(QStringLiteral("ZOOM E")); };
+
+    connect(tabs_, &QTabBar::currentChanged, this, [this](int index) {
+        if (index < 0 || session_.Feed().IsRunning()) {
+            return ShowDocuments();
+        }
+        acDocManager->executeInApplicationContext(
+            [](void* document) {
+                acDocManager->activateDocument(static_cast<AcApDocument*>(document));
+            },
+            documents_.at(static_cast<std::size_t>(index)));
+        ShowState();
+    });
+    connect(tabs_, &QTabBar::tabCloseRequested, this, [this](int index) {
+        tabs_->setCurrentIndex(index);
+        RunCommand(QStringLiteral("CLOSE"));
+    });
+}
+
+void MainWindow::Submit(const QString& line) {
+    const std::string gbk = windows::ToGbk(line);
+    if (!session_.Feed().IsWaiting() && !gbk.empty() && view_->DropAt(gbk)) {
+        return;
+    }
+    session_.Feed().Submit(gbk);
+}
+
+bool MainWindow::RunCommand(const QString& line, bool tell) {
+    std::string said;
+    const bool good = session_.Run(windows::ToGbk(line), said);
+    if (!good && tell) {
+        TellError(QString::fromStdString(said).trimmed());
+    }
+    return good;
+}
+
+void MainWindow::RunOnSelection(const char* command) {
+    const std::vector<AcDbObjectId> selection = view_->Selection();
+    view_->Select({});
+    if (selection.empty()) {
+        RunCommand(QString::fromLatin1(command));
+    }
+    for (const AcDbObjectId id : selection) {
+        RunCommand(QStringLiteral("%1 #%2")
+                       .arg(QLatin1String(command))
+                       .arg(static_cast<qulonglong>(id.handle()), 0, 16));
+    }
+}
+
+void MainWindow::ShowState() {
+    if (!session_.Feed().IsRunning() && session_.Program().IsQuitting()) {
+        QApplication::quit();
+        return;
+    }
+    line_->ShowWaiting(session_.Feed().IsWaiting());
+    view_->SetAsking(session_.Feed().IsWaiting());
+    ShowDocuments();
+    view_->SetDocument(acDocManager->curDocument());
+    view_->Rebuild();
+    suite_->setText(session_.SuiteFolder().empty()
+                        ? windows::InterfaceText("no suite folder", "未打开工程目录")
+                        : QString::fromStdString(session_.SuiteFolder()));
+}
+
+void MainWindow::ShowDocuments() {
+    const QSignalBlocker blocked(tabs_);
+    documents_ = OpenDocuments();
+    while (tabs_->count() > static_cast<int>(documents_.size())) {
+        tabs_->removeTab(tabs_->count() - 1);
+    }
+    for (std::size_t i = 0; i < documents_.size(); ++i) {
+        const int tab = static_cast<int>(i);
+        const QString title = TitleOf(*documents_[i]);
+        if (tab < tabs_->count()) {
+            tabs_->setTabText(tab, title);
+        } else {
+            tabs_->addTab(title);
+        }
+        tabs_->setTabToolTip(tab, windows::FromGbk(documents_[i]->fileName()));
+        if (documents_[i] == acDocManager->curDocument()) {
+            tabs_->setCurrentIndex(tab);
+        }
+    }
+    tabs_->setVisible(!IsSingleDocumentMode() || documents_.size() > 1);
+    const AcApDocument* const current = acDocManager->curDocument();
+    const QString program = QApplication::applicationDisplayName();
+    setWindowTitle(current != nullptr ? program + QStringLiteral(" - ") + TitleOf(*current)
+                                      : program);
+}
+
+void MainWindow::ShowCursor(double x, double y) {
+    QString text = QStringLiteral("%1, %2").arg(x, 0, 'f', 4).arg(y, 0, 'f', 4);
+    if (view_->Grips().IsDragging()) {
+        const picture::Point offset = view_->Grips().Offset();
+        text += QStringLiteral("   @%1, %2").arg(offset.x, 0, 'f', 4).arg(offset.y, 0, 'f', 4);
+    }
+    coordinates_->setText(text);
+}
+
+void MainWindow::TellError(const QString& text) {
+    session_.Windows().ShowMessageBox({windows::ToGbk(text), "", MB_OK | MB_ICONEXCLAMATION});
+}
+
+void MainWindow::documentToBeDestroyed(AcApDocument* /*document*/) {
+    view_->SetDocument(nullptr);
+}
+
+/// Keys that no control has used belong to the command line.
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    line_->Forward(event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    // A dialog in front has to be answered first.
+    if (QApplication::activeModalWidget() == nullptr) {
+        RunCommand(QStringLiteral("QUIT"));
+    }
+    event->setAccepted(session_.Program().IsQuitting() && !session_.Feed().IsRunning());
+}
+
+}  // namespace desk

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <QMainWindow>
+#include <string>
+#include <vector>
+
+#include "apps/desk/Session.h"
+#include "platform/ap/AcApDocManagerReactor.h"
+
+class QLabel;
+class QMenu;
+class QTabBar;
+
+namespace desk {
+
+class CommandLine;
+class DrawingView;
+
+/// The program's window: the drawings as tabs (none while there is only one by the system variable
+/// SDI), the drawing, the command line, and below them where the cursor is. What is typed anywhere
+/// in it goes to the command line.
+class MainWindow : public QMainWindow, private AcApDocManagerReactor {
+public:
+    explicit MainWindow(Session& session);
+    ~MainWindow() override;
+
+    DrawingView& View() const { return *view_; }
+    CommandLine& Line() const { return *line_; }
+
+    /// Starts commands as if chosen from a menu. When one fails and `tell` is set, what it said is
+    /// shown in a box as well: nobody looks at the command line who has not typed.
+    bool RunCommand(const QString& line, bool tell = false);
+    /// A command that works on objects: takes those selected, asks when there are none.
+    void RunOnSelection(const char* command);
+    /// Opens drawings by the paths of the file system.
+    void OpenDrawings(const QStringList& paths);
+    /// Makes a folder the suite folder, after asking for every changed drawing. False, after saying
+    /// why, when it is none or the user wants to go on with the present one.
+    /// While a command runs it is cancelled, and the folder opened when it has ended.
+    bool OpenSuite(const QString& folder);
+    /// Says something went wrong.
+    void TellError(const QString& text);
+
+    // What the menus do beyond commands.
+    void ChooseDrawings();
+    void ChooseSaveName();
+    void ChooseSuite();
+    void Save();
+    void SetLightBackground(bool light);
+    void FillRecentSuites(QMenu& menu);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void documentToBeDestroyed(AcApDocument* document) override;
+    void Connect();
+    void Submit(const QString& line);
+    void ShowState();
+    void ShowDocuments();
+    void ShowCursor(double x, double y);
+    bool CloseAllForSuite();
+    void RememberSuite();
+
+    Session& session_;
+    QTabBar* tabs_;
+    DrawingView* view_;
+    CommandLine* line_;
+    QLabel* coordinates_;
+    QLabel* suite_;
+    std::vector<AcApDocument*> documents_;  ///< as the tabs show them
+};
+
+}  // namespace desk

@@ -1,0 +1,105 @@
+#include "apps/desk/Session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/db/AcDbDatabase.h"
+#include "platform/ed/command_line.h"
+#include "platform/oledb/last_error.h"
+#include "platform/suite/suite_folder.h"
+#include "platform/win32/code_page.h"
+
+namespace desk {
+
+namespace {
+constexpr const char* kPlugin = "grdx.arx";
+}  // namespace
+
+Session::Session() {
+    mfc::SetWindowSystem(&windows_);
+    ed::SetCommandLineSink([this](const std::string& text) { OnText(text); });
+    oledb::SetErrorListener([this](const std::string& fault) { OnFault(fault); });
+    acrxAddEventReactor(this);
+}
+
+Session::~Session() {
+    stateListener_ = nullptr;
+    feed_.reset();
+    host_.reset();
+    acrxRemoveEventReactor(this);
+    oledb::SetErrorListener(nullptr);
+    ed::SetCommandLineSink(nullptr);
+    mfc::SetWindowSystem(nullptr);
+}
+
+bool Session::Start(const std::string& suiteFolder, std::string& error) {
+    const std::string plugin = host::Host::FindModule(kPlugin);
+    if (plugin.empty()) {
+        error = std::string(kPlugin) +
+                " is neither beside the program nor in the folder \"lib\" beside its folder";
+        return false;
+    }
+    if (!suiteFolder.empty() && !suite::CheckFolder(suiteFolder, error)) {
+        return false;
+    }
+    // The plug-in asks for the suite's paths once, when it is loaded.
+    feed_.reset();
+    host_.reset();
+    if (suiteFolder.empty()) {
+        suite::CloseFolder();
+    }
+    host_ = std::make_unique<host::Host>();
+    feed_ = std::make_unique<CommandFeed>(host_->Interpreter());
+    feed_->SetStateListener([this] { OnState(); });
+    suiteFolder_ = suiteFolder;
+    const bool good = (suiteFolder.empty() || host_->OpenSuite(suiteFolder, error)) &&
+                      host_->LoadModule(plugin, error);
+    host_->StartDocument();
+    OnState();
+    return good;
+}
+
+void Session::SetStateListener(std::function<void()> listener) {
+    stateListener_ = std::move(listener);
+}
+
+bool Session::Run(const std::string& gbkLine, std::string& said) {
+    said_.clear();
+    const bool good = feed_->Start(gbkLine);
+    said = win32::Utf8FromGbk(std::exchange(said_, {}));
+    return good;
+}
+
+void Session::OnText(const std::string& gbk) {
+    said_ += gbk;
+    const std::string utf8 = win32::Utf8FromGbk(gbk);
+    std::erase_if(unsaidFaults_,
+                  [&](const std::string& fault) { return utf8.find(fault) != std::string::npos; });
+    if (sink_) {
+        sink_(gbk);
+    }
+}
+
+void Session::OnFault(const std::string& fault) {
+    if (std::find(unsaidFaults_.begin(), unsaidFaults_.end(), fault) == unsaidFaults_.end()) {
+        unsaidFaults_.push_back(fault);
+    }
+}
+
+/// What nobody has said by the end of a command is said then.
+void Session::OnState() {
+    if (!feed_->IsRunning()) {
+        for (const std::string& fault : std::exchange(unsaidFaults_, {})) {
+            OnText("\n" + win32::GbkFromUtf8(fault));
+        }
+    }
+    if (stateListener_) {
+        stateListener_();
+    }
+}
+
+void Session::abortSave(AcDbDatabase* database) {
+    OnFault(database->lastFileError());
+}
+
+}  // namespace desk

@@ -1,0 +1,12 @@
+#pragma once
+
+class QAction;
+
+namespace desk {
+
+class MainWindow;
+
+/// Fills the window's menu bar and tool bar.
+void MakeMenus(MainWindow& window);
+
+}  // namespace desk

@@ -1,0 +1,162 @@
+// What the main window does with files and folders.
+
+#include <QFileDialog>
+#include <QMenu>
+#include <QSettings>
+#include <QTimer>
+#include <optional>
+
+#include "apps/desk/DrawingView.h"
+#include "apps/desk/MainWindow.h"
+#include "apps/windows/interface_text.h"
+#include "apps/windows/qt_text.h"
+#include "platform/ap/AcApDocManager.h"
+#include "platform/suite/suite_folder.h"
+#include "platform/win32/windows_path.h"
+
+namespace desk {
+
+namespace {
+constexpr const char* kRecentSuites = "recentSuites";
+constexpr qsizetype kRecentCount = 8;
+
+QString DrawingFilter() {
+    return windows::InterfaceText("Drawings (*.dwg)", "图形文件 (*.dwg)");
+}
+
+QStringList RecentSuites() {
+    return QSettings().value(QLatin1String(kRecentSuites)).toStringList();
+}
+
+/// The path of a file as a word of the command line; nothing when GBK cannot write it.
+std::optional<QString> PathWord(const QString& path) {
+    std::string windowsPath;
+    if (!win32::WindowsPath(QFileInfo(path).absoluteFilePath().toStdString(), windowsPath)) {
+        return std::nullopt;
+    }
+    return QLatin1Char('"') +
+           windows::FromGbk(windowsPath).replace(QLatin1Char('"'), QLatin1String("\"\"")) +
+           QLatin1Char('"');
+}
+
+/// The folder to begin choosing in: the current drawing's, else the suite's sheets.
+QString StartFolder(const Session& session) {
+    const AcApDocument* const document = acDocManager->curDocument();
+    if (document != nullptr && !document->isUntitled()) {
+        return QFileInfo(QString::fromStdString(win32::FileSystemPath(document->fileName())))
+            .absolutePath();
+    }
+    return session.SuiteFolder().empty()
+               ? QString()
+               : QString::fromStdString(session.SuiteFolder()) + QStringLiteral("/output");
+}
+}  // namespace
+
+void MainWindow::OpenDrawings(const QStringList& paths) {
+    QStringList failed;
+    for (const QString& path : paths) {
+        const std::optional<QString> word = PathWord(path);
+        std::string said;
+        if (!word) {
+            failed << path +
+                          windows::InterfaceText(": the name has characters that GBK does not have",
+                                                 ": 文件名中有 GBK 字符集以外的字符");
+        } else if (!session_.Run(windows::ToGbk(QStringLiteral("OPEN ") + *word), said)) {
+            failed << QString::fromStdString(said).trimmed();
+        } else {
+            session_.Feed().Start("ZOOM E");
+        }
+    }
+    if (!failed.isEmpty()) {
+        TellError(failed.join(QLatin1Char('\n')));
+    }
+}
+
+void MainWindow::ChooseDrawings() {
+    OpenDrawings(QFileDialog::getOpenFileNames(this,
+                                               windows::InterfaceText("Open Drawings", "打开图形"),
+                                               StartFolder(session_), DrawingFilter()));
+}
+
+void MainWindow::Save() {
+    const AcApDocument* const document = acDocManager->curDocument();
+    if (document != nullptr && document->isUntitled()) {
+        ChooseSaveName();
+    } else {
+        RunCommand(QStringLiteral("QSAVE"), true);
+    }
+}
+
+void MainWindow::ChooseSaveName() {
+    const QString path =
+        QFileDialog::getSaveFileName(this, windows::InterfaceText("Save Drawing As", "图形另存为"),
+                                     StartFolder(session_), DrawingFilter());
+    if (path.isEmpty()) {
+        return;
+    }
+    if (const std::optional<QString> word = PathWord(path)) {
+        RunCommand(QStringLiteral("SAVEAS ") + *word, true);
+    } else {
+        TellError(path + windows::InterfaceText(": the name has characters that GBK does not have",
+                                                ": 文件名中有 GBK 字符集以外的字符"));
+    }
+}
+
+void MainWindow::ChooseSuite() {
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, windows::InterfaceText("Open Suite Folder", "打开工程目录"),
+        QString::fromStdString(session_.SuiteFolder()));
+    if (!folder.isEmpty()) {
+        OpenSuite(folder);
+    }
+}
+
+bool MainWindow::OpenSuite(const QString& folder) {
+    if (session_.Feed().IsRunning()) {  // and stands below us: it has to end first
+        session_.Feed().Cancel();
+        QTimer::singleShot(0, this, [this, folder] { OpenSuite(folder); });
+        return true;
+    }
+    const std::string path = QFileInfo(folder).absoluteFilePath().toStdString();
+    std::string error;
+    if (!suite::CheckFolder(path, error) || !CloseAllForSuite() || !session_.Start(path, error)) {
+        if (!error.empty()) {
+            TellError(QString::fromStdString(error));
+        }
+        return false;
+    }
+    RememberSuite();
+    return true;
+}
+
+/// Changed drawings may be saved first; the user may also stay.
+bool MainWindow::CloseAllForSuite() {
+    while (acDocManager->documentCount() > 0) {
+        if (!RunCommand(QStringLiteral("CLOSE"))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void MainWindow::RememberSuite() {
+    const QString folder = QString::fromStdString(session_.SuiteFolder());
+    QStringList folders = RecentSuites();
+    folders.removeAll(folder);
+    folders.prepend(folder);
+    QSettings().setValue(QLatin1String(kRecentSuites), QStringList(folders.mid(0, kRecentCount)));
+}
+
+void MainWindow::FillRecentSuites(QMenu& menu) {
+    menu.clear();
+    for (const QString& folder : RecentSuites()) {
+        menu.addAction(folder, this, [this, folder] { OpenSuite(folder); });
+    }
+    menu.setEnabled(!menu.isEmpty());
+}
+
+void MainWindow::SetLightBackground(bool light) {
+    view_->SetBackground(light ? picture::Background::kLight : picture::Background::kDark);
+}
+
+}  // namespace desk

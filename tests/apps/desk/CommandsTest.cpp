@@ -1,0 +1,154 @@
+// Commands typed, repeated, cancelled and chosen; drawings opened, shown as tabs and closed.
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabBar>
+#include <QTest>
+#include <QWheelEvent>
+#include <fstream>
+
+#include "platform/ap/AcApDocManager.h"
+#include "platform/mfc/message_box.h"
+#include "tests/apps/desk/DeskFixture.h"
+
+namespace {
+
+class Commands : public DeskFixture {
+protected:
+    QTabBar& Tabs() const { return *window_.findChild<QTabBar*>("documents"); }
+    QString Prompt() const { return window_.findChild<QLabel*>("prompt")->text(); }
+};
+
+TEST_F(Commands, AWaitingCommandTakesLinesClicksAndEsc) {
+    const QString idle = Prompt();
+    person_.Then("a value is typed", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        EXPECT_EQ(Prompt(), "New value for SDI (0 or 1): ");
+        TypeLine("0");
+        return true;
+    });
+    TypeLine("sdi");
+    person_.Finish();
+    EXPECT_EQ(Prompt(), idle);
+    EXPECT_TRUE(Said().contains("New value for SDI (0 or 1):  0")) << Said().toStdString();
+
+    person_.Then("Enter repeated the command; Esc gives it up", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        QTest::keyClick(&View(), Qt::Key_Escape);
+        return true;
+    });
+    QTest::keyClick(&View(), Qt::Key_Space);
+    person_.Finish();
+    EXPECT_TRUE(Said().contains("SDI: cancelled")) << Said().toStdString();
+
+    TypeLine("nonsense");
+    EXPECT_TRUE(Said().contains("Unknown command \"nonsense\"."));
+}
+
+TEST_F(Commands, AnEmptyPickSelectsNothing) {
+    person_.Then("Enter at the prompt", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        QTest::keyClick(&View(), Qt::Key_Return);
+        return true;
+    });
+    TypeLine("SGRDX");
+    person_.Finish();
+    EXPECT_TRUE(Said().contains("什么也没有选中.")) << Said().toStdString();
+}
+
+TEST_F(Commands, AMenuTakesTheWaitingCommandsPlace) {
+    const int before = acDocManager->documentCount();
+    person_.Then("NEW is chosen while MOVE waits", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        window_.RunCommand("NEW");
+        return true;
+    });
+    TypeLine("SDI 0");
+    TypeLine("MOVE");
+    person_.Finish();
+    EXPECT_EQ(acDocManager->documentCount(), before + 1);
+    EXPECT_EQ(Tabs().count(), before + 1);
+}
+
+TEST_F(Commands, DrawingsAreTabsAndChangedOnesAskBeforeTheyGo) {
+    EXPECT_EQ(suite_.Draw("ZK2").status, 0);
+    TypeLine("SDI 0");
+    QStringList paths;
+    for (const auto& sheet : suite_.Sheets()) {
+        paths << QString::fromStdString(sheet);
+    }
+    ASSERT_GE(paths.size(), 3);
+    window_.OpenDrawings(paths);
+    EXPECT_EQ(Tabs().count(), paths.size() + 1);
+    EXPECT_EQ(Tabs().tabText(Tabs().currentIndex()), paths.back().section('/', -1));
+
+    QTest::mouseClick(&Tabs(), Qt::LeftButton, {}, Tabs().tabRect(1).center());
+    EXPECT_EQ(Tabs().tabText(Tabs().currentIndex()), paths[0].section('/', -1));
+    ASSERT_FALSE(Curves().empty());
+    View().Select({Curves()[0]});
+    QTest::keyClick(&View(), Qt::Key_Delete);
+    EXPECT_EQ(Tabs().tabText(1), paths[0].section('/', -1) + "*");
+
+    person_.Answer("Save the changes to", IDCANCEL);
+    window_.close();
+    person_.Finish();
+    EXPECT_TRUE(window_.isVisible());
+    EXPECT_FALSE(session_.Program().IsQuitting());
+
+    person_.Answer("Save the changes to", IDNO);
+    TypeLine("CLOSE");
+    person_.Finish();
+    EXPECT_EQ(Tabs().count(), paths.size());
+}
+
+TEST_F(Commands, WhatCannotBeOpenedIsToldInABox) {
+    const std::string file = scratch_.Path() / "letter.dwg";
+    std::ofstream(file) << "no drawing";
+    person_.Answer("letter.dwg", IDOK);
+    window_.OpenDrawings({QString::fromStdString(file)});
+    person_.Answer("suite.ini", IDOK);
+    EXPECT_FALSE(window_.OpenSuite(QString::fromStdString(scratch_.Path())));
+    person_.Finish();
+    EXPECT_EQ(session_.SuiteFolder(), suite_.Folder()) << "the one before stays";
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+}
+
+TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
+    const SampleSuite other(scratch_.Path() / "other", 2);
+    EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(other.Folder())));
+    EXPECT_EQ(session_.SuiteFolder(), other.Folder());
+    DrawSheet("ZK2", {"2-2"});
+    EXPECT_EQ(other.Sheets().size(), 1U);
+    EXPECT_TRUE(suite_.Sheets().empty());
+}
+
+TEST_F(Commands, TheWheelZoomsAtTheCursorAndTheMiddleButtonPans) {
+    DrawSheet("ZK2", {"2-2"});
+    const QPoint at(300, 200);
+    const picture::Point under = View().ToPlane(at);
+    const double height = acDocManager->curDocument()->view().height;
+    QWheelEvent turn(at, View().mapToGlobal(at), {}, {0, 240}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                     false);
+    QCoreApplication::sendEvent(&View(), &turn);
+    EXPECT_LT(acDocManager->curDocument()->view().height, height * 0.7);
+    EXPECT_NEAR(View().ToPlane(at).x, under.x, 1e-9);
+    EXPECT_NEAR(View().ToPlane(at).y, under.y, 1e-9);
+
+    QTest::mousePress(&View(), Qt::MiddleButton, {}, at);
+    QTest::mouseMove(&View(), at + QPoint(50, -30));
+    QTest::mouseRelease(&View(), Qt::MiddleButton, {}, at + QPoint(50, -30));
+    EXPECT_NEAR(View().ToPlane(at + QPoint(50, -30)).x, under.x, 1e-9);
+
+    QTest::mouseDClick(&View(), Qt::MiddleButton, {}, at);
+    EXPECT_NEAR(acDocManager->curDocument()->view().height, height, 1e-9);
+}
+
+}  // namespace

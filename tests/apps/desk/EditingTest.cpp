@@ -1,0 +1,123 @@
+// A curve reshaped by its grips, with the mouse and the keyboard, and stored.
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <cmath>
+
+#include "platform/ap/AcApDocManager.h"
+#include "platform/mfc/message_box.h"
+#include "tests/apps/desk/DeskFixture.h"
+
+namespace {
+
+using picture::Point;
+
+const std::string kRow = " FROM Z_c_KeFen WHERE ZKBH='ZK2' AND QYBH='2-2'";
+
+class Editing : public DeskFixture {
+protected:
+    Editing() {
+        DrawSheet("ZK2", {"2-2"});
+        const std::vector<AcDbObjectId> curves = Curves();
+        EXPECT_EQ(curves.size(), 1U);
+        curve_ = curves.at(0);
+        Click(PointOn(curve_));
+        EXPECT_EQ(View().Selection(), std::vector{curve_});
+    }
+    Point GripAt(int index) const {
+        const AcGePoint3d& point = View().Grips().Grips().at(static_cast<std::size_t>(index)).point;
+        return {point.x, point.y};
+    }
+
+    AcDbObjectId curve_;
+};
+
+TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
+    const QStringList labels = TextsOf(curve_);
+    const std::string before = Stored("SELECT KLD30" + kRow);
+    ASSERT_EQ(labels.size(), 5);
+    ASSERT_NE(before, "");
+    ASSERT_GE(View().Grips().Grips().size(), 5U);
+
+    const Point grip = GripAt(3);
+    const Point there = grip + Point{0.0, -6.0};
+    Press(grip);
+    Move(there);
+    EXPECT_TRUE(View().Grips().IsDragging());
+    EXPECT_NEAR(View().Grips().Offset().y, -6.0, 0.5);
+    EXPECT_EQ(TextsOf(curve_), labels) << "a drag changes nothing yet";
+    Release(there);
+    EXPECT_FALSE(View().Grips().IsDragging());
+    EXPECT_NEAR(GripAt(3).y, there.y, 0.5);
+    const QStringList dropped = TextsOf(curve_);
+    EXPECT_NE(dropped[2], labels[2]) << "d30 is read off the new shape";
+    EXPECT_TRUE(window_.windowTitle().endsWith(QLatin1Char('*')));
+    EXPECT_EQ(Stored("SELECT KLD30" + kRow), before);
+
+    // Leaving the drawing asks; the answer asks for the curve, which is clicked.
+    person_.Answer("颗分图中有关数据已改变,是否入库?", IDYES);
+    person_.Then("the curve is clicked", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        EXPECT_EQ(window_.findChild<QLabel*>("prompt")->text(), "请选择颗分试样曲线:");
+        Click(PointOn(curve_));
+        return true;
+    });
+    TypeLine("NEW");
+    person_.Finish();
+    EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
+    const std::string after = Stored("SELECT KLD30" + kRow);
+    EXPECT_NE(after, before);
+    EXPECT_EQ(QStringLiteral("=") + QString::number(std::stod(after)), dropped[2]);
+    EXPECT_TRUE(Curves().empty()) << "the new drawing is shown";
+}
+
+TEST_F(Editing, HotGripsMoveTogetherAndEscGivesUp) {
+    const Point first = GripAt(2);
+    const Point second = GripAt(4);
+    const Point other = GripAt(3);
+    Click(first, Qt::ShiftModifier);
+    Click(second, Qt::ShiftModifier);
+    Click(first);
+    Move(first + Point{2.0, 3.0});
+    EXPECT_TRUE(View().Grips().IsDragging()) << "after a mere click the next one drops";
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    EXPECT_FALSE(View().Grips().IsDragging());
+    EXPECT_FALSE(View().Grips().AnyHot());
+    EXPECT_EQ(GripAt(2), first);
+    EXPECT_FALSE(acDocManager->curDocument()->database()->isModified());
+
+    Click(first, Qt::ShiftModifier);
+    Click(second, Qt::ShiftModifier);
+    Click(first);
+    TypeLine("@2,3");
+    EXPECT_EQ(GripAt(2), (first + Point{2.0, 3.0}));
+    EXPECT_EQ(GripAt(4), (second + Point{2.0, 3.0}));
+    EXPECT_EQ(GripAt(3), other);
+
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    EXPECT_TRUE(View().Selection().empty());
+}
+
+TEST_F(Editing, WindowsSelectWithinAndAcross) {
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    const picture::Box sheet = View().Picture().box();
+    const Point outside{sheet.left - 5.0, sheet.bottom - 5.0};
+    const Point inside{sheet.right + 5.0, (sheet.bottom + sheet.top) / 2.0};
+    Press(outside);
+    Move(inside);
+    Release(inside);
+    const std::size_t within = View().Selection().size();
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    Press(inside);
+    Move(outside);
+    Release(outside);
+    const std::size_t across = View().Selection().size();
+    EXPECT_GT(within, 10U);
+    EXPECT_GT(across, within) << "the frame is touched and not contained";
+    EXPECT_LT(across, View().Picture().items().size());
+}
+
+}  // namespace

@@ -1,0 +1,256 @@
+// The plug-in's own dialogs as windows: what a user sees and can do in them.
+
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+#include <fstream>
+
+#include "apps/windows/DialogUnits.h"
+#include "apps/windows/QtWindowSystem.h"
+#include "apps/windows/qt_text.h"
+#include "host/Host.h"
+#include "platform/ap/AcApDocManager.h"
+#include "platform/ed/command_line.h"
+#include "tests/apps/person/Person.h"
+#include "tests/system/Program.h"
+
+namespace {
+
+const QString kSheet = QStringLiteral("颗粒分析成果图");
+const QString kBrowser = QStringLiteral("查看颗粒分析成果图");
+constexpr int kBoreholes = 2008;
+constexpr int kSamples = 2001;
+
+/// A project with its plug-in, and a user in front of it.
+class Dialogs : public testing::Test {
+protected:
+    Dialogs() : suite_(scratch_.Path() / "suite", 0) {
+        mfc::SetWindowSystem(&windows_);
+        ed::SetCommandLineSink([this](const std::string& text) { printed_ += text; });
+        host_ = std::make_unique<host::Host>();
+        std::string error;
+        EXPECT_TRUE(host_->OpenSuite(suite_.Folder(), error)) << error;
+        EXPECT_TRUE(host_->LoadModule(host::Host::FindModule("grdx.arx"), error)) << error;
+        host_->StartDocument();
+    }
+    ~Dialogs() override {
+        host_.reset();
+        ed::SetCommandLineSink(nullptr);
+        mfc::SetWindowSystem(nullptr);
+    }
+
+    void Run(const std::string& command) {
+        host::CommandInput input = host::CommandInput::OfText(command);
+        host_->Interpreter().Run(input);
+        person_.Finish();
+    }
+    std::string Settings() const { return FileBytes(suite_.Folder() / "settings.ini"); }
+
+    ScratchFolder scratch_;
+    SampleSuite suite_;
+    windows::QtWindowSystem windows_;
+    std::string printed_;
+    std::unique_ptr<host::Host> host_;
+    Person person_;
+};
+
+/// The captions of a sheet's tabs.
+QStringList Tabs(const QWidget& sheet) {
+    const auto* bar = sheet.findChild<QTabBar*>();
+    QStringList captions;
+    for (int i = 0; i < bar->count(); ++i) {
+        captions << bar->tabText(i);
+    }
+    return captions;
+}
+
+void BringToFront(const QWidget& sheet, int tab) {
+    auto* const bar = sheet.findChild<QTabBar*>();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
+    QCoreApplication::sendPostedEvents();
+}
+
+int FocusedControl() {
+    const QWidget* const focused = QApplication::focusWidget();
+    return focused == nullptr ? 0 : focused->objectName().section(QLatin1Char(' '), 1).toInt();
+}
+
+TEST_F(Dialogs, SheetLooksAsItsTemplatesSay) {
+    person_.In(kSheet, [](QWidget& sheet) {
+        EXPECT_FALSE(sheet.windowIcon().pixmap(32, 32).isNull());
+        EXPECT_EQ(Tabs(sheet), (QStringList{"选择取样", "选项", "标注"}));
+        EXPECT_EQ(sheet.findChild<QTabBar*>()->currentIndex(), 0);
+        EXPECT_EQ(FocusedControl(), kBoreholes);
+        auto* const boreholes = Control<QAbstractItemView>(sheet, kBoreholes);
+        auto* const samples = Control<QAbstractItemView>(sheet, kSamples);
+        ASSERT_TRUE(boreholes != nullptr && samples != nullptr);
+        const windows::DialogUnits units(sheet.font());
+        EXPECT_EQ(boreholes->geometry(), units.ToPixels({8, 9, 73, 107}));
+        EXPECT_EQ(samples->geometry(), units.ToPixels({91, 9, 115, 107}));
+        auto* const remove = Control<QPushButton>(sheet, 2037);
+        ASSERT_NE(remove, nullptr);
+        EXPECT_EQ(remove->text(), "删除*号(&D)");
+        EXPECT_EQ(remove->shortcut(), QKeySequence(Qt::ALT | Qt::Key_D));
+        EXPECT_TRUE(Control<QPushButton>(sheet, IDOK)->isDefault());
+
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(FocusedControl(), kSamples);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(FocusedControl(), 2037);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(FocusedControl(), IDOK);
+        for (const QLabel* label : sheet.findChildren<QLabel*>()) {
+            EXPECT_LE(label->sizeHint().width(), label->width()) << label->text().toStdString();
+        }
+
+        BringToFront(sheet, 1);
+        EXPECT_FALSE(Control<QCheckBox>(sheet, 2037)->isEnabled()) << "samples are not recomputed";
+        EXPECT_EQ(Control<QCheckBox>(sheet, 2037)->layoutDirection(), Qt::RightToLeft);
+        BringToFront(sheet, 2);
+        EXPECT_EQ(Control<QDateEdit>(sheet, 2030)->date(), QDate::currentDate());
+    });
+    person_.In(kSheet, [](QWidget& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); });
+    Run("CGRDX");
+    EXPECT_TRUE(suite_.Sheets().empty());
+    EXPECT_EQ(Settings().find("bWCDW"), std::string::npos) << "a cancelled sheet stores nothing";
+}
+
+TEST_F(Dialogs, ARefusedOkKeepsTheSheetOpenWithTheRightPageInFront) {
+    person_.In(kSheet, [](QWidget& sheet) { BringToFront(sheet, 2); });
+    person_.Press(kSheet, IDOK);
+    person_.Then("the box is answered by Enter", [] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) {
+            return false;
+        }
+        EXPECT_EQ(box->text(), "请选择试样编号");
+        EXPECT_EQ(box->windowTitle(), "GRDX");
+        EXPECT_EQ(box->icon(), QMessageBox::NoIcon);
+        QTest::keyClick(box, Qt::Key_Return);
+        return true;
+    });
+    person_.In(kSheet, [](QWidget& sheet) {
+        EXPECT_EQ(sheet.findChild<QTabBar*>()->currentIndex(), 0);
+        EXPECT_EQ(FocusedControl(), kBoreholes);
+        sheet.close();
+    });
+    Run("CGRDX");
+    EXPECT_TRUE(suite_.Sheets().empty());
+}
+
+TEST_F(Dialogs, ChoicesReachSheetsSettingsAndMarks) {
+    person_.In(kSheet, [](QWidget& sheet) {
+        auto& boreholes = *Control<QAbstractItemView>(sheet, kBoreholes);
+        auto& samples = *Control<QAbstractItemView>(sheet, kSamples);
+        ClickItem(boreholes, "ZK2");
+        EXPECT_EQ(Items(samples), (QStringList{"1-1", "1-2", "2-1", "2-2", "2-10", "3-1", "3-2"}));
+        ClickItem(samples, "2-1");
+        ClickItem(samples, "2-2");
+        ClickItem(samples, "2-10");
+        ClickItem(samples, "2-1");
+        QTest::keyClick(&samples, Qt::Key_Home);
+        QTest::keyClick(&samples, Qt::Key_Down);
+        EXPECT_EQ(Items(samples)[1], "1-2") << "the arrows select nothing";
+        QTest::keyClick(&samples, Qt::Key_Space);
+        QCoreApplication::sendPostedEvents();
+        EXPECT_EQ(Items(samples),
+                  (QStringList{"1-1", "(1-2)", "2-1", "(2-2)", "(2-10)", "3-1", "3-2"}));
+
+        BringToFront(sheet, 2);
+        auto& tester = *Control<QLineEdit>(sheet, 2009);
+        tester.setFocus();
+        Type(tester, "王工\u20ac");
+        EXPECT_EQ(tester.text(), "王工") << "what GBK cannot write does not get in";
+        QTest::mouseClick(Control<QCheckBox>(sheet, 2027), Qt::LeftButton);
+        Control<QDateEdit>(sheet, 2030)->setDate(QDate(2026, 5, 20));
+    });
+    person_.Press(kSheet, IDOK);
+    person_.In(kBrowser, [](QWidget& browser) {
+        EXPECT_EQ(FocusedControl(), 2014);
+        auto& sheets = *Control<QAbstractItemView>(browser, 2015);
+        EXPECT_EQ(Items(*Control<QAbstractItemView>(browser, 2014)), QStringList{"(ZK2)"});
+        EXPECT_EQ(Items(sheets), (QStringList{"试样ZK2-1-2和ZK2-2-2", "试样ZK2-2-10"}));
+        ClickItem(sheets, "试样ZK2-2-10");
+    });
+    person_.Press(kBrowser, IDOK);
+    Run("CGRDX");
+    ASSERT_EQ(suite_.Sheets().size(), 2U);
+    EXPECT_NE(std::string(acDocManager->curDocument()->fileName()).find("KFZK2-2-10.dwg"),
+              std::string::npos);
+    EXPECT_NE(Settings().find("sSYZ=" + windows::ToGbk("王工")), std::string::npos) << Settings();
+    EXPECT_NE(Settings().find("bSYZ=1"), std::string::npos);
+
+    person_.In(kSheet, [](QWidget& sheet) {
+        auto& samples = *Control<QAbstractItemView>(sheet, kSamples);
+        ClickItem(*Control<QAbstractItemView>(sheet, kBoreholes), "ZK2");
+        EXPECT_EQ(Items(samples),
+                  (QStringList{"1-1", "*1-2", "2-1", "*2-2", "*2-10", "3-1", "3-2"}));
+        ClickItem(samples, "*2-2");
+        QTest::mouseClick(Control<QPushButton>(sheet, 2037), Qt::LeftButton);
+        QCoreApplication::sendPostedEvents();
+        EXPECT_EQ(Items(samples),
+                  (QStringList{"1-1", "*1-2", "2-1", "(2-2)", "*2-10", "3-1", "3-2"}));
+        BringToFront(sheet, 2);
+        EXPECT_EQ(Control<QLineEdit>(sheet, 2009)->text(), "王工");
+        EXPECT_TRUE(Control<QCheckBox>(sheet, 2027)->isChecked());
+    });
+    person_.Press(kSheet, IDCANCEL);
+    Run("CGRDX");
+}
+
+TEST_F(Dialogs, LayerSheetAndBrowser) {
+    person_.In(kSheet, [](QWidget& sheet) {
+        EXPECT_EQ(FocusedControl(), kSamples) << "the list of layers";
+        auto& layers = *Control<QAbstractItemView>(sheet, kSamples);
+        EXPECT_FALSE(Items(layers).join(QString()).contains(QLatin1Char('(')))
+            << "the current item is not a selected one";
+        ClickItem(layers, "1");
+        ClickItem(layers, "2-1");
+        BringToFront(sheet, 1);
+        EXPECT_TRUE(Control<QCheckBox>(sheet, 2037)->isEnabled());
+    });
+    person_.Press(kSheet, IDOK);
+    Run("CLGRDX");
+    const std::size_t made = suite_.Sheets().size();
+    ASSERT_GE(made, 1U);
+
+    person_.In(kBrowser, [&](QWidget& browser) {
+        auto& sheets = *Control<QAbstractItemView>(browser, 2015);
+        EXPECT_EQ(Items(sheets).size(), static_cast<qsizetype>(made));
+        QTest::keyClick(&sheets, Qt::Key_Return);
+    });
+    person_.Answer("请选择需要编辑的试样号。", IDOK);
+    person_.Press(kBrowser, IDCANCEL);
+    Run("ELGRDX");
+}
+
+TEST_F(Dialogs, ABoxOfYesAndNoHasToBeAnswered) {
+    person_.Then("neither Esc nor the close button answers", [] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) {
+            return false;
+        }
+        EXPECT_EQ(box->windowTitle(), "颗分");
+        EXPECT_EQ(box->icon(), QMessageBox::Information);
+        EXPECT_EQ(Control<QPushButton>(*box, IDYES)->text(), "是(&Y)");
+        EXPECT_EQ(box->defaultButton(), Control<QPushButton>(*box, IDYES));
+        QTest::keyClick(box, Qt::Key_Escape);
+        box->close();
+        EXPECT_TRUE(box->isVisible());
+        QTest::keyClick(box, Qt::Key_N, Qt::AltModifier);
+        return true;
+    });
+    const int answer = windows_.ShowMessageBox(
+        {windows::ToGbk("是否入库?"), windows::ToGbk("颗分"), MB_YESNO | MB_ICONINFORMATION});
+    EXPECT_EQ(answer, IDNO);
+}
+
+}  // namespace
