@@ -68,8 +68,8 @@ bool Run(const plot::Request& request, const std::string& suite) {
         Complain(error);
         return false;
     }
-    return Plot(request,
-                {[](const std::string& path) { std::cout << path << std::endl; }, Complain});
+    return Plot(request, {[](const std::string& path) { std::cout << path << std::endl; }, Complain,
+                          Complain});
 }
 
 }  // namespace

@@ -45,6 +45,7 @@ public:
                 report.refused(refusal.what());
                 complete = false;
             }
+            noteFontFaults(report);
         }
         return complete ? write(sheets, outputOf(drawings.front())) : std::string();
     }
@@ -61,6 +62,12 @@ private:
         }
         const std::string title = std::filesystem::path(drawing).stem().string();
         return {QString::fromStdString(title), picture::PictureOf(database, fonts_)};
+    }
+
+    void noteFontFaults(const Report& report) {
+        for (const std::string& fault : fonts_.takeFaults()) {
+            report.noted(fault);
+        }
     }
 
     std::string outputOf(const std::string& drawing) const {

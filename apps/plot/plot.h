@@ -24,6 +24,7 @@ struct Request {
 struct Report {
     std::function<void(const std::string& path)> written;
     std::function<void(const std::string& finding)> refused;
+    std::function<void(const std::string& finding)> noted;  ///< plotted all the same
 };
 
 /// Plots model spaces. Curves draw themselves when the plug-in is loaded, and as their proxy

@@ -93,7 +93,7 @@ Adesk::Boolean PictureDraw::text(const AcGePoint3d& position, const AcGeVector3d
         normal.crossProduct(along).normal() + along * std::tan(style.obliquingAngle());
     const Affine frame{Flat(position), Flat(along * (style.textSize() * style.xScale())),
                        Flat(stem * style.textSize())};
-    TextDrawing(list_, fonts_, style, frame, color_)
+    TextDrawing(list_, fonts_, style, frame, color_, lineWeight_)
         .draw(CharactersOf(gi::TextPart(message, length), raw));
     return true;
 }

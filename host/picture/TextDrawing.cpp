@@ -16,13 +16,43 @@ void TextDrawing::draw(std::span<const TextCharacter> characters) {
     std::vector<double> pens{0.0};
     for (const TextCharacter& character : characters) {
         const double start = pen_;
-        drawInstalled(character);
+        if (const StrokeGlyph* const glyph = strokesOf(character)) {
+            drawStrokes(*glyph);
+        } else {
+            drawInstalled(character);
+        }
         pen_ = start + (pen_ - start) * tracking;
         pens.push_back(pen_);
     }
     endRun();
     drawBars(characters, pens, &TextCharacter::underlined, kUnderlineHeight);
     drawBars(characters, pens, &TextCharacter::overlined, kOverlineHeight);
+}
+
+/// Double-byte characters are the big font's first; a font of many characters may have them too.
+const StrokeGlyph* TextDrawing::strokesOf(const TextCharacter& character) {
+    if (character.doubleByte) {
+        ShapeFont* const bigFont = fonts_.shapeFont(style_.bigFontFileName());
+        const StrokeGlyph* const glyph = bigFont != nullptr ? bigFont->glyph(character) : nullptr;
+        if (glyph != nullptr) {
+            return glyph;
+        }
+    }
+    ShapeFont* const font = fonts_.shapeFont(style_.fileName());
+    return font != nullptr ? font->glyph(character) : nullptr;
+}
+
+void TextDrawing::drawStrokes(const StrokeGlyph& glyph) {
+    endRun();
+    std::vector<Point> placed;
+    for (const std::vector<Point>& stroke : glyph.strokes) {
+        placed.clear();
+        for (const Point point : stroke) {
+            placed.push_back(frame_.map({pen_ + point.x, point.y}));
+        }
+        list_.addPolyline(placed, colorIndex_, lineWeight_);
+    }
+    pen_ += glyph.advance;
 }
 
 void TextDrawing::drawInstalled(const TextCharacter& character) {
@@ -52,7 +82,7 @@ void TextDrawing::drawBars(std::span<const TextCharacter> characters,
         }
         if (end > i) {
             const Point bar[] = {frame_.map({pens[i], height}), frame_.map({pens[end], height})};
-            list_.addPolyline(bar, colorIndex_, 0.0F);
+            list_.addPolyline(bar, colorIndex_, lineWeight_);
         }
         i = end + 1;
     }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/picture/DisplayList.h"
+#include "host/picture/ShapeFont.h"
 #include "host/picture/text_characters.h"
 #include "platform/gi/AcGiTextStyle.h"
 
@@ -11,18 +12,26 @@ namespace picture {
 
 class FontLibrary;
 
-/// Draws the characters of one text into a display list. A character without a shape font advances
-/// by text height × width factor, which is what the charts' layouts count with.
+/// Draws the characters of one text into a display list. A character is stroked when
+/// a shape font of the style has it. Any other is one of an installed font, which advances by text
+/// height × width factor, which is what the charts' layouts count with.
 class TextDrawing {
 public:
     /// `frame` maps widths of the text's height × width factor and heights to the drawing.
     TextDrawing(DisplayList& list, FontLibrary& fonts, const AcGiTextStyle& style,
-                const Affine& frame, int colorIndex)
-        : list_(list), fonts_(fonts), style_(style), frame_(frame), colorIndex_(colorIndex) {}
+                const Affine& frame, int colorIndex, float lineWeight)
+        : list_(list),
+          fonts_(fonts),
+          style_(style),
+          frame_(frame),
+          colorIndex_(colorIndex),
+          lineWeight_(lineWeight) {}
 
     void draw(std::span<const TextCharacter> characters);
 
 private:
+    const StrokeGlyph* strokesOf(const TextCharacter& character);
+    void drawStrokes(const StrokeGlyph& glyph);
     void drawInstalled(const TextCharacter& character);
     void endRun();
     void drawBars(std::span<const TextCharacter> characters, const std::vector<double>& pens,
@@ -33,6 +42,7 @@ private:
     const AcGiTextStyle& style_;
     const Affine& frame_;
     int colorIndex_;
+    float lineWeight_;
     double pen_ = 0.0;  ///< in the frame's widths
     GlyphRun run_;      ///< not yet in the list
 };
