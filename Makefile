@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all demo test sanitize bench format lint packages readers clean
+.PHONY: all demo test sanitize fuzz bench format lint packages readers clean
 
 all: packages
 	cmake --preset $(PRESET)
@@ -23,6 +23,10 @@ test: all readers
 
 sanitize:
 	$(MAKE) test PRESET=sanitize
+
+SECONDS ?= 60
+fuzz: packages
+	@fuzz/run.sh $(SECONDS)
 
 bench: all readers
 	@bench/run.sh $(BUILD)

@@ -9,6 +9,8 @@ packages=(
     libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
     # format and lint
     clang-format-14 clang-tidy-14 clang-14
+    # fuzzing, and the coverage it reaches
+    libclang-rt-14-dev llvm-14
     # desktop program and plotting, their Chinese font, and the tools that read plots in tests
     qt6-base-dev qt6-svg-dev fonts-wqy-zenhei poppler-utils
     # independent readers of drawings, and the script that the benchmark compares with

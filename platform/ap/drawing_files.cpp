@@ -22,12 +22,15 @@ std::string WithExtension(const std::string& path) {
 }
 
 /// The drawing of a file, alone in memory; null, with the reason on the command line, when it
-/// cannot be read.
+/// cannot be read. What was damaged and is missing is told there, too.
 std::unique_ptr<AcDbDatabase> ReadDrawing(const std::string& path) {
     auto database = std::make_unique<AcDbDatabase>(false, true);
     if (database->readDwgFile(path.c_str()) != Acad::eOk) {
         acutPrintf("\n%s", win32::GbkFromUtf8(database->lastFileError()).c_str());
         return nullptr;
+    }
+    for (const std::string& line : database->damage().report()) {
+        acutPrintf("\n%s", win32::GbkFromUtf8(line).c_str());
     }
     return database;
 }

@@ -92,7 +92,9 @@ AcDbObjectId AcDbDatabase::idOfHandle(AcDbHandle handle) {
         stub->database = this;
         stub->handle = handle;
         // A handle is never given twice, not even one that only a reference to nothing has.
-        header_.HANDSEED = std::max(header_.HANDSEED, handle + 1);
+        if (handle < kHighestHandle) {
+            header_.HANDSEED = std::max(header_.HANDSEED, handle + 1);
+        }
     }
     return AcDbObjectId(stub);
 }

@@ -12,6 +12,7 @@
 #include "platform/db/AcDbObjectId.h"
 #include "platform/db/AcDbStub.h"
 #include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/DrawingDamage.h"
 #include "platform/db/HeaderVariables.h"
 
 struct DwgFileRemains;
@@ -45,12 +46,13 @@ public:
     AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
 
     /// Writes the drawing as AC1015 under a Windows path: whole or not at all. Reactors of
-    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError();
-    /// eInvalidInput without a name.
+    /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError(), also for a
+    /// drawing that is to replace the damaged file it was read from; eInvalidInput without a name.
     Acad::ErrorStatus saveAs(const char* fileName);
     /// Reads a drawing into this empty database. `shareMode` is accepted for its callers: the file
     /// is read at once and closed. eFileNotFound, eFileAccessErr, eNotADrawing, eDwgVersionRefused,
     /// eFileInternalErr; the database is then empty and lastFileError() names file and reason.
+    /// Damaged objects are left out and told by damage(); the status is eOk then.
     /// eNotApplicable for a database that has objects already.
     Acad::ErrorStatus readDwgFile(const char* fileName, int shareMode = 0);
     /// Copies the model space of `source` into a new block definition, with the layers, styles,
@@ -66,12 +68,16 @@ public:
     const std::string& lastFileError() const { return lastFileError_; }
     /// True once an object was opened for write, or a variable set, since reading or saving.
     bool isModified() const { return modified_; }
+    /// What could not be read of the file last read; empty for a sound one.
+    const DrawingDamage& damage() const { return damage_; }
     void setModified(bool modified) { modified_ = modified; }
 
     /// The id of a handle; null, and eKeyNotFound, when the drawing knows no such handle.
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, AcDbHandle handle) const;
 
     // For the layer's own rooms.
+    /// No object has a higher handle: new ones count up to here and never wrap around.
+    static constexpr AcDbHandle kHighestHandle = AcDbHandle{1} << 62U;
     const HeaderVariables& header() const { return header_; }
     HeaderVariables& header() { return header_; }
     /// Takes ownership, gives a fresh handle, leaves the object closed.
@@ -91,6 +97,7 @@ public:
     DwgFileRemains* fileRemains() const { return remains_.get(); }
     void setFileRemains(std::shared_ptr<DwgFileRemains> remains) { remains_ = std::move(remains); }
     void setLastFileError(std::string text) { lastFileError_ = std::move(text); }
+    void setDamage(DrawingDamage damage) { damage_ = std::move(damage); }
     void setFilename(const char* name) { fileName_ = name; }
 
 private:
@@ -110,5 +117,6 @@ private:
     std::shared_ptr<DwgFileRemains> remains_;
     std::string fileName_;
     std::string lastFileError_;
+    DrawingDamage damage_;
     bool modified_ = false;
 };

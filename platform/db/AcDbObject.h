@@ -58,6 +58,8 @@ public:
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
     Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
     const AcDbObjectIdArray& persistentReactors() const { return reactors_; }
+    /// For the layer's own rooms: all at once, each named once.
+    void setPersistentReactors(AcDbObjectIdArray reactors) { reactors_ = std::move(reactors); }
 
     /// Files the class's own fields; a derived class calls its base first. What all objects have
     /// in common is filed by the drawing file itself.

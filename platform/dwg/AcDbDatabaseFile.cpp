@@ -1,4 +1,5 @@
 // Drawings from and to files.
+#include <filesystem>
 #include <new>
 
 #include "platform/db/AcDbDatabase.h"
@@ -17,6 +18,11 @@ std::string fault(const std::string& path, const std::string& reason) {
     return path + ": " + reason;
 }
 
+bool isSameFile(const std::string& path, const std::string& other) {
+    std::error_code missing;
+    return std::filesystem::equivalent(path, other, missing);
+}
+
 }  // namespace
 
 Acad::ErrorStatus AcDbDatabase::saveAs(const char* fileName) {
@@ -27,6 +33,10 @@ Acad::ErrorStatus AcDbDatabase::saveAs(const char* fileName) {
     std::string error;
     if (header_.BLOCK_CONTROL_OBJECT.isNull()) {
         error = fault(path, "the drawing is empty and cannot be saved");
+    } else if (!damage_.empty() && isSameFile(path, damage_.file)) {
+        error = fault(path,
+                      "the file is damaged and holds more than could be read of it; save the "
+                      "drawing under another name");
     } else {
         try {
             win32::ReplaceFileWhole(path, DwgFileWriter(*this).write(), error);
@@ -58,6 +68,7 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const char* fileName, int /*shareMod
         stubs_.clear();
         byHandle_.clear();
         header_ = {};
+        damage_ = {};
         acrxTellAbortRead(this);
         return status;
     }
@@ -77,6 +88,8 @@ Acad::ErrorStatus AcDbDatabase::readFileAt(const std::string& path) {
         DwgFileReader reader(*this, std::move(content));
         reader.read();
         remains_ = reader.takeRemains();
+        damage_ = reader.takeDamage();
+        damage_.file = path;
         return Acad::eOk;
     } catch (const DwgFault& reason) {
         lastFileError_ = fault(path, reason.what());

@@ -11,16 +11,6 @@ namespace {
 constexpr std::string_view kVersionPrefix = "AC";
 constexpr std::size_t kVersionLength = 6;
 
-// Text for a message: bytes that are no letters or digits are left out.
-std::string readable(std::string_view text) {
-    std::string result;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(result), [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-               c == '.';
-    });
-    return result;
-}
-
 }  // namespace
 
 DwgFileReader::DwgFileReader(AcDbDatabase& database, std::string file)
@@ -32,15 +22,38 @@ void DwgFileReader::read() {
     readHead();
     readObjectMap();
     readAuxiliaryHeader();
-    readPreview();
+    attempt([this] { readPreview(); });
     readVariables();
     readClasses();
-    readTemplate();
-    for (const dwg::MapEntry& entry : map_) {
-        readObject(entry.handle, entry.position);
-    }
+    attempt([this] { readTemplate(); });
+    readObjects();
+    raiseHandleSeed();
     requireFoundations();
     linkBlocks();
+    attempt([this] { checkTail(); });
+}
+
+// The seed of a damaged file may lie below handles that are taken, or so high that none are left.
+void DwgFileReader::raiseHandleSeed() {
+    AcDbHandle& seed = database_.header().HANDSEED;
+    seed = seed > AcDbDatabase::kHighestHandle ? 1 : seed;
+    for (const AcDbStub& stub : database_.entries()) {
+        if (stub.handle >= seed && stub.handle < AcDbDatabase::kHighestHandle) {
+            seed = stub.handle + 1;
+        }
+    }
+}
+
+template <class Step>
+void DwgFileReader::attempt(Step step) {
+    try {
+        step();
+    } catch (const DwgFault& fault) {
+        damage_.note(fault.what());
+    }
+}
+
+void DwgFileReader::checkTail() {
     end_ = std::max(end_, dwg::FindEndOfSecondHeader(file_, mapEnd()));
     if (file_.size() > end_) {
         throw DwgFault(std::to_string(file_.size() - end_) +
@@ -50,13 +63,15 @@ void DwgFileReader::read() {
 
 void DwgFileReader::checkVersion() const {
     const std::string_view version = std::string_view(file_).substr(0, kVersionLength);
-    if (version.size() < kVersionLength || !version.starts_with(kVersionPrefix)) {
+    const auto isNumber = [](char c) { return (c >= '0' && c <= '9') || c == '.'; };
+    if (version.size() < kVersionLength || !version.starts_with(kVersionPrefix) ||
+        !std::all_of(version.begin() + kVersionPrefix.size(), version.end(), isNumber)) {
         throw DwgFault(Acad::eNotADrawing, "the file is not a drawing");
     }
     if (version != dwg::kVersion) {
-        throw DwgFault(Acad::eDwgVersionRefused, "drawings of version " + readable(version) +
-                                                     " are not read, only " +
-                                                     std::string(dwg::kVersion));
+        throw DwgFault(Acad::eDwgVersionRefused, "the drawing is of version " +
+                                                     std::string(version) + ", only " +
+                                                     std::string(dwg::kVersion) + " is read");
     }
     if (file_.size() > UINT32_MAX) {
         throw DwgFault("the file is larger than a drawing can be");
@@ -189,7 +204,7 @@ void DwgFileReader::readClasses() {
         bits.text(fileClass->dxfName);
         fileClass->wasProxy = bits.bit();
         fileClass->isEntity = bits.bitShort() == kEntity;
-        if (bits.failed() || itsNumber != number) {
+        if (bits.failed() || itsNumber != number || number == INT16_MAX) {
             throw DwgFault("the list of classes is damaged after class " +
                            std::to_string(number - 1));
         }

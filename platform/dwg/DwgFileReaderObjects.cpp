@@ -1,4 +1,6 @@
 // The objects of a drawing file.
+#include <unordered_map>
+
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/DwgCustomObjects.h"
 #include "platform/dwg/DwgFault.h"
@@ -8,15 +10,60 @@
 
 namespace {
 
-DwgFault objectFault(AcDbHandle handle, const char* what) {
+std::string nameOf(AcDbHandle handle) {
     char text[32];
-    std::snprintf(text, sizeof text, "object %llX ", static_cast<unsigned long long>(handle));
-    return DwgFault(std::string(text) + what);
+    std::snprintf(text, sizeof text, "object %llX", static_cast<unsigned long long>(handle));
+    return text;
+}
+
+DwgFault objectFault(AcDbHandle handle, const char* what) {
+    return DwgFault(nameOf(handle) + " " + what);
 }
 
 }  // namespace
 
-DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size_t position) const {
+void DwgFileReader::readObjects() {
+    for (const dwg::MapEntry& entry : map_) {
+        try {
+            readObject(entry.handle, entry.position);
+        } catch (const DwgFault& fault) {
+            loseObject(entry.handle, fault.what());
+        }
+    }
+    if (!damage_.objects.empty()) {
+        loseEntitiesOfLost();
+    }
+}
+
+// Counts as erased from now on, so that lists and references leave it out when they are written.
+void DwgFileReader::loseObject(AcDbHandle handle, const std::string& reason) {
+    AcDbStub& stub = *database_.idOfHandle(handle).stub();
+    stub.erased = true;
+    stub.object.reset();
+    damage_.objects.push_back(handle);
+    damage_.note(reason);
+}
+
+void DwgFileReader::loseEntitiesOfLost() {
+    std::unordered_map<const AcDbStub*, std::vector<AcDbHandle>> owned;
+    for (const AcDbStub& stub : database_.entries()) {
+        if (stub.object != nullptr && stub.object->isKindOf(AcDbEntity::desc())) {
+            owned[stub.object->ownerId().stub()].push_back(stub.handle);
+        }
+    }
+    // The list grows while it is gone through.
+    for (std::size_t i = 0; i < damage_.objects.size(); ++i) {
+        const AcDbHandle lost = damage_.objects[i];
+        const auto found = owned.find(database_.idOfHandle(lost).stub());
+        if (found != owned.end()) {
+            for (const AcDbHandle handle : found->second) {
+                loseObject(handle, nameOf(handle) + " belongs to " + nameOf(lost));
+            }
+        }
+    }
+}
+
+DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size_t position) {
     const dwg::ObjectFrame frame = dwg::FrameAt(file_, position);
     if (!frame.fits || position < dwg::kLocatorsPosition) {
         throw objectFault(handle, "is not within the file");
@@ -30,6 +77,11 @@ DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size
     source.handle = source.data.handle().value;
     if (source.data.failed() || source.handle != handle) {
         throw objectFault(handle, "stands elsewhere than the object map says");
+    }
+    // Objects within each other would take time and memory that no file has the size for.
+    objectBytes_ += end - position;
+    if (objectBytes_ > file_.size()) {
+        throw objectFault(handle, "stands within others");
     }
     if (dwg::Crc(dwg::BytesOf(file_) + position, end - position) != dwg::ShortAt(file_, end)) {
         throw objectFault(handle, "has a wrong check sum");

@@ -1,5 +1,7 @@
 #include "platform/dwg/DwgObjectReader.h"
 
+#include <unordered_set>
+
 #include "platform/dwg/codec/entity_fields.h"
 
 namespace {
@@ -62,12 +64,15 @@ void DwgObjectReader::reactorsAndDictionary(AcDbObject& object) {
         handles().fail();
         return;
     }
+    AcDbObjectIdArray named;
+    std::unordered_set<AcDbObjectId> known;
     for (std::size_t i = 0; i < reactors; ++i) {
         const AcDbObjectId reactor = reference();
-        if (!reactor.isNull()) {
-            object.addPersistentReactor(reactor);
+        if (!reactor.isNull() && known.insert(reactor).second) {
+            named.append(reactor);
         }
     }
+    object.setPersistentReactors(std::move(named));
     hardOwners(object.fileData().extensionDictionary);
 }
 

@@ -19,9 +19,11 @@ bool isNew(AcDbObjectId id) {
 void completeBlock(AcDbDatabase& database, AcDbBlockTableRecord& block) {
     using Fields = DwgFields<AcDbBlockTableRecord>;
     const auto complete = [&](AcDbObjectId& id, std::unique_ptr<AcDbEntity> entity) {
-        if (id.isNull()) {
+        // One that was damaged in the file is missing as well.
+        if (id.isNull() || id.isErased()) {
             entity->setDatabaseDefaults(&database);
             id = database.addObject(std::move(entity), block.objectId());
+            block.objectId().stub()->filePosition = 0;
         }
     };
     complete(Fields::begin(block), std::make_unique<AcDbBlockBegin>(block.name()));

@@ -1,5 +1,6 @@
 #include "platform/dwg/object_map.h"
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/crc.h"
 #include "platform/dwg/file_layout.h"
@@ -94,12 +95,15 @@ void readPage(std::string_view page, std::vector<MapEntry>& entries) {
     std::int64_t position = 0;
     while (!reader.atEnd()) {
         const std::uint64_t step = reader.unsignedNumber();
+        const std::int64_t positionStep = reader.signedNumber();
         handle += step;
-        position += reader.signedNumber();
-        const bool inOrder = step > 0 && (entries.empty() || handle > entries.back().handle);
-        if (!inOrder || position < 0 || position > UINT32_MAX) {
+        const bool inOrder = step > 0 && handle <= AcDbDatabase::kHighestHandle &&
+                             (entries.empty() || handle > entries.back().handle);
+        // Both are below 2 to the power of 63, so that nothing overflows.
+        if (!inOrder || positionStep < -position || positionStep > UINT32_MAX - position) {
             throw DwgFault("the object map is out of order");
         }
+        position += positionStep;
         entries.push_back({handle, static_cast<std::uint32_t>(position)});
     }
 }

@@ -1,4 +1,5 @@
 #include <cmath>
+#include <fstream>
 
 #include <gmock/gmock.h>
 
@@ -6,6 +7,7 @@
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbPolyline.h"
+#include "platform/db/AcDbStub.h"
 #include "platform/db/AcDbText.h"
 #include "platform/ed/system_variables.h"
 #include "tests/host/HostFixture.h"
@@ -95,6 +97,31 @@ TEST_F(BuiltInCommandsTest, DrawingsAreSavedAndOpenedAgain) {
     EXPECT_FALSE(Run("SAVEAS " + Path("no/folder/x")));
     EXPECT_THAT(printed_, HasSubstr("no/folder/x"));
     EXPECT_THAT(windows_.Shown(), testing::IsEmpty());
+}
+
+TEST_F(BuiltInCommandsTest, ADamagedDrawingOpensWithAWarningAndKeepsItsFile) {
+    DrawLine(0, 0, 1, 0);
+    DrawLine(0, 0, 2, 0);
+    const std::string path = Path("damaged.dwg");
+    ASSERT_TRUE(Run("SAVEAS " + path + " CLOSE OPEN " + path));
+    std::uint32_t position = 0;
+    host::ForEachModelSpaceEntity(*Current()->database(), [&](AcDbEntity& entity) {
+        position = entity.objectId().stub()->filePosition;
+    });
+    ASSERT_TRUE(Run("CLOSE"));
+    constexpr int kIntoTheObject = 9;
+    std::fstream file(path, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(position + kIntoTheObject).put('\xFF');
+    file.close();
+
+    printed_.clear();
+    EXPECT_TRUE(Run("OPEN " + path));
+    EXPECT_THAT(printed_, HasSubstr("damaged.dwg: the drawing is damaged, 1 object is missing\n"));
+    EXPECT_THAT(printed_, HasSubstr("has a wrong check sum"));
+    EXPECT_THAT(Lines(), ElementsAre("0,0 1,0"));
+    EXPECT_FALSE(Run("QSAVE"));
+    EXPECT_THAT(printed_, HasSubstr("save the drawing under another name"));
+    EXPECT_TRUE(Run("SAVEAS " + Path("copy.dwg") + " QSAVE"));
 }
 
 TEST_F(BuiltInCommandsTest, UnsavedChangesAreAskedFor) {

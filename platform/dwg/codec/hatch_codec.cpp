@@ -123,11 +123,13 @@ private:
     template <class Visitor, class Object>
     static void patternFields(Visitor& v, Object& h) {
         v(h.patternAngle_, h.patternScale_, h.patternDouble_);
-        shortCount(v, h.patternLines_);
+        constexpr unsigned kLeastLineBits = 12;
+        constexpr unsigned kLeastDashBits = 2;
+        shortCount(v, h.patternLines_, kLeastLineBits);
         for (auto& line : h.patternLines_) {
             v(line.angle);
             v.bitPoint(line.base, line.offset);
-            shortCount(v, line.dashes);
+            shortCount(v, line.dashes, kLeastDashBits);
             for (auto& dash : line.dashes) {
                 v(dash);
             }
@@ -135,12 +137,14 @@ private:
     }
 
     template <class Visitor, class List>
-    static void shortCount(Visitor& v, List& list) {
+    static void shortCount(Visitor& v, List& list, unsigned least) {
         auto number = static_cast<Adesk::Int16>(list.size());
         v(number);
-        v.accept(number >= 0);
         if constexpr (Visitor::kReads) {
-            list.resize(static_cast<std::size_t>(std::max<Adesk::Int16>(number, 0)));
+            const bool fits =
+                number >= 0 && static_cast<std::size_t>(number) * least <= v.data().remaining();
+            v.accept(fits);
+            list.resize(fits ? static_cast<std::size_t>(number) : 0);
         }
     }
 };

@@ -1,4 +1,6 @@
 // Files that are no drawings, drawings of other versions, drawings that are damaged.
+#include <filesystem>
+
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbText.h"
@@ -6,11 +8,15 @@
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/crc.h"
 #include "platform/dwg/file_layout.h"
+#include "platform/dwg/object_map.h"
 #include "tests/platform/dwg/DwgFixture.h"
 
 namespace {
 
+using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
 
 class DamagedFileTest : public DwgFixture {
 protected:
@@ -32,16 +38,66 @@ protected:
                dwg::LongAt(file_, dwg::kLocatorsPosition + number * dwg::kLocatorSize + 5);
     }
 
-    /// Whether that content is a drawing; what is wrong with it must be that it is damaged.
-    static bool isReadable(const std::string& content) {
+    /// Whether that content is a drawing without damage; what is refused must be refused as
+    /// damaged.
+    static bool isSound(const std::string& content) {
         AcDbDatabase database(false);
         try {
-            DwgFileReader(database, content).read();
-            return true;
+            DwgFileReader reader(database, content);
+            reader.read();
+            return reader.takeDamage().empty();
         } catch (const DwgFault& fault) {
             EXPECT_EQ(fault.status(), Acad::eFileInternalErr) << fault.what();
             return false;
         }
+    }
+
+    std::size_t positionOf(AcDbHandle handle) const {
+        for (const dwg::MapEntry& entry : dwg::ReadObjectMap(std::string_view(file_).substr(
+                 sectionStart(2), sectionEnd(2) - sectionStart(2)))) {
+            if (entry.handle == handle) {
+                return entry.position;
+            }
+        }
+        ADD_FAILURE() << "no object " << handle;
+        return 0;
+    }
+    /// Turns over a bit of an object, so that its check sum is wrong.
+    void damage(AcDbHandle handle) {
+        const dwg::ObjectFrame frame = dwg::FrameAt(file_, positionOf(handle));
+        file_[frame.contentPosition + frame.contentSize - 1] ^= 0x10;
+    }
+    static void mendCheckSum(std::string& file, std::size_t position) {
+        const dwg::ObjectFrame frame = dwg::FrameAt(file, position);
+        const std::size_t end = frame.contentPosition + frame.contentSize;
+        dwg::PutShort(file, end, dwg::Crc(dwg::BytesOf(file) + position, end - position));
+    }
+    /// Puts other bytes for the first that stand in an object, at whatever bit they begin.
+    void replaceIn(AcDbHandle handle, std::uint32_t bytes, std::uint32_t others) {
+        const std::size_t position = positionOf(handle);
+        const dwg::ObjectFrame frame = dwg::FrameAt(file_, position);
+        for (std::size_t bit = 8 * frame.contentPosition;; ++bit) {
+            DwgBitReader reader(dwg::BytesOf(file_), bit,
+                                8 * (frame.contentPosition + frame.contentSize));
+            const bool found = reader.bits(16) == bytes;
+            ASSERT_FALSE(reader.failed()) << "not found";
+            if (found) {
+                for (unsigned i = 0; i < 16; ++i) {
+                    if (((bytes ^ others) >> (15 - i) & 1) != 0) {
+                        file_[(bit + i) / 8] ^= static_cast<char>(0x80 >> (bit + i) % 8);
+                    }
+                }
+                mendCheckSum(file_, position);
+                return;
+            }
+        }
+    }
+    /// The drawing with what could be read, and that a copy of it is sound.
+    std::unique_ptr<AcDbDatabase> salvaged() {
+        auto database = readContent(file_);
+        save(*database, "copy.dwg");
+        EXPECT_TRUE(read("copy.dwg")->damage().empty());
+        return database;
     }
 
     std::string file_;
@@ -56,8 +112,15 @@ TEST_F(DamagedFileTest, OtherFilesAreRefusedByName) {
         {"", Acad::eNotADrawing, "not a drawing"},
         {"AC10", Acad::eNotADrawing, "not a drawing"},
         {"%PDF-1.4", Acad::eNotADrawing, "not a drawing"},
-        {"AC1032 and so on", Acad::eDwgVersionRefused, "version AC1032"},
+        {"ACCOUNTS", Acad::eNotADrawing, "not a drawing"},
+        {"AC1009 and so on", Acad::eDwgVersionRefused, "version AC1009, only AC1015"},
+        {"AC1012 and so on", Acad::eDwgVersionRefused, "version AC1012"},
+        {"AC1014 and so on", Acad::eDwgVersionRefused, "version AC1014"},
         {"AC1018 and so on", Acad::eDwgVersionRefused, "version AC1018"},
+        {"AC1021 and so on", Acad::eDwgVersionRefused, "version AC1021"},
+        {"AC1024 and so on", Acad::eDwgVersionRefused, "version AC1024"},
+        {"AC1027 and so on", Acad::eDwgVersionRefused, "version AC1027"},
+        {"AC1032 and so on", Acad::eDwgVersionRefused, "version AC1032"},
         {"AC1015", Acad::eFileInternalErr, "ends within its head"},
     };
     for (const auto& c : cases) {
@@ -75,10 +138,10 @@ TEST_F(DamagedFileTest, OtherFilesAreRefusedByName) {
 
 TEST_F(DamagedFileTest, CutFilesAreRefused) {
     for (std::size_t size = 6; size < file_.size(); size += size < 300 ? 1 : 37) {
-        EXPECT_FALSE(isReadable(file_.substr(0, size))) << "cut at " << size;
+        EXPECT_FALSE(isSound(file_.substr(0, size))) << "cut at " << size;
     }
-    EXPECT_EQ(statusOf(file_ + "x"), Acad::eFileInternalErr) << "too long";
-    EXPECT_EQ(statusOf(file_), Acad::eOk);
+    EXPECT_FALSE(isSound(file_ + "x")) << "too long";
+    EXPECT_TRUE(isSound(file_));
 }
 
 // Every byte of the parts that have a check sum.
@@ -98,12 +161,12 @@ TEST_F(DamagedFileTest, FlippedBitsAreFound) {
     };
     for (const auto& [begin, end] : checked) {
         for (std::size_t at = begin; at < end; ++at) {
-            ASSERT_FALSE(isReadable(flip(at, at % 8))) << at;
+            ASSERT_FALSE(isSound(flip(at, at % 8))) << at;
         }
     }
     // Elsewhere a flipped bit may pass unseen, but does no harm.
     for (std::size_t at = 6; at < file_.size(); at += 3) {
-        isReadable(flip(at, (at + 3) % 8));
+        isSound(flip(at, (at + 3) % 8));
     }
 }
 
@@ -118,7 +181,7 @@ TEST_F(DamagedFileTest, NonsenseWithRightCheckSumsDoesNoHarm) {
     }
     std::uint32_t random = 1;
     const auto next = [&random] { return random = random * 1664525 + 1013904223; };
-    int refused = 0;
+    int unsound = 0;
     for (const auto& [at, frame] : frames) {
         for (int round = 0; round < 30; ++round) {
             std::string damaged = file_;
@@ -130,10 +193,95 @@ TEST_F(DamagedFileTest, NonsenseWithRightCheckSumsDoesNoHarm) {
             const std::uint16_t crc = dwg::Crc(dwg::BytesOf(damaged) + at, end - at);
             damaged[end] = static_cast<char>(crc);
             damaged[end + 1] = static_cast<char>(crc >> 8);
-            refused += isReadable(damaged) ? 0 : 1;
+            unsound += isSound(damaged) ? 0 : 1;
         }
     }
-    EXPECT_GT(refused, 0);
+    EXPECT_GT(unsound, 0);
+}
+
+TEST_F(DamagedFileTest, ADamagedObjectIsLeftOutAndTheOriginalStays) {
+    const auto before = describe(database_);
+    const AcDbHandle text = entities(database_)[1]->objectId().handle();
+    damage(text);
+    folder_.Write("original.dwg", file_);
+    std::filesystem::create_symlink("original.dwg", folder_.Path("link.dwg"));
+    const auto database = read("original.dwg");
+    EXPECT_THAT(database->damage().objects, ElementsAre(text));
+    EXPECT_THAT(database->damage().report(),
+                ElementsAre(HasSubstr("original.dwg: the drawing is damaged, 1 object is missing"),
+                            HasSubstr("has a wrong check sum"), HasSubstr("do not follow"),
+                            HasSubstr("another name only")));
+    // The line before it and the polyline behind it are there.
+    ASSERT_THAT(entities(*database), SizeIs(2));
+    EXPECT_EQ(entities(*database)[0]->isA(), AcDbLine::desc());
+    EXPECT_EQ(entities(*database)[1]->isA(), AcDbPolyline::desc());
+
+    for (const char* name : {"original.dwg", "link.dwg"}) {
+        EXPECT_EQ(database->saveAs(folder_.Windows(name).c_str()), Acad::eFileAccessErr);
+        EXPECT_THAT(database->lastFileError(), HasSubstr("save the drawing under another name"));
+    }
+    EXPECT_EQ(folder_.Read("original.dwg"), file_);
+    save(*database, "copy.dwg");
+    save(*database, "copy.dwg");
+    const auto copy = read("copy.dwg");
+    EXPECT_TRUE(copy->damage().empty());
+    EXPECT_EQ(describe(*copy), describe(*database));
+    EXPECT_EQ(database->saveAs(folder_.Windows("original.dwg").c_str()), Acad::eFileAccessErr)
+        << "also later";
+}
+
+TEST_F(DamagedFileTest, LinksInCirclesLoseNothing) {
+    const auto handle = [this](std::size_t i) {
+        return static_cast<std::uint32_t>(entities(database_)[i]->objectId().handle());
+    };
+    // The first line names itself as the next entity.
+    replaceIn(handle(0), 0x4100 | handle(1), 0x4100 | handle(0));
+    const auto database = salvaged();
+    EXPECT_THAT(database->damage().objects, IsEmpty());
+    EXPECT_THAT(database->damage().reasons, ElementsAre(HasSubstr("do not follow each other")));
+    EXPECT_THAT(entities(*database), SizeIs(3));
+}
+
+TEST_F(DamagedFileTest, WhatBelongsToADamagedObjectIsLostWithIt) {
+    const AcDbObjectId gone = addBlock("Gone");
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "Gone");
+    addBlock("Stays");
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(2, 0, 0)), "Stays");
+    const AcDbHandle layer = addLayer("damaged").handle();
+    file_ = save();
+    damage(gone.handle());
+    damage(layer);
+    const auto database = salvaged();
+    constexpr std::size_t kRecordLineAndTheEntitiesAround = 4;
+    EXPECT_THAT(database->damage().objects, SizeIs(1 + kRecordLineAndTheEntitiesAround));
+    const auto copy = read("copy.dwg");
+    EXPECT_EQ(block(*copy, "Gone"), nullptr);
+    EXPECT_THAT(entities(*copy, "Stays"), SizeIs(1));
+    AcDbLayerTable* layers = nullptr;
+    ASSERT_EQ(copy->getSymbolTable(layers, AcDb::kForRead), Acad::eOk);
+    EXPECT_FALSE(layers->has("damaged"));
+    EXPECT_TRUE(layers->has("0"));
+    layers->close();
+
+    // Without one of its tables a drawing is none.
+    damage(copy->header().LAYER_CONTROL_OBJECT.handle());
+    std::string error;
+    EXPECT_EQ(statusOf(file_, &error), Acad::eFileInternalErr);
+    EXPECT_THAT(error, HasSubstr("no table of layers"));
+}
+
+// A seed at the end of all numbers, or below handles that are taken, must not make handles twice.
+TEST_F(DamagedFileTest, NewObjectsFindFreeHandles) {
+    for (const AcDbHandle seed : {AcDbHandle{1}, ~AcDbHandle{0}, ~AcDbHandle{0} - 1}) {
+        AcDbDatabase fresh;
+        fresh.header().HANDSEED = seed;
+        const auto database = readContent(save(fresh));
+        const AcDbObjectId id = database->addObject(
+            std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), AcDbObjectId::kNull);
+        EXPECT_LT(id.handle(), 0x10000U);
+        save(*database, "more.dwg");
+        EXPECT_TRUE(read("more.dwg")->damage().empty());
+    }
 }
 
 }  // namespace

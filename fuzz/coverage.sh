@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Which lines of the drawing reader and writer the drawings reach that fuzzing has come upon: a line
+# a file of platform/dwg. Run fuzz/run.sh before.
+#
+# usage: fuzz/coverage.sh [CORPUS]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+corpus=${1:-build/fuzz/corpus}
+
+cmake --preset coverage >/dev/null
+cmake --build --preset coverage
+profile=build/coverage/fuzzing
+LLVM_PROFILE_FILE=$profile.profraw build/coverage/bin/fuzz_drawing -runs=0 -max_len=65536 "$corpus" build/fuzz/seeds \
+    2>/dev/null
+llvm-profdata-14 merge -sparse $profile.profraw -o $profile.profdata
+llvm-cov-14 report build/coverage/bin/fuzz_drawing -instr-profile=$profile.profdata \
+    -show-region-summary=false -show-branch-summary=false "$PWD/platform/dwg"

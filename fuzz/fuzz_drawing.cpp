@@ -1,0 +1,90 @@
+// The fuzzer's target: reads a drawing from any bytes and writes it back. What was written must
+// read again, without anything missing.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+
+#include "fuzz/DrawingMutator.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/dwg/DwgFault.h"
+#include "platform/dwg/DwgFileReader.h"
+#include "platform/dwg/DwgFileWriter.h"
+#include "platform/mfc/ScriptedWindowSystem.h"
+#include "src/entity/CKFCurve.h"
+
+// The fuzzer's own changes of bytes.
+extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t most);
+
+namespace {
+
+// A curve that cannot be read off says so in a box while its graphics are made.
+mfc::ScriptedWindowSystem windows;
+
+/// What is wrong with the file; none when it was read. Damaged parts of it are the database's
+/// damage().
+std::optional<std::string> Read(AcDbDatabase& database, std::string file) {
+    try {
+        DwgFileReader reader(database, std::move(file));
+        reader.read();
+        database.setFileRemains(reader.takeRemains());
+        database.setDamage(reader.takeDamage());
+        return std::nullopt;
+    } catch (const DwgFault& fault) {
+        return fault.what();
+    }
+}
+
+[[noreturn]] void Stop(const std::string& reason) {
+    std::fprintf(stderr, "%s\n", reason.c_str());
+    std::abort();
+}
+
+std::optional<std::string> Write(AcDbDatabase& database) {
+    try {
+        return DwgFileWriter(database).write();
+    } catch (const DwgFault&) {
+        return std::nullopt;
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
+    CKFCurve::rxInit();
+    mfc::SetWindowSystem(&windows);
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    windows.Reset();
+    AcDbDatabase database(false);
+    if (Read(database, std::string(reinterpret_cast<const char*>(data), size))) {
+        return 0;
+    }
+    const std::optional<std::string> written = Write(database);
+    if (!written) {
+        return 0;
+    }
+    AcDbDatabase again(false);
+    if (const std::optional<std::string> fault = Read(again, *written)) {
+        Stop("what was written cannot be read: " + *fault);
+    }
+    if (!again.damage().empty()) {
+        Stop("what was written is damaged: " + again.damage().reasons.front());
+    }
+    return 0;
+}
+
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size,
+                                               std::size_t most, unsigned seed) {
+    DrawingMutator mutator(std::string(reinterpret_cast<const char*>(data), size), LLVMFuzzerMutate,
+                           seed);
+    mutator.mutate(most);
+    const std::string& file = mutator.file();
+    if (file.size() > most) {
+        return size;
+    }
+    std::memcpy(data, file.data(), file.size());
+    return file.size();
+}
