@@ -32,7 +32,7 @@ std::vector<Point> ChordsOf(const picture::Arc& arc) {
 std::vector<Point> OutlineOf(const picture::GlyphRun& run) {
     double width = 0.0;
     for (const picture::GlyphCell& cell : run.cells) {
-        width = std::max(width, cell.x + 1.0);
+        width = std::max(width, cell.x + run.cellWidth);
     }
     const picture::Affine& map = run.cellToWorld;
     return {map.map({0, 0}), map.map({width, 0}), map.map({width, 1}), map.map({0, 1}),

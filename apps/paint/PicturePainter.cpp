@@ -158,29 +158,29 @@ private:
         const QTransform cellToDevice = QTransform(cells.alongX.x, cells.alongX.y, cells.alongY.x,
                                                    cells.alongY.y, cells.origin.x, cells.origin.y) *
                                         map_;
-        // Characters of one squeeze are one piece of text with one transform.
+        // Characters that are squeezed alike are one piece of text with one transform.
+        const double fit = font.widthScale() * run.cellWidth;
         double squeeze = 1.0;
         for (const picture::GlyphCell& cell : run.cells) {
             const GlyphFont::Glyph& glyph = font.glyph(cell.character);
             const double wanted = glyph.advance > 1.0 ? 1.0 / glyph.advance : 1.0;
             if (wanted != squeeze) {
-                drawPiece(shape, font, squeeze, cellToDevice);
+                drawPiece(shape, font, fit * squeeze, cellToDevice);
                 squeeze = wanted;
             }
-            const double left = cell.x + 0.5 * (1.0 - glyph.advance * squeeze);
+            const double left = cell.x + 0.5 * run.cellWidth * (1.0 - glyph.advance * squeeze);
             indexes_.append(glyph.index);
-            positions_.append(QPointF(left / (font.widthScale() * squeeze), 0.0));
+            positions_.append(QPointF(left / (fit * squeeze), 0.0));
         }
-        drawPiece(shape, font, squeeze, cellToDevice);
+        drawPiece(shape, font, fit * squeeze, cellToDevice);
     }
 
     /// Draws and empties what was collected in `indexes_` and `positions_`.
-    void drawPiece(const Shape& shape, const GlyphFont& font, double squeeze,
+    void drawPiece(const Shape& shape, const GlyphFont& font, double widthScale,
                    const QTransform& cellToDevice) {
-        const QTransform fontToDevice =
-            QTransform(font.widthScale() * squeeze, 0.0, 0.0, -font.heightScale(), 0.0,
-                       font.drop() * font.heightScale()) *
-            cellToDevice;
+        const QTransform fontToDevice = QTransform(widthScale, 0.0, 0.0, -font.heightScale(), 0.0,
+                                                   font.drop() * font.heightScale()) *
+                                        cellToDevice;
         if (look_.textAsOutlines) {
             useBrush(shape);
             for (qsizetype i = 0; i < indexes_.size(); ++i) {

@@ -35,7 +35,7 @@ Box BoxOf(const GlyphRun& run) {
     constexpr double kBeside = 0.1;
     Box box;
     const double left = run.cells.front().x - kBeside;
-    const double right = run.cells.back().x + 1.0 + kBeside;
+    const double right = run.cells.back().x + run.cellWidth + kBeside;
     for (const Point corner :
          {Point{left, kBelow}, {right, kBelow}, {right, kAbove}, {left, kAbove}}) {
         box.add(run.cellToWorld.map(corner));

@@ -34,8 +34,8 @@ struct Arc {
     double sweepAngle = 0.0;  ///< counter-clockwise when positive; a whole turn is a circle
 };
 
-/// A character in its cell: the square from (x, 0) to (x + 1, 1) of the run's own coordinates, y
-/// from the baseline to the height of capitals.
+/// A character in its cell: from (x, 0) to (x + the run's cell width, 1) of the run's own
+/// coordinates, y from the baseline to the height of capitals.
 struct GlyphCell {
     char32_t character = 0;
     double x = 0.0;
@@ -43,10 +43,11 @@ struct GlyphCell {
 
 /// Characters of one installed font on one baseline.
 struct GlyphRun {
-    Affine cellToWorld;  ///< one cell's width along x, the text height along y
-    std::string font;    ///< family (UTF-8), never empty
-    bool fullWidth =
-        false;  ///< double-byte characters: the glyph's box, not a capital, fills the cell
+    Affine cellToWorld;      ///< text height × width factor along x, text height along y
+    double cellWidth = 1.0;  ///< of every character
+    std::string font;        ///< family (UTF-8), never empty
+    /// Double-byte characters: the glyph's box, not a capital, is as tall as the cell.
+    bool fullWidth = false;
     std::vector<GlyphCell> cells;
 };
 

@@ -1,5 +1,6 @@
 #include "host/picture/TextDrawing.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/picture/FontLibrary.h"
@@ -9,19 +10,17 @@ namespace picture {
 namespace {
 constexpr double kUnderlineHeight = -0.2;
 constexpr double kOverlineHeight = 1.2;
+constexpr double kSingleByteWidth = 0.8;
 }  // namespace
 
 void TextDrawing::draw(std::span<const TextCharacter> characters) {
-    const double tracking = style_.trackingPercent() / 100.0;
     std::vector<double> pens{0.0};
     for (const TextCharacter& character : characters) {
-        const double start = pen_;
         if (const StrokeGlyph* const glyph = strokesOf(character)) {
             drawStrokes(*glyph);
         } else {
             drawInstalled(character);
         }
-        pen_ = start + (pen_ - start) * tracking;
         pens.push_back(pen_);
     }
     endRun();
@@ -52,7 +51,7 @@ void TextDrawing::drawStrokes(const StrokeGlyph& glyph) {
         }
         list_.addPolyline(placed, colorIndex_, lineWeight_);
     }
-    pen_ += glyph.advance;
+    pen_ += glyph.advance * tracking_;
 }
 
 void TextDrawing::drawInstalled(const TextCharacter& character) {
@@ -60,12 +59,13 @@ void TextDrawing::drawInstalled(const TextCharacter& character) {
         endRun();
         run_.cellToWorld = frame_;
         run_.fullWidth = character.doubleByte;
+        run_.cellWidth = character.doubleByte ? 1.0 : kSingleByteWidth;
         run_.font = fonts_.installedFont(
             character.doubleByte ? style_.bigFontFileName() : style_.fileName(),
             character.doubleByte);
     }
     run_.cells.push_back({character.unicode, pen_});
-    pen_ += 1.0;
+    pen_ += run_.cellWidth * std::max(1.0, tracking_);
 }
 
 void TextDrawing::endRun() {

@@ -12,9 +12,12 @@ namespace picture {
 
 class FontLibrary;
 
-/// Draws the characters of one text into a display list. A character is stroked when
-/// a shape font of the style has it. Any other is one of an installed font, which advances by text
-/// height × width factor, which is what the charts' layouts count with.
+/// Draws the characters of one text into a display list. A character is stroked when a shape font
+/// of the style has it, and advances as that says. Any other is one of an installed font: a
+/// double-byte character advances by text height × width factor, which is what the charts' layouts
+/// count with, a single-byte one by 0.8 of it: the charts count with the whole there too, but leave
+/// room for no more in their tables. Tracking sets characters of installed fonts apart, never into
+/// each other.
 class TextDrawing {
 public:
     /// `frame` maps widths of the text's height × width factor and heights to the drawing.
@@ -25,7 +28,8 @@ public:
           style_(style),
           frame_(frame),
           colorIndex_(colorIndex),
-          lineWeight_(lineWeight) {}
+          lineWeight_(lineWeight),
+          tracking_(style.trackingPercent() / 100.0) {}
 
     void draw(std::span<const TextCharacter> characters);
 
@@ -43,6 +47,7 @@ private:
     const Affine& frame_;
     int colorIndex_;
     float lineWeight_;
+    double tracking_;
     double pen_ = 0.0;  ///< in the frame's widths
     GlyphRun run_;      ///< not yet in the list
 };

@@ -151,20 +151,21 @@ TEST_F(PictureTest, CurvesKeepTheWantedChordErrorAndArcsStayArcs) {
     EXPECT_GT(fine.shapes(fine.items()[1])[0].count, 8 * coarse[1].count);
 }
 
-TEST_F(PictureTest, AMappedCharacterAdvancesByHeightTimesWidthFactor) {
+TEST_F(PictureTest, MappedCharactersAdvanceByHeightTimesWidthFactorOrFourFifthsOfIt) {
     addText("1中%%d%%u2%%u"_gbk, 4.0, 0.7);
     const auto placed = characters();
     ASSERT_EQ(placed.size(), 4U);
     const std::u32string expected = U"1中\u00B02";
+    const double cells[] = {0.0, 0.8, 1.8, 2.6};
     for (std::size_t i = 0; i < placed.size(); ++i) {
         EXPECT_EQ(placed[i].first, expected[i]);
-        EXPECT_NEAR(placed[i].second.x, 10.0 + 2.8 * static_cast<double>(i), 1e-12);
+        EXPECT_NEAR(placed[i].second.x, 10.0 + 2.8 * cells[i], 1e-12);
         EXPECT_NEAR(placed[i].second.y, 20.0, 1e-12);
     }
     const Shape line = shapes().back();
     ASSERT_EQ(line.kind, ShapeKind::kPolyline);
-    EXPECT_NEAR(line.box.left, 18.4, 1e-12);
-    EXPECT_NEAR(line.box.right, 21.2, 1e-12);
+    EXPECT_NEAR(line.box.left, 10.0 + 2.8 * 2.6, 1e-12);
+    EXPECT_NEAR(line.box.right, 10.0 + 2.8 * 3.4, 1e-12);
     EXPECT_LT(line.box.top, 20.0);
 }
 
