@@ -5,6 +5,8 @@
 
 /// An entity of a class that nothing here knows. What all entities have in common is read and may
 /// be changed; its own fields are kept as they are.
+///
+/// Its body is in platform/dwg: what can be told of its shape stands in the bits of its file.
 class AcDbKeptEntity : public AcDbEntity {
 public:
     ACRX_DECLARE_MEMBERS(AcDbKeptEntity);
@@ -16,6 +18,12 @@ public:
     const AcDbKeptFields& keptFields() const { return fields_; }
     /// The proxy graphics that the file has for the entity; empty for none.
     const std::vector<std::uint8_t>& graphics() const { return graphics_; }
+
+    /// Draws what the file tells of it: the common types of the format by their fields, others by
+    /// their proxy graphics. What cannot be told is not drawn.
+    Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
+    /// eNotApplicable: the places are among the fields that are kept as they are.
+    Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:

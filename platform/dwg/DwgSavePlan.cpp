@@ -4,6 +4,7 @@
 
 #include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/codec/block_record_fields.h"
 
 namespace {
@@ -13,6 +14,24 @@ bool isLiving(AcDbObjectId id) {
 }
 bool isNew(AcDbObjectId id) {
     return id.stub()->filePosition == 0;
+}
+
+// The block that an object refers to as an occurrence of it; null for none.
+AcDbObjectId referredBlock(const AcDbObject& object) {
+    constexpr std::uint16_t kReference = 7;
+    constexpr std::uint16_t kRowsOfReferences = 8;
+    if (object.isA() == AcDbBlockReference::desc()) {
+        return static_cast<const AcDbBlockReference&>(object).blockTableRecord();
+    }
+    if (object.isA() != AcDbKeptEntity::desc()) {
+        return {};
+    }
+    const auto& kept = static_cast<const AcDbKeptEntity&>(object);
+    const std::uint16_t type = kept.keptClass().type;
+    const auto& references = kept.keptFields().references;
+    return (type == kReference || type == kRowsOfReferences) && !references.empty()
+               ? references.front().id
+               : AcDbObjectId::kNull;
 }
 
 // The entities around a block's own are made with the first save: modules know nothing of them.
@@ -53,7 +72,23 @@ DwgSavePlan::DwgSavePlan(AcDbDatabase& database) {
     for (const AcDbBlockTableRecord* block : blocks) {
         linkEntities(*block);
     }
+    leaveOutParts(database);
     collectReferences(database);
+}
+
+// Vertices and attributes go with the entity that they belong to.
+void DwgSavePlan::leaveOutParts(AcDbDatabase& database) {
+    for (const AcDbStub& stub : database.entries()) {
+        if (stub.object == nullptr || (marks_[stub.index] & kListed) != 0 ||
+            !stub.object->isKindOf(AcDbEntity::desc())) {
+            continue;
+        }
+        const AcDbObject* const owner = AcDbDatabase::objectOf(stub.object->ownerId());
+        if (owner != nullptr && owner->isKindOf(AcDbEntity::desc()) &&
+            !isWritten(*owner->objectId().stub())) {
+            marks_[stub.index] |= kLeftOut;
+        }
+    }
 }
 
 void DwgSavePlan::linkEntities(const AcDbBlockTableRecord& block) {
@@ -89,9 +124,9 @@ void DwgSavePlan::linkEntities(const AcDbBlockTableRecord& block) {
 
 void DwgSavePlan::collectReferences(AcDbDatabase& database) {
     for (AcDbStub& stub : database.entries()) {
-        if (isWritten(stub) && stub.object->isA() == AcDbBlockReference::desc()) {
-            const AcDbObjectId block =
-                static_cast<const AcDbBlockReference&>(*stub.object).blockTableRecord();
+        const AcDbObjectId block =
+            isWritten(stub) ? referredBlock(*stub.object) : AcDbObjectId::kNull;
+        if (!block.isNull()) {
             references_[block.stub()].emplace_back(&stub);
         }
     }

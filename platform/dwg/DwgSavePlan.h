@@ -19,7 +19,7 @@ public:
     /// entities that stand around their own.
     explicit DwgSavePlan(AcDbDatabase& database);
 
-    /// False for what is erased or stands in an erased block.
+    /// False for what is erased, or stands in an erased block or belongs to an erased entity.
     bool isWritten(const AcDbStub& stub) const;
     /// Null for an entity that is in no block's list.
     const DwgEntityLinks* linksOf(const AcDbStub& stub) const;
@@ -36,6 +36,7 @@ public:
 private:
     enum Mark : std::uint8_t { kListed = 1, kLinksChanged = 2, kLeftOut = 4 };
 
+    void leaveOutParts(AcDbDatabase& database);
     void collectReferences(AcDbDatabase& database);
     void linkEntities(const AcDbBlockTableRecord& block);
 

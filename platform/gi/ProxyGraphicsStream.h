@@ -10,13 +10,25 @@
 enum class ProxyGraphicsKind : std::uint32_t {
     kExtents = 1,
     kCircle = 2,
+    kCircleThrough3 = 3,
     kCircularArc = 4,
+    kArcThrough3 = 5,
     kPolyline = 6,
     kPolygon = 7,
+    kMesh = 8,
+    kShell = 9,
+    kText = 10,
     kText2 = 11,
     kColor = 14,
     kMarker = 19,
     kFill = 20,
+    kTrueColor = 22,
+    kPushMatrix = 29,
+    kPushMatrix2 = 30,
+    kPopMatrix = 31,
+    kPolylineWithNormal = 32,
+    kUnicodeText = 36,
+    kUnicodeText2 = 38,
 };
 
 /// The bytes of proxy-graphics records, little-endian, every record a multiple of four bytes.
