@@ -13,8 +13,9 @@
 #include "src/common/module_state.h"
 #include "src/db/project_database.h"
 
-/// A suite folder with an empty project database, open while the object lives, with project 1 as
-/// the current one and every other module-wide value as it is after loading.
+/// A suite folder with a project database that holds project 1, number "GC1", and nothing of it,
+/// open while the object lives, with that project as the current one and every other module-wide
+/// value as it is right after loading.
 class TestProject {
 public:
     TestProject() {
@@ -24,7 +25,10 @@ public:
             << "[Suite]\nProjectProfile=project.ini\nSettingsProfile=settings.ini\n"
                "MarkProfile=marks.ini\nRegisteredFolder=.\n"
                "Database=Provider=SQLite;Data Source=project.db\n";
-        Sql("CREATE TABLE z_c_QuYang(GCSY INTEGER, ZKBH TEXT, QYBH TEXT, QYSD REAL, QYHD REAL);"
+        Sql("CREATE TABLE x_GongCheng(GCSY INTEGER, GCBH TEXT, GCMC TEXT, GCBZ INTEGER,"
+            "GCSJ INTEGER);"
+            "INSERT INTO x_GongCheng VALUES(1,'GC1','某工程',0,0);"
+            "CREATE TABLE z_c_QuYang(GCSY INTEGER, ZKBH TEXT, QYBH TEXT, QYSD REAL, QYHD REAL);"
             "CREATE TABLE Z_c_KeFen(GCSY INTEGER, ZKBH TEXT, QYBH TEXT, KLSYFF TEXT, KL800 REAL,"
             "KL400 REAL, KL200 REAL, KL60 REAL, KL40 REAL, KL20 REAL, KL10 REAL, KL5 REAL,"
             "KL2 REAL, KL_5 REAL, KL_25 REAL, KL_1 REAL, KL_075 REAL, KL_074 REAL, KL_05 REAL,"
@@ -66,17 +70,24 @@ public:
         double size;
         double mass;
     };
-    /// A sample of borehole ZK3 with its items and an empty result row; becomes the current one.
-    void AddSample(const std::string& sample, double total, const std::vector<Item>& items,
-                   const std::string& method = "筛分法") const {
-        const std::string key = "1,'ZK3','" + sample + "'";
-        Sql("INSERT INTO Z_c_KeFen(GCSY,ZKBH,QYBH,KLSYFF,KLTYZL) VALUES(" + key + ",'" + method +
-            "'," + std::to_string(total) + ")");
+    /// A sample with its sieve items and an empty result row; names go to the database as they
+    /// stand.
+    void InsertSample(const std::string& borehole, const std::string& sample, double total,
+                      const std::vector<Item>& items, const std::string& method) const {
+        const std::string key = "1,'" + borehole + "','" + sample + "',";
+        std::string statements = "INSERT INTO Z_c_KeFen(GCSY,ZKBH,QYBH,KLSYFF,KLTYZL) VALUES(" +
+                                 key + "'" + method + "'," + std::to_string(total) + ");";
         int number = 0;
         for (const Item& item : items) {
-            Sql("INSERT INTO Z_c_KeFenCSXM VALUES(" + key + "," + std::to_string(++number) + "," +
-                std::to_string(item.size) + "," + std::to_string(item.mass) + ")");
+            statements += "INSERT INTO Z_c_KeFenCSXM VALUES(" + key + std::to_string(++number) +
+                          "," + std::to_string(item.size) + "," + std::to_string(item.mass) + ");";
         }
+        Sql(statements);
+    }
+    /// The same in borehole ZK3, and becomes the current sample.
+    void AddSample(const std::string& sample, double total, const std::vector<Item>& items,
+                   const std::string& method = "筛分法") const {
+        InsertSample("ZK3", sample, total, items, method);
         CurrentBorehole = "ZK3";
         CurrentSample = sample;
         ChartMode = kSampleCharts;
@@ -86,12 +97,18 @@ public:
         int code;
         const char* value;
     };
+    void InsertLayer(int mainLayer, int subLayer, const std::vector<Parameter>& parameters) const {
+        std::string statements;
+        for (const Parameter& parameter : parameters) {
+            statements += "INSERT INTO x_SheJi VALUES(1," + std::to_string(mainLayer) + "," +
+                          std::to_string(subLayer) + "," + std::to_string(parameter.code) + ",'" +
+                          parameter.value + "');";
+        }
+        Sql(statements);
+    }
     /// Design values of layer 2-1, which becomes the current one.
     void AddLayer(const std::vector<Parameter>& parameters) const {
-        for (const Parameter& parameter : parameters) {
-            Sql("INSERT INTO x_SheJi VALUES(1,2,1," + std::to_string(parameter.code) + ",'" +
-                parameter.value + "')");
-        }
+        InsertLayer(2, 1, parameters);
         CurrentSample = "2-1";
         CurrentMainLayer = "2";
         CurrentSubLayer = "1";
@@ -115,8 +132,14 @@ private:
         ProjectContext = {};
         Annotation = {};
         OuterFrameOption = RightAxisOption = RecomputePercentages = false;
-        for (std::string* text : {&CurrentBorehole, &CurrentSample, &CurrentMainLayer,
-                                  &CurrentSubLayer, &CurrentMethod}) {
+        SelectedItems.clear();
+        SelectedCount = 0;
+        MadeSheets.clear();
+        OpenedFromChartCommand = CurveDataChanged = StoreFromReactor = 0;
+        for (std::string* text :
+             {&CurrentBorehole, &CurrentSample, &CurrentMainLayer, &CurrentSubLayer, &CurrentMethod,
+              &PreviousSample, &SheetMethods, &LastSheetPath, &ProjectProfilePath,
+              &SettingsProfilePath, &MarkProfilePath}) {
             text->clear();
         }
         QvFontStyleId.setNull();

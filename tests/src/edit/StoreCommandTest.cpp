@@ -19,7 +19,6 @@ protected:
     void SetUp() override {
         CKFCurve::rxInit();
         project_.Sql(
-            "CREATE TABLE x_GongCheng(GCSY INTEGER,GCBH TEXT,GCMC TEXT,GCBZ INTEGER,GCSJ INTEGER);"
             "INSERT INTO x_GongCheng VALUES(7,'GC1','',0,0);"
             "INSERT INTO Z_c_KeFen(GCSY,ZKBH,QYBH,KLSYFF,KLTYZL) VALUES(7,'ZK3','5','',100)");
         auto* const curve = new CKFCurve;
@@ -40,7 +39,6 @@ protected:
     void TearDown() override {
         ed::SetPickSource(nullptr);
         CKFCurve::rxRemove();
-        CurveDataChanged = StoreFromReactor = 0;
     }
 
     /// What the command prints; picks must be closed and look as usual afterwards.

@@ -23,9 +23,8 @@
 #include "src/ui/plugin_resources.h"
 #include "tests/src/TestProject.h"
 
-/// A suite folder of its own with an empty project 1, number "GC1", whose data are checked; a
-/// scripted user; module-wide values as they are right after loading. Texts of the tests are UTF-8,
-/// those of files and dialogs GBK.
+/// A TestProject whose data are checked and that is not loaded yet, and a scripted user. Texts of
+/// the tests are UTF-8, those of files and dialogs GBK.
 class ProjectFixture : public ::testing::Test {
 public:
     static std::string Gbk(const std::string& utf8) { return win32::GbkFromUtf8(utf8); }
@@ -49,25 +48,16 @@ public:
     std::vector<std::string> Sql(const std::string& statements) const {
         return project_->Sql(statements);
     }
-    /// A sample whose sieve items of 10 g each make up `total` g; names are written to the database
-    /// as they stand.
+    /// A sample of 0.3 m at 1.5 m whose sieve items of 10 g each make up `total` g.
     void AddSample(const std::string& borehole, const std::string& sample,
                    const std::string& method = "筛析法", double total = 50.0) const {
-        const std::string key = "1,'" + borehole + "','" + sample + "'";
-        std::string items;
-        int number = 0;
-        for (const char* size : {"2", "0.5", "0.25", "0.075", "0"}) {
-            items += items.empty() ? "" : ",";
-            items += "(" + key + "," + std::to_string(++number) + "," + size + ",10)";
-        }
-        Sql("INSERT INTO Z_c_KeFenCSXM VALUES " + items + ";INSERT INTO z_c_QuYang VALUES (" + key +
-            ",1.5,0.3);INSERT INTO Z_c_KeFen (GCSY,ZKBH,QYBH,KLSYFF,KLTYZL) VALUES (" + key + ",'" +
-            method + "'," + std::to_string(total) + ");");
+        project_->InsertSample(borehole, sample, total,
+                               {{2, 10}, {0.5, 10}, {0.25, 10}, {0.075, 10}, {0, 10}}, method);
+        Sql("INSERT INTO z_c_QuYang VALUES(1,'" + borehole + "','" + sample + "',1.5,0.3)");
     }
     void AddLayer(int mainLayer, int subLayer) const {
-        const std::string key = std::to_string(mainLayer) + "," + std::to_string(subLayer);
-        Sql("INSERT INTO x_SheJi VALUES (1," + key + ",1105,'20'),(1," + key + ",1108,'30'),(1," +
-            key + ",1109,'40'),(1," + key + ",1118,'10')");
+        project_->InsertLayer(mainLayer, subLayer,
+                              {{1105, "20"}, {1108, "30"}, {1109, "40"}, {1118, "10"}});
     }
 
     /// What the user does next when a window waits; `window` shows its state.
@@ -109,11 +99,8 @@ protected:
         static const HINSTANCE instance = mfc::RegisterModule(PluginResources());
         ExtensionModule.AttachInstance(instance);
         project_.emplace();
-        ResetDrivers();
         ProjectContext = {};
         WriteProject("GCSY=1\r\nGCBH=GC1\r\nGCBZ=0\r\nGCMC=某工程\r\nGCSJ=0\r\n");
-        Sql("CREATE TABLE x_GongCheng(GCSY INTEGER,GCBH TEXT,GCMC TEXT,GCBZ INTEGER,GCSJ INTEGER);"
-            "INSERT INTO x_GongCheng VALUES (1,'GC1','某工程',0,0);");
         ProjectProfilePath = PathFrom(GetProjectProfilePath);
         SettingsProfilePath = PathFrom(GetSettingsProfilePath);
         MarkProfilePath = PathFrom(GetMarkProfilePath);
@@ -133,7 +120,6 @@ protected:
         mfc::SetWindowSystem(nullptr);
         ed::SetCommandLineSink(nullptr);
         win32::SetClock(nullptr);
-        ResetDrivers();
         std::filesystem::current_path(std::filesystem::temp_directory_path());
         project_.reset();
     }
@@ -145,19 +131,6 @@ private:
         char buffer[256];
         operation(buffer);
         return buffer;
-    }
-
-    /// What TestProject leaves: the state of drivers, guard and reactor.
-    static void ResetDrivers() {
-        SelectedItems.clear();
-        SelectedCount = 0;
-        MadeSheets.clear();
-        OpenedFromChartCommand = 0;
-        CurveDataChanged = StoreFromReactor = 0;
-        for (std::string* text : {&PreviousSample, &SheetMethods, &LastSheetPath,
-                                  &ProjectProfilePath, &SettingsProfilePath, &MarkProfilePath}) {
-            text->clear();
-        }
     }
 
     std::vector<mfc::Answer> NextStep(mfc::FrameModel& window) {
