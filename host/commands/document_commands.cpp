@@ -7,15 +7,20 @@
 #include "platform/ap/AcApDocManager.h"
 #include "platform/mfc/message_box.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/windows_path.h"
 
 namespace host {
 
 namespace {
+/// The drawing's file as the user's file system names it, GBK.
+std::string ShownName(const AcApDocument& document) {
+    return win32::GbkFromUtf8(win32::FileSystemPath(document.fileName()));
+}
+
 bool Save(AcApDocument& document, const char* path = nullptr) {
     const Acad::ErrorStatus status = acDocManager->saveDocument(&document, path);
     if (status == Acad::eInvalidInput) {
-        return Complain(std::string(document.fileName()) +
-                        " was never saved: SAVEAS gives it a name.");
+        return Complain(ShownName(document) + " was never saved: SAVEAS gives it a name.");
     }
     return status == Acad::eOk ||
            Complain(win32::GbkFromUtf8(document.database()->lastFileError()));
@@ -26,7 +31,7 @@ bool MayGo(AcApDocument& document) {
     if (!document.database()->isModified()) {
         return true;
     }
-    const std::string question = std::string("Save the changes to ") + document.fileName() + "?";
+    const std::string question = "Save the changes to " + ShownName(document) + "?";
     switch (MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
                        MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
         case IDYES:
@@ -34,7 +39,7 @@ bool MayGo(AcApDocument& document) {
         case IDNO:
             return true;
         default:
-            return Complain(std::string(document.fileName()) + " stays open.");
+            return Complain(ShownName(document) + " stays open.");
     }
 }
 
