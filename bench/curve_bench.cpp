@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/ge/AcGePoint3dArray.h"
+#include "platform/gi/AcGiWorldDraw.h"
 #include "src/entity/CKFCurve.h"
 
 namespace {
@@ -35,6 +36,55 @@ void EightDiameters(benchmark::State& state) {
     }
 }
 BENCHMARK(EightDiameters);
+
+/// Takes what is drawn and shows none of it.
+class UnseenDraw : public AcGiWorldDraw, private AcGiWorldGeometry, private AcGiSubEntityTraits {
+public:
+    AcGiWorldGeometry& geometry() const override { return const_cast<UnseenDraw&>(*this); }
+    AcGiSubEntityTraits& subEntityTraits() const override { return const_cast<UnseenDraw&>(*this); }
+    int Texts() const { return texts_; }
+
+private:
+    Adesk::Boolean polyline(Adesk::UInt32, const AcGePoint3d* points) override {
+        benchmark::DoNotOptimize(points);
+        return true;
+    }
+    Adesk::Boolean polygon(Adesk::UInt32, const AcGePoint3d*) override { return true; }
+    Adesk::Boolean circle(const AcGePoint3d&, double, const AcGeVector3d&) override { return true; }
+    Adesk::Boolean circularArc(const AcGePoint3d&, double, double, double) override { return true; }
+    Adesk::Boolean wideLine(const AcGePoint3d&, const AcGePoint3d&, double, double) override {
+        return true;
+    }
+    Adesk::Boolean text(const AcGePoint3d&, const AcGeVector3d&, const AcGeVector3d&,
+                        const char* message, Adesk::Int32, Adesk::Boolean,
+                        const AcGiTextStyle&) override {
+        benchmark::DoNotOptimize(message);
+        ++texts_;
+        return true;
+    }
+    void setColor(Adesk::UInt16) override {}
+    void setSelectionMarker(Adesk::Int32) override {}
+
+    int texts_ = 0;
+};
+
+/// From the end of a drag to the new labels: the point moves, the eight diameters are read off the
+/// new shape, curve and label texts are made anew.
+void GripMoveToNewLabels(benchmark::State& state) {
+    CKFCurve curve;
+    Fill(curve);
+    UnseenDraw draw;
+    double step = 0.5;
+    for (auto _ : state) {
+        curve.moveGripPointsAt({10}, {0.0, step, 0.0});
+        curve.worldDraw(&draw);
+        step = -step;
+    }
+    if (draw.Texts() != 7 * state.iterations()) {
+        state.SkipWithError("not every drawing had its seven labels");
+    }
+}
+BENCHMARK(GripMoveToNewLabels);
 
 }  // namespace
 

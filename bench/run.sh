@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# Measures what docs/performance.md reports: the curve's own work, whole runs of the console program
-# over 10 to 10,000 sheets with the memory they take, and beside it a bare program that runs the same
+# Measures what docs/performance.md reports: the curve's own work, the browsers over 10,000 sheets,
+# whole runs of the console program over 10 to 10,000 sheets of samples and over 1,000 of layers with
+# the memory they take, and beside it a bare program that runs the same
 # statements and writes the same bytes, and a Python script that draws the same entities.
 # Every figure is of this run on this machine; only the ratios carry over to others.
 set -euo pipefail
@@ -10,7 +11,9 @@ scratch=$(mktemp -d)
 # Nothing is deleted before the end: file systems are slow to reuse what was just freed.
 trap 'rm -rf "$scratch"' EXIT
 
-"$build/bin/bench_curve" --benchmark_min_time=0.5 2>/dev/null
+for program in bench_curve bench_browser; do
+    "$build/bin/$program" --benchmark_min_time=0.5 2>/dev/null
+done
 
 make_suite() { # NAME SHEETS
     "$build/bin/grdx" new "$scratch/$1" --number B --name B --code 0 >/dev/null
@@ -18,13 +21,14 @@ make_suite() { # NAME SHEETS
     "$build/bin/grdx" import samples "$scratch/samples.csv" -s "$scratch/$1" >/dev/null
 }
 
-# Draws all sheets of a suite; sets `milliseconds` (a sheet) and `memory` (MB).
-draw_sheets() { # NAME SHEETS
+# Draws what is named, on so many sheets; sets `milliseconds` (a sheet) and `memory` (MB).
+measure_draw() { # SHEETS WHAT...
     local seconds
-    read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" draw samples \
-        -s "$scratch/$1" --borehole B1 --all --date 2026-05-20)"
-    milliseconds=$(awk "BEGIN{printf \"%.3f\", $seconds*1000/$2}")
+    read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" draw "${@:2}" --all \
+        --date 2026-05-20)"
+    milliseconds=$(awk "BEGIN{printf \"%.3f\", $seconds*1000/$1}")
 }
+draw_sheets() { measure_draw "$2" samples -s "$scratch/$1" --borehole B1; } # NAME SHEETS
 
 least() { printf '%s\n' "$@" | sort -g | sed -n 1p; }
 
@@ -35,6 +39,8 @@ for round in 1 2 3; do
     make_suite "round$round" 1000
     mkdir "$scratch/bare$round"
 done
+bench/make_layers.py 2000 >"$scratch/layers.csv"
+"$build/bin/grdx" import layers "$scratch/layers.csv" -s "$scratch/round1" >/dev/null
 
 echo
 echo "sheets   ms a sheet   peak MB   (start of the program included)"
@@ -53,6 +59,8 @@ for round in 1 2 3; do
 done
 draw_sheets suite10000 10000
 printf '%6d %12s %9s\n' 10000 "$milliseconds" "$memory"
+measure_draw 1000 layers -s "$scratch/round1"
+printf '%6d %12s %9s   sheets of two layers each\n' 1000 "$milliseconds" "$memory"
 
 sheet=$(find "$scratch/round1/output/B/室内曲线" -name '*.dwg' -print -quit)
 node tests/readers/read_dwg.mjs "$sheet" >"$scratch/sheet.json"
