@@ -60,8 +60,9 @@ public:
     Acad::ErrorStatus closeDocument(AcApDocument* document);
     Acad::ErrorStatus activateDocument(AcApDocument* document);
     /// Saves the document's drawing under its name or another (Windows path), which becomes its
-    /// name. eInvalidInput for an empty name, and without one for a drawing that has none yet; a
-    /// failed save leaves the reason in the database's lastFileError().
+    /// name; the file is on the disk then. eInvalidInput for an empty name, and without one for a
+    /// drawing that has none yet; a failed save leaves the reason in the database's
+    /// lastFileError().
     Acad::ErrorStatus saveDocument(AcApDocument* document, const char* path = nullptr);
 
     /// A reactor hears from then on, once however often it is added. Null is ignored.

@@ -83,7 +83,7 @@ Acad::ErrorStatus AcApDocManager::saveDocument(AcApDocument* document, const cha
         return Acad::eInvalidInput;
     }
     const std::string file = path != nullptr ? WithExtension(path) : document->fileName();
-    const Acad::ErrorStatus status = document->database()->saveAs(file.c_str());
+    const Acad::ErrorStatus status = document->database()->saveToDisk(file.c_str());
     if (status == Acad::eOk) {
         document->setFileName(file.c_str());
         document->setUntitled(false);

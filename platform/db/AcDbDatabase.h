@@ -76,6 +76,8 @@ public:
     Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, AcDbHandle handle) const;
 
     // For the layer's own rooms.
+    /// saveAs for what a person saves: the file is on the disk when it returns.
+    Acad::ErrorStatus saveToDisk(const char* fileName);
     /// No object has a higher handle: new ones count up to here and never wrap around.
     static constexpr AcDbHandle kHighestHandle = AcDbHandle{1} << 62U;
     const HeaderVariables& header() const { return header_; }
@@ -105,6 +107,7 @@ private:
     friend class AcDbSymbolTable;
     class DefaultDrawing;
     void buildDefaultDrawing();
+    Acad::ErrorStatus save(const char* fileName, bool toDisk);
     Acad::ErrorStatus readFileAt(const std::string& path);
 
     AcDbStub* find(AcDbHandle handle) const;

@@ -26,6 +26,14 @@ bool isSameFile(const std::string& path, const std::string& other) {
 }  // namespace
 
 Acad::ErrorStatus AcDbDatabase::saveAs(const char* fileName) {
+    return save(fileName, false);
+}
+
+Acad::ErrorStatus AcDbDatabase::saveToDisk(const char* fileName) {
+    return save(fileName, true);
+}
+
+Acad::ErrorStatus AcDbDatabase::save(const char* fileName, bool toDisk) {
     if (fileName == nullptr || *fileName == '\0') {
         return Acad::eInvalidInput;
     }
@@ -39,7 +47,9 @@ Acad::ErrorStatus AcDbDatabase::saveAs(const char* fileName) {
                       "drawing under another name");
     } else {
         try {
-            win32::ReplaceFileWhole(path, DwgFileWriter(*this).write(), error);
+            win32::ReplaceFileWhole(
+                path, DwgFileWriter(*this).write(), error,
+                toDisk ? win32::Durability::kOnDisk : win32::Durability::kWithSystem);
         } catch (const DwgFault& reason) {
             error = fault(path, reason.what());
         }

@@ -1,13 +1,16 @@
 #include "platform/win32/file_replace.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
+#include <cstdint>
+#include <cstdio>
 #include <system_error>
+#include <utility>
 
 #include "platform/win32/windows_path.h"
 
@@ -23,38 +26,22 @@ std::string Reason(const std::string& path, int code) {
 /// A file descriptor that is closed in the end.
 class OpenFile {
 public:
-    explicit OpenFile(int descriptor) : descriptor_(descriptor) {}
+    explicit OpenFile(int descriptor = -1) : descriptor_(descriptor) {}
     ~OpenFile() { Close(); }
-    OpenFile(const OpenFile&) = delete;
-    OpenFile& operator=(const OpenFile&) = delete;
+    OpenFile(OpenFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
+    OpenFile& operator=(OpenFile&& other) noexcept {
+        std::swap(descriptor_, other.descriptor_);
+        return *this;
+    }
     int Get() const { return descriptor_; }
     /// False when the system reports a late failure.
     bool Close() {
-        const int descriptor = descriptor_;
-        descriptor_ = -1;
+        const int descriptor = std::exchange(descriptor_, -1);
         return descriptor < 0 || close(descriptor) == 0;
     }
 
 private:
     int descriptor_;
-};
-
-/// Removes the file at its end unless it was kept.
-class TemporaryFile {
-public:
-    explicit TemporaryFile(std::string path) : path_(std::move(path)) {}
-    ~TemporaryFile() {
-        if (!kept_) {
-            unlink(path_.c_str());
-        }
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-    void Keep() { kept_ = true; }
-
-private:
-    std::string path_;
-    bool kept_ = false;
 };
 
 std::string FolderPrefix(const std::string& path) {
@@ -87,17 +74,100 @@ bool WriteAll(int descriptor, std::string_view content) {
     return true;
 }
 
-/// A new file in the folder of `target`; -1 with errno when none can be made.
-int MakeTemporary(const std::string& target, std::string& path) {
-    static std::atomic<unsigned> counter{0};
-    for (;;) {
-        path = FolderPrefix(target) + ".replace-" + std::to_string(getpid()) + "-" +
-               std::to_string(counter++) + ".tmp";
-        const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-        if (descriptor >= 0 || errno != EEXIST) {
-            return descriptor;
+/// False when another process holds the lock. Where the file system has no locks, nobody does.
+bool Lock(const OpenFile& file) {
+    return flock(file.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
+}
+
+bool IsStillAt(const OpenFile& file, const std::string& path) {
+    struct stat held {};
+    struct stat named {};
+    return fstat(file.Get(), &held) == 0 && lstat(path.c_str(), &named) == 0 &&
+           held.st_dev == named.st_dev && held.st_ino == named.st_ino;
+}
+
+/// Removes a temporary file that its process has left: nobody holds its lock any more.
+bool RemoveLeftOver(const std::string& path) {
+    const OpenFile file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    return file.Get() >= 0 && Lock(file) && IsStillAt(file, path) && unlink(path.c_str()) == 0;
+}
+
+/// The new content of a file while it is written: beside the file, locked, under a name that
+/// follows from the file's. So the next one finds what a killed process has left. Removed at its
+/// end unless it was put in the file's place.
+class TemporaryFile {
+public:
+    ~TemporaryFile() {
+        if (!path_.empty()) {
+            unlink(path_.c_str());
         }
     }
+    TemporaryFile() = default;
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    int Get() const { return file_.Get(); }
+
+    /// False with errno.
+    bool Make(const std::string& target) {
+        constexpr int kMostTries = 1000;
+        constexpr int kTriesAName = 10;
+        for (int i = 0; i < kMostTries; ++i) {
+            const std::string path = NameFor(target, i / kTriesAName);
+            file_ = OpenFile(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+            if (file_.Get() < 0 && errno != EEXIST) {
+                return false;
+            }
+            if (file_.Get() < 0) {
+                RemoveLeftOver(path);
+            } else if (Lock(file_) && IsStillAt(file_, path)) {
+                path_ = path;
+                return true;
+            }
+        }
+        errno = EBUSY;
+        return false;
+    }
+
+    /// Some systems tell of a failed write only when the file is closed. A copy of the descriptor
+    /// is closed, as the file's own holds the lock.
+    bool CheckWritten() const {
+        OpenFile copy(dup(file_.Get()));
+        return copy.Get() >= 0 && copy.Close();
+    }
+
+    /// False with errno.
+    bool PutInPlaceOf(const std::string& target) {
+        if (rename(path_.c_str(), target.c_str()) != 0) {
+            return false;
+        }
+        path_.clear();
+        return true;
+    }
+
+private:
+    static std::string NameFor(const std::string& target, int number) {
+        std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
+        for (const char c : target.substr(target.rfind('/') + 1)) {
+            hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+        }
+        char name[64];
+        std::snprintf(name, sizeof name, ".replace-%016llx-%d.tmp",
+                      static_cast<unsigned long long>(hash), number);
+        return FolderPrefix(target) + name;
+    }
+
+    std::string path_;
+    OpenFile file_;
+};
+
+/// Puts the entry of a file in its folder on the disk.
+bool FlushFolderOf(const std::string& target) {
+    const std::string prefix = FolderPrefix(target);
+    const OpenFile folder(
+        open(prefix.empty() ? "." : prefix.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // A folder that may be written but not read cannot be flushed; the file itself is safe then.
+    return folder.Get() < 0 || fsync(folder.Get()) == 0 || errno == EINVAL;
 }
 
 /// 0, or the code of the reason why a file at `target` may not be replaced.
@@ -129,7 +199,7 @@ bool TakeOver(int descriptor, const struct stat& old) {
 }  // namespace
 
 bool ReplaceFileWhole(const std::string& fileSystemPath, std::string_view content,
-                      std::string& error) {
+                      std::string& error, Durability durability) {
     const auto fail = [&](int code) {
         error = Reason(fileSystemPath, code);
         return false;
@@ -144,22 +214,15 @@ bool ReplaceFileWhole(const std::string& fileSystemPath, std::string_view conten
         return fail(refusal);
     }
 
-    std::string temporaryPath;
-    OpenFile file(MakeTemporary(target, temporaryPath));
-    if (file.Get() < 0) {
+    const bool flushed = durability == Durability::kOnDisk;
+    TemporaryFile temporary;
+    if (!temporary.Make(target) || (exists && !TakeOver(temporary.Get(), old)) ||
+        !WriteAll(temporary.Get(), content) || (flushed && fsync(temporary.Get()) != 0) ||
+        !temporary.CheckWritten() || !temporary.PutInPlaceOf(target)) {
         return fail(errno);
     }
-    TemporaryFile temporary(temporaryPath);
-    if (exists && !TakeOver(file.Get(), old)) {
-        return fail(errno);
-    }
-    if (!WriteAll(file.Get(), content) || !file.Close() ||
-        rename(temporaryPath.c_str(), target.c_str()) != 0) {
-        return fail(errno);
-    }
-    temporary.Keep();
     NoteEntryMade(target);
-    return true;
+    return !flushed || FlushFolderOf(target) || fail(errno);
 }
 
 bool ReadFileWhole(const std::string& fileSystemPath, std::string& content, std::string& error,
