@@ -9,6 +9,7 @@
 #include "platform/dwg/DwgObjectWriter.h"
 #include "platform/dwg/content_guid.h"
 #include "platform/dwg/crc.h"
+#include "platform/dwg/space_extents.h"
 
 namespace {
 
@@ -74,15 +75,40 @@ void DwgFileWriter::writeObjects() {
     for (AcDbStub& stub : database_.entries()) {
         if (plan_.isWritten(stub)) {
             written.push_back(&stub);
+        } else {
+            changed_ = changed_ || stub.filePosition != 0;
         }
     }
     std::sort(written.begin(), written.end(),
               [](const AcDbStub* a, const AcDbStub* b) { return a->handle < b->handle; });
     for (const AcDbStub* stub : written) {
         map_.push_back({stub->handle, static_cast<std::uint32_t>(objects_.size())});
-        mixIntoContentKey(isUntouched(*stub) ? copyObject(*stub)
-                                             : writer.write(*stub->object, objects_));
+        if (isUntouched(*stub)) {
+            mixIntoContentKey(copyObject(*stub));
+        } else {
+            const std::size_t start = objects_.size();
+            mixIntoContentKey(writer.write(*stub->object, objects_));
+            changed_ = changed_ || !hasBitsOfFile(*stub, start);
+        }
     }
+    if (changed_) {
+        noteExtents(writer.extentsOfModules());
+    }
+}
+
+bool DwgFileWriter::hasBitsOfFile(const AcDbStub& stub, std::size_t start) const {
+    const std::string_view old = std::string_view(remains_.file).substr(stub.filePosition);
+    const std::string_view now(reinterpret_cast<const char*>(objects_.data()) + start,
+                               objects_.size() - start);
+    return stub.filePosition != 0 && old.starts_with(now);
+}
+
+void DwgFileWriter::noteExtents(const AcDbExtents& ofModules) {
+    const AcDbExtents box = ModelSpaceExtents(database_, ofModules);
+    HeaderVariables& header = database_.header();
+    const HeaderVariables unset;
+    header.EXTMIN = box.isEmpty() ? unset.EXTMIN : box.minPoint();
+    header.EXTMAX = box.isEmpty() ? unset.EXTMAX : box.maxPoint();
 }
 
 bool DwgFileWriter::isUntouched(const AcDbStub& stub) const {
@@ -114,10 +140,12 @@ void DwgFileWriter::mixIntoContentKey(std::uint16_t crc) {
 }
 
 // The names that tell drawings and their versions apart follow from the content, so that the same
-// drawing makes the same file.
+// drawing makes the same file. A drawing whose objects are those of its file is the same version.
 void DwgFileWriter::nameVersion() {
     HeaderVariables& header = database_.header();
-    header.VERSIONGUID = dwg::GuidOf(contentKey_);
+    if (changed_ || header.VERSIONGUID.empty()) {
+        header.VERSIONGUID = dwg::GuidOf(contentKey_);
+    }
     if (header.FINGERPRINTGUID.empty()) {
         header.FINGERPRINTGUID = header.VERSIONGUID;
     }

@@ -27,6 +27,9 @@ private:
     void writeObjects();
     bool isUntouched(const AcDbStub& stub) const;
     std::uint16_t copyObject(const AcDbStub& stub);
+    /// Whether the object that was written last has the bits that it has in the file.
+    bool hasBitsOfFile(const AcDbStub& stub, std::size_t start) const;
+    void noteExtents(const AcDbExtents& ofModules);
     void mixIntoContentKey(std::uint16_t crc);
     void nameVersion();
 
@@ -55,6 +58,7 @@ private:
     std::vector<std::uint8_t> objects_;
     std::vector<dwg::MapEntry> map_;  // positions within objects_ at first
     std::uint64_t contentKey_ = 0;    // differs when an object does
+    bool changed_ = false;            // an object is new, differs from the file's, or is gone
     std::string file_;
     std::uint32_t objectsStart_ = 0;
     std::vector<dwg::SectionLocator> sections_;

@@ -9,6 +9,7 @@
 #include "platform/dwg/codec/entity_fields.h"
 #include "platform/dwg/codec/kept_fields.h"
 #include "platform/dwg/crc.h"
+#include "platform/gi/ProxyGraphicsRecord.h"
 
 namespace {
 
@@ -126,11 +127,25 @@ void DwgObjectWriter::customObject(AcDbObject& object) {
     begin(classes_.numberOf(FileClassOf(object)), object);
     if (object.isKindOf(AcDbEntity::desc())) {
         auto& entity = static_cast<AcDbEntity&>(object);
-        entityHead(entity, ProxyGraphicsOf(entity));
+        const std::vector<std::uint8_t> graphics = ProxyGraphicsOf(entity);
+        noteExtents(entity, graphics);
+        entityHead(entity, graphics);
     } else {
         objectHead(object);
     }
     WriteCustomFields(*this, object);
+}
+
+// The box is the first record of the graphics: the entity need not be drawn once more.
+void DwgObjectWriter::noteExtents(const AcDbEntity& entity,
+                                  std::span<const std::uint8_t> graphics) {
+    constexpr std::size_t kHeads = 16;  // of the stream and of the record
+    if (graphics.size() > kHeads &&
+        entity.ownerId() == database_.header().BLOCK_RECORD_MODEL_SPACE) {
+        ProxyGraphicsRecord box(graphics.subspan(kHeads));
+        extentsOfModules_.addPoint(box.point());
+        extentsOfModules_.addPoint(box.point());
+    }
 }
 
 void DwgObjectWriter::keptFields(const AcDbKeptFields& fields) {

@@ -3,6 +3,7 @@
 #include <span>
 #include <vector>
 
+#include "platform/db/AcDbExtents.h"
 #include "platform/dwg/DwgClassTable.h"
 #include "platform/dwg/DwgFieldWriter.h"
 #include "platform/dwg/DwgSavePlan.h"
@@ -27,6 +28,8 @@ public:
     /// Writes one living object and appends it, framed by its size and check sum, to `file`.
     /// Returns its check sum.
     std::uint16_t write(AcDbObject& object, std::vector<std::uint8_t>& file);
+    /// The box around what the entities of modules that were written draw in model space.
+    const AcDbExtents& extentsOfModules() const { return extentsOfModules_; }
 
     // The visitor's operations that need to know the drawing.
     void linetype(AcDbObjectId linetype);
@@ -59,6 +62,7 @@ private:
     int reactorReferences(const AcDbObject& object);
     void keptObject(const AcDbObject& object);
     void customObject(AcDbObject& object);
+    void noteExtents(const AcDbEntity& entity, std::span<const std::uint8_t> graphics);
     std::uint16_t finish(std::vector<std::uint8_t>& file);
 
     AcDbDatabase& database_;
@@ -67,4 +71,5 @@ private:
     AcDbHandle holder_ = 0;
     std::size_t sizePosition_ = 0;  // of the field that says how many bits the values take
     std::vector<AcDbObjectId> blockReferences_;
+    AcDbExtents extentsOfModules_;
 };
