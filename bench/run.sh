@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # Measures what docs/performance.md reports: the curve's own work, the browsers over 10,000 sheets,
 # whole runs of the console program over 10 to 10,000 sheets of samples and over 1,000 of layers with
-# the memory they take, and beside it a bare program that runs the same
-# statements and writes the same bytes, and a Python script that draws the same entities.
+# the memory they take, and beside it a bare program that runs the same statements and writes the
+# same bytes, and a Python script that draws the same entities; then the drawing view's redraws and
+# 100 sheets plotted as one file.
 # Every figure is of this run on this machine; only the ratios carry over to others.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -72,3 +73,17 @@ echo
 echo "1,000 sheets of two charts, results stored, best of three rounds: $ours ms a sheet"
 awk "BEGIN{printf \"bare program, same statements and bytes: %s ms a sheet; we take %.2f times as long\n\", $bare, $ours/$bare}"
 awk "BEGIN{printf \"Python drawing library, same entities:   %s ms a sheet; we are %.0f times as fast\n\", $python, $python/$ours}"
+
+"$build/bin/grdx" new "$scratch/a3" --number A3 --code 2 >/dev/null
+"$build/bin/grdx" import samples "$scratch/samples.csv" -s "$scratch/a3" >/dev/null
+"$build/bin/grdx" draw samples -s "$scratch/a3" --borehole B1 --sample 1 --sample 2 --sample 3 \
+    --sample 4 --sample 5 --sample 6 --date 2026-05-20 >"$scratch/a3.txt" 2>/dev/null
+echo
+echo "A3 sheet of six charts in a window of 1920 x 1080, at 1, 3 and 20 times its height:"
+"$build/bin/bench_picture" "$(cat "$scratch/a3.txt")" --benchmark_min_time=0.5 2>/dev/null
+
+mapfile -t sheets < <(find "$scratch/suite100/output" -name '*.dwg' | sort)
+read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" plot "${sheets[@]}" \
+    --to pdf -o "$scratch/all.pdf")"
+echo
+awk "BEGIN{printf \"%d sheets as pages of one PDF file: %.1f ms a sheet, start included, peak %s MB\n\", ${#sheets[@]}, $seconds*1000/${#sheets[@]}, \"$memory\"}"

@@ -31,9 +31,10 @@ stored() { # FOLDER BOREHOLE SAMPLE
 }
 
 pictures() { # FOLDER
-    find "demo/$1/output" -name '*.dwg' | sort | while read -r sheet; do
-        "$grdx" plot "$sheet" --to png --dpi 110
-    done
+    local sheets
+    mapfile -t sheets < <(find "demo/$1/output" -name '*.dwg' | sort)
+    "$grdx" plot "${sheets[@]}" --to png --dpi 110 -s "demo/$1"
+    "$grdx" plot "${sheets[@]}" --to pdf -o "demo/$1-sheets.pdf" -s "demo/$1"
 }
 
 echo "== A4 sheets, two charts each (standard code 0)"
@@ -47,7 +48,7 @@ stored a4 ZK1 4
 "$grdx" script samples/reshape.scr -s demo/a4
 echo "-- the row after"
 stored a4 ZK1 4
-echo "== Pictures"
+echo "== Pictures, and all sheets as pages of one file"
 pictures a4
 pictures a3
 
@@ -56,3 +57,4 @@ echo "== What was stored (A4 project)"
 echo
 echo "A4 sheets and pictures: demo/a4/output/2026-017/室内曲线"
 echo "A3 sheets and pictures: demo/a3/output/2026-018/室内曲线"
+echo "Sheets to print: demo/a4-sheets.pdf demo/a3-sheets.pdf"

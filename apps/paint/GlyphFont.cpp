@@ -50,4 +50,12 @@ const GlyphFont::Glyph& GlyphFont::glyph(char32_t character) const {
     return place->second;
 }
 
+const QPainterPath& GlyphFont::outline(quint32 index) const {
+    const auto [place, isNew] = outlines_.try_emplace(index);
+    if (isNew) {
+        place->second = raw_.pathForGlyph(index);
+    }
+    return place->second;
+}
+
 }  // namespace paint

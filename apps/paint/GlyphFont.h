@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPainterPath>
 #include <QRawFont>
 #include <QString>
 #include <unordered_map>
@@ -26,10 +27,13 @@ public:
     };
     /// The glyph of a character; index 0 when the font has none.
     const Glyph& glyph(char32_t character) const;
+    /// The glyph's outline in units of the font, y downwards from the baseline.
+    const QPainterPath& outline(quint32 index) const;
 
 private:
     QRawFont raw_;
     mutable std::unordered_map<char32_t, Glyph> glyphs_;
+    mutable std::unordered_map<quint32, QPainterPath> outlines_;
     double heightScale_ = 1.0;
     double widthScale_ = 1.0;
     double drop_ = 0.0;

@@ -1,6 +1,7 @@
 #include "apps/paint/PicturePainter.h"
 
 #include <QGlyphRun>
+#include <QPaintEngine>
 #include <QPainterPath>
 #include <algorithm>
 #include <cmath>
@@ -65,6 +66,7 @@ public:
                 }
             }
         }
+        drawLevelLines();
     }
 
 private:
@@ -78,17 +80,19 @@ private:
         return colors_[shape.colorIndex];
     }
 
-    void usePen(const Shape& shape) {
+    QPen penOf(const Shape& shape) const {
         const double weight =
             look_.paperLineWeights
                 ? (shape.lineWeight < 0.0F ? kDefaultLineWeight
                                            : static_cast<double>(shape.lineWeight)) *
                       pixelsPerUnit_
                 : 1.0;
-        QPen pen(colorOf(shape), highlighted_ ? weight + 1.5 : weight);
-        pen.setCapStyle(Qt::RoundCap);
-        pen.setJoinStyle(Qt::RoundJoin);
-        painter_.setPen(pen);
+        return QPen(colorOf(shape), highlighted_ ? weight + 1.5 : weight, Qt::SolidLine,
+                    Qt::RoundCap, Qt::RoundJoin);
+    }
+
+    void usePen(const Shape& shape) {
+        painter_.setPen(penOf(shape));
         painter_.setBrush(Qt::NoBrush);
     }
 
@@ -98,11 +102,12 @@ private:
     }
 
     void draw(const Shape& shape) {
+        if (shape.kind == ShapeKind::kPolyline) {
+            drawPolyline(shape, pointsOf(shape));
+            return;
+        }
+        drawLevelLines();
         switch (shape.kind) {
-            case ShapeKind::kPolyline:
-                usePen(shape);
-                drawPolyline(pointsOf(shape));
-                break;
             case ShapeKind::kFill:
                 useBrush(shape);
                 painter_.drawPolygon(pointsOf(shape), Qt::OddEvenFill);
@@ -111,25 +116,41 @@ private:
                 usePen(shape);
                 painter_.drawPath(pathOf(list_.arc(shape)));
                 break;
-            case ShapeKind::kGlyphs:
+            default:
                 drawGlyphs(shape, list_.glyphs(shape));
                 break;
         }
     }
 
     /// On a screen, level and plumb lines stand on whole pixels: neither blurred over two of them
-    /// nor of two widths.
-    void drawPolyline(QPolygonF& points) {
+    /// nor of two widths. Those of one pen that follow each other, as in grids, are drawn at once.
+    void drawPolyline(const Shape& shape, const QPolygonF& points) {
         if (look_.paperLineWeights || !IsAxisParallel(points)) {
+            drawLevelLines();
+            usePen(shape);
             painter_.drawPolyline(points);
             return;
         }
-        for (QPointF& point : points) {
-            point = QPointF(std::floor(point.x()) + 0.5, std::floor(point.y()) + 0.5);
+        if (const QPen pen = penOf(shape); levelLines_.isEmpty() || pen != levelPen_) {
+            drawLevelLines();
+            levelPen_ = pen;
         }
-        painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.drawPolyline(points);
-        painter_.setRenderHint(QPainter::Antialiasing, true);
+        const auto pixel = [](QPointF p) {
+            return QPointF(std::floor(p.x()) + 0.5, std::floor(p.y()) + 0.5);
+        };
+        for (qsizetype i = 1; i < points.size(); ++i) {
+            levelLines_.append(QLineF(pixel(points[i - 1]), pixel(points[i])));
+        }
+    }
+
+    void drawLevelLines() {
+        if (!levelLines_.isEmpty()) {
+            painter_.setPen(levelPen_);
+            painter_.setRenderHint(QPainter::Antialiasing, false);
+            painter_.drawLines(levelLines_);
+            painter_.setRenderHint(QPainter::Antialiasing, true);
+            levelLines_.clear();
+        }
     }
 
     QPolygonF& pointsOf(const Shape& shape) {
@@ -175,17 +196,27 @@ private:
         drawPiece(shape, font, fit * squeeze, cellToDevice);
     }
 
+    /// Characters too large for the cache of their pixels, which would be read from the font again
+    /// for every frame. Devices without pixels keep the text.
+    bool isLargeInPixels(const GlyphFont& font, const QTransform& fontToDevice) const {
+        constexpr double kPixels = 50.0;
+        const bool raster = painter_.paintEngine()->type() == QPaintEngine::Raster;
+        const QPointF up =
+            fontToDevice.map(QPointF(0.0, font.raw().pixelSize())) - fontToDevice.map(QPointF());
+        return raster && std::hypot(up.x(), up.y()) > kPixels;
+    }
+
     /// Draws and empties what was collected in `indexes_` and `positions_`.
     void drawPiece(const Shape& shape, const GlyphFont& font, double widthScale,
                    const QTransform& cellToDevice) {
         const QTransform fontToDevice = QTransform(widthScale, 0.0, 0.0, -font.heightScale(), 0.0,
                                                    font.drop() * font.heightScale()) *
                                         cellToDevice;
-        if (look_.textAsOutlines) {
+        if (look_.textAsOutlines || isLargeInPixels(font, fontToDevice)) {
             useBrush(shape);
             for (qsizetype i = 0; i < indexes_.size(); ++i) {
-                painter_.drawPath(fontToDevice.map(
-                    font.raw().pathForGlyph(indexes_[i]).translated(positions_[i])));
+                painter_.drawPath(
+                    fontToDevice.map(font.outline(indexes_[i]).translated(positions_[i])));
             }
         } else if (!indexes_.isEmpty()) {
             QGlyphRun glyphs;
@@ -211,6 +242,8 @@ private:
     double pixelsPerUnit_ = 1.0;
     bool highlighted_ = false;
     QPolygonF points_;
+    QList<QLineF> levelLines_;  ///< not yet drawn
+    QPen levelPen_;
     QList<quint32> indexes_;
     QList<QPointF> positions_;
 };
