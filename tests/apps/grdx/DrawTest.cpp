@@ -16,7 +16,6 @@ namespace fs = std::filesystem;
 using Json = nlohmann::json;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 namespace {
 /// The sample project; its number is 2026-017.

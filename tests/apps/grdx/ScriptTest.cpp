@@ -14,7 +14,6 @@
 using console::ScriptLines;
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(ScriptLinesTest, AnswersBelongToTheLineAboveThem) {
     std::vector<std::string> events;
