@@ -58,6 +58,17 @@ TEST(CKFCurveDiameters, LevelsThatTheCurveMissesAreMinusOne) {
     EXPECT_NEAR(curve.Diameters()[kD15], 0.0563, 0.0006);
 }
 
+TEST(CKFCurveDiameters, ALevelCrossedAgainIsReadWhereTheCurveComesFirst) {
+    CKFCurve curve;
+    SetUpCurve(curve, 0,
+               {PointAt(20, 1.0), PointAt(2, 0.3), PointAt(0.6, 0.7), PointAt(0.02, 0.0)});
+    curve.ComputeDiameters();
+    for (const DiameterIndex level : {kD60, kD50}) {  // each crossed three times
+        EXPECT_GT(curve.Diameters()[level], 2.0);
+    }
+    EXPECT_LT(curve.Diameters()[kD15], 0.6);
+}
+
 TEST(CKFCurveDiameters, FewerThanTwoPlacesGiveNone) {
     const AcGePoint3d place = PointAt(2, 0.5);
     for (const AcGePoint3dArray& points :
