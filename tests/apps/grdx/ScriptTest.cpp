@@ -44,14 +44,9 @@ protected:
         std::ofstream(scratch_.Path() / "script") << script;
         return RunProgram({GRDX_PROGRAM, "script", scratch_.Path() / "script", "-s", folder_});
     }
-    /// Handle of the first curve of a sheet.
-    static std::string Curve(const std::string& sheet) {
-        const ProgramResult info = RunProgram({GRDX_PROGRAM, "info", "--json", sheet});
-        return nlohmann::json::parse(info.output)["curves"][0]["handle"];
-    }
-    double D60() const {
+    nlohmann::json ResultsOfSample4() const {
         const ProgramResult list = RunProgram({GRDX_PROGRAM, "list", "--json", "-s", folder_});
-        return nlohmann::json::parse(list.output)["boreholes"][0]["samples"][3]["results"]["d60"];
+        return nlohmann::json::parse(list.output)["boreholes"][0]["samples"][3]["results"];
     }
 
     ScratchFolder scratch_;
@@ -60,35 +55,27 @@ protected:
 };
 }  // namespace
 
-TEST_F(ScriptTest, ACurveIsDrawnReshapedAndStored) {
+TEST_F(ScriptTest, TheExampleReshapesAndStoresACurve) {
     const ProgramResult drawn =
         Run("CGRDX\n"
             "@select 2008 ZK1\n"
-            "@select 2001 4\n"
+            "@select 2001 3 4\n"
             "@page 601\n"
             "@type 2009 \"王 工\"\n"
             "@check 2027 on\n"
             "@press ok\n");
     EXPECT_EQ(drawn.status, 0) << drawn.errors;
     EXPECT_EQ(drawn.errors, "");
-    ASSERT_THAT(drawn.output, HasSubstr("KFZK1-4.dwg\n"));
-    const std::string sheet = drawn.output.substr(0, drawn.output.size() - 1);
-    const std::string pick = "#" + Curve(sheet);
+    EXPECT_THAT(drawn.output, HasSubstr("KFZK1-3~ZK1-4.dwg\n"));
+    EXPECT_TRUE(ResultsOfSample4()["d10"].is_null()) << "the curve ends above 10 %";
 
-    const double before = D60();
     const ProgramResult edited =
-        Run("EGRDX\n@select 2014 ZK1\n@select 2015 试样ZK1-4\n@press ok\n"
-            "GRIP " +
-            pick +
-            "\n3\n0,4\n"
-            "NEW\n@answer yes\n" +
-            pick +
-            "\n"
-            "GRIP 0,0 0 1,1\n");
-    EXPECT_EQ(edited.status, 1) << "the new drawing is empty";
-    EXPECT_THAT(edited.errors, HasSubstr("颗分图中有关数据已改变,是否入库?"));
-    EXPECT_THAT(edited.errors, HasSubstr("颗分数据存储成功!"));
-    EXPECT_NE(D60(), before);
+        RunProgram({GRDX_PROGRAM, "script", GRDX_SAMPLES "/reshape.scr", "-s", folder_});
+    EXPECT_EQ(edited.status, 0);
+    EXPECT_EQ(edited.errors, "请选择颗分试样曲线:\n颗分数据存储成功!\n");
+    EXPECT_EQ(edited.output, drawn.output) << "the sheet is saved";
+    EXPECT_NEAR(ResultsOfSample4()["d10"], 0.078, 1e-6);
+    EXPECT_NEAR(ResultsOfSample4()["Cu"], 3.154, 1e-6);
 }
 
 TEST_F(ScriptTest, AnswersThatDoNotFitAreToldAndTheRestRuns) {
