@@ -175,6 +175,7 @@ void DwgFileReader::readPreview() {
         throw DwgFault("the preview has no marks around it");
     }
     remains_->preview = whole.substr(kMark, kSize + size);
+    remains_->previewPosition = static_cast<std::uint32_t>(position);
     end_ = std::max(end_, position + whole.size());
 }
 

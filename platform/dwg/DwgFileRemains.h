@@ -17,9 +17,10 @@ struct DwgFileRemains {
 
     std::string file;  ///< the whole file; AcDbStub::filePosition counts in it
     dwg::WriterNumbers writer;
-    std::string auxiliaryHeader;  ///< empty for none
-    std::string preview;          ///< between its sentinels
-    std::string templateName;     ///< the template's description
+    std::string auxiliaryHeader;        ///< empty for none
+    std::string preview;                ///< between its sentinels
+    std::uint32_t previewPosition = 0;  ///< in the file; the preview has addresses of its pictures
+    std::string templateName;           ///< the template's description
     std::vector<DwgClassTable::ClassPtr> classes;
     std::string classesContent;  ///< the same as the section has them
     std::vector<Section> unknownSections;

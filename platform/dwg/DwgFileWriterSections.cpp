@@ -40,14 +40,38 @@ void DwgFileWriter::appendAuxiliaryHeader() {
     endSection();
 }
 
+namespace {
+
+// The pictures are found by their places in the file, which move with the section: after the size
+// their number, and for each a kind, the address and the size.
+std::string previewAt(std::size_t position, const DwgFileRemains& remains) {
+    constexpr std::size_t kCountPosition = 4;
+    constexpr std::size_t kPictureSize = 9;
+    std::string preview = remains.preview;
+    const auto shift = static_cast<std::uint32_t>(position) - remains.previewPosition;
+    const std::size_t count =
+        preview.size() > kCountPosition ? dwg::BytesOf(preview)[kCountPosition] : 0;
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t address = kCountPosition + 1 + kPictureSize * i + 1;
+        if (address + kPictureSize - 1 > preview.size()) {
+            break;
+        }
+        dwg::PutLong(preview, address, dwg::LongAt(preview, address) + shift);
+    }
+    return preview;
+}
+
+}  // namespace
+
 void DwgFileWriter::appendPreview() {
-    dwg::PutLong(file_, dwg::kPreviewPosition, static_cast<std::uint32_t>(file_.size()));
+    const std::size_t position = file_.size();
+    dwg::PutLong(file_, dwg::kPreviewPosition, static_cast<std::uint32_t>(position));
     file_ += dwg::TextOf(dwg::kPreviewBegin);
     if (remains_.preview.empty()) {
         dwg::AppendLong(file_, 1);
         file_.push_back(0);  // no pictures
     } else {
-        file_ += remains_.preview;
+        file_ += previewAt(position, remains_);
     }
     file_ += dwg::TextOf(dwg::EndOf(dwg::kPreviewBegin));
 }

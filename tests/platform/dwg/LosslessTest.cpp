@@ -57,8 +57,12 @@ TEST_F(LosslessTest, AnUntouchedDrawingDiffersInItsSaveTimeOnly) {
     save();
     // A drawing of another program: with a picture, a section of its own, a box that is not ours.
     const auto foreign = read();
-    foreign->fileRemains()->preview = std::string("\x05\0\0\0", 4) + "image";
-    foreign->fileRemains()->unknownSections.push_back({6, "section"});
+    DwgFileRemains& remains = *foreign->fileRemains();
+    const std::uint32_t place = remains.previewPosition + 30;  // of the picture
+    remains.preview = std::string("\x0F\0\0\0\1\2", 6) + std::string(8, '\0') + "image";
+    dwg::PutLong(remains.preview, 6, place);
+    dwg::PutLong(remains.preview, 10, 5);
+    remains.unknownSections.push_back({6, "section"});
     foreign->header().EXTMIN = {-7, -7, 0};
     foreign->header().VERSIONGUID = "{THEIRS}";
     foreign->header().USERR1 = 12.5;
@@ -72,7 +76,10 @@ TEST_F(LosslessTest, AnUntouchedDrawingDiffersInItsSaveTimeOnly) {
     EXPECT_THAT(differences(file, saved), ElementsAre());
     EXPECT_EQ(saved.size(), file.size());
     const auto copy = read("later.dwg");
-    EXPECT_EQ(copy->fileRemains()->preview, foreign->fileRemains()->preview);
+    // The further section has moved the picture, and its address with it.
+    const std::uint32_t moved = dwg::LongAt(copy->fileRemains()->preview, 6);
+    EXPECT_EQ(moved, place + dwg::kLocatorSize);
+    EXPECT_EQ(saved.substr(moved, 5), "image");
     ASSERT_EQ(copy->fileRemains()->unknownSections.size(), 1U);
     EXPECT_EQ(copy->fileRemains()->unknownSections[0].bytes, "section");
     EXPECT_EQ(copy->header().EXTMIN.x, -7);
