@@ -17,7 +17,25 @@ std::string ShownName(const AcApDocument& document) {
     return win32::GbkFromUtf8(win32::FileSystemPath(document.fileName()));
 }
 
+/// Asks before a file is overwritten that is no longer the one the drawing was read from.
+bool MayOverwrite(const AcApDocument& document) {
+    const AcAp::FileState state = document.fileState();
+    if (state == AcAp::kFileUnchanged) {
+        return true;
+    }
+    const std::string name = ShownName(document);
+    const std::string question =
+        name + (state == AcAp::kFileGone ? " was deleted" : " was changed by another program") +
+        " since it was opened. Save it all the same?";
+    return MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
+                      MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES ||
+           Complain(name + " is not saved.");
+}
+
 bool Save(AcApDocument& document, const char* path = nullptr) {
+    if (path == nullptr && !MayOverwrite(document)) {
+        return false;
+    }
     const Acad::ErrorStatus status = acDocManager->saveDocument(&document, path);
     if (status == Acad::eInvalidInput) {
         return Complain(ShownName(document) + " was never saved: SAVEAS gives it a name.");

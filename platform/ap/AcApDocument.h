@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -9,7 +11,9 @@
 
 namespace AcAp {
 enum DocLockMode { kNone = 0, kRead = 1, kWrite = 4 };
-}
+/// Of a drawing's file; one of a drawing that has none yet is as it was.
+enum FileState { kFileUnchanged, kFileChanged, kFileGone };
+}  // namespace AcAp
 
 /// Part of the drawing that a document shows; kept with the document.
 struct AcApView {
@@ -30,6 +34,8 @@ public:
     /// True until the drawing has a file.
     bool isUntitled() const { return untitled_; }
     void setUntitled(bool untitled) { untitled_ = untitled; }
+    /// What has become of the drawing's file since this program read or wrote it last.
+    AcAp::FileState fileState() const;
     AcDbDatabase* database() const { return database_.get(); }
     /// The strongest lock held on the document.
     AcAp::DocLockMode lockMode() const;
@@ -38,9 +44,13 @@ public:
 
 private:
     friend class AcApDocManager;
+    void noteFile();
+
     std::unique_ptr<AcDbDatabase> database_;
     std::string fileName_;
     bool untitled_ = true;
+    std::filesystem::file_time_type fileTime_;  ///< of the file as it was read or written last
+    std::uintmax_t fileSize_ = 0;
     std::vector<AcAp::DocLockMode> locks_;
     AcApView view_;
     std::string pendingInput_;  ///< command text sent and not yet run

@@ -56,6 +56,7 @@ void AcApDocManager::adoptFile(std::unique_ptr<AcDbDatabase> database, const std
     AcApDocument& document = adopt(std::move(database));
     document.setFileName(path.c_str());
     document.setUntitled(false);
+    document.noteFile();
 }
 
 Acad::ErrorStatus AcApDocManager::appContextOpenDocument(const char* path) {
@@ -87,6 +88,7 @@ Acad::ErrorStatus AcApDocManager::saveDocument(AcApDocument* document, const cha
     if (status == Acad::eOk) {
         document->setFileName(file.c_str());
         document->setUntitled(false);
+        document->noteFile();
     }
     return status;
 }

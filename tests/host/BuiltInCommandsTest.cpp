@@ -145,6 +145,24 @@ TEST_F(BuiltInCommandsTest, UnsavedChangesAreAskedFor) {
     EXPECT_EQ(Lines().size(), 1U);
 }
 
+TEST_F(BuiltInCommandsTest, AFileThatIsNoLongerTheOneReadIsOverwrittenOnlyWhenTheUserSaysSo) {
+    const std::string path = Path("shared.dwg");
+    const auto changeByOther = [&] { std::ofstream(path, std::ios::app) << "!"; };
+    ASSERT_TRUE(Run("SAVEAS " + path));
+    changeByOther();
+    const auto size = std::filesystem::file_size(path);
+    EXPECT_FALSE(Run("QSAVE")) << "the default answer is no";
+    EXPECT_THAT(windows_.Shown().back().text, HasSubstr("changed by another program"));
+    EXPECT_EQ(std::filesystem::file_size(path), size);
+    AnswerBox(IDYES);
+    EXPECT_TRUE(Run("QSAVE QSAVE")) << "asked once";
+    EXPECT_LT(std::filesystem::file_size(path), size);
+    std::filesystem::remove(path);
+    EXPECT_FALSE(Run("QSAVE"));
+    EXPECT_THAT(windows_.Shown().back().text, HasSubstr("was deleted"));
+    EXPECT_FALSE(std::filesystem::exists(path));
+}
+
 TEST_F(BuiltInCommandsTest, QuitAsksForEveryChangedDrawingAndStopsTheInput) {
     DrawLine(0, 0, 1, 0);
     ASSERT_TRUE(Run("NEW"));
