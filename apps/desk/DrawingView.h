@@ -26,6 +26,10 @@ public:
     void SetDocument(AcApDocument* document);
     /// The drawing has changed: it is drawn anew, what is left of the selection stays.
     void Rebuild();
+    /// Looks fonts up anew: another suite folder has others.
+    void ForgetFonts() { fonts_ = picture::FontLibrary(); }
+    /// What was wrong with font files since the last call (UTF-8).
+    std::vector<std::string> TakeFontFaults() { return fonts_.takeFaults(); }
     /// True while a command waits for input.
     void SetAsking(bool asking);
     void SetBackground(picture::Background background);

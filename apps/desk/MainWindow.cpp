@@ -17,10 +17,15 @@
 #include "apps/windows/qt_text.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/system_variables.h"
+#include "platform/suite/orvik8.h"
+#include "platform/win32/private_profile.h"
 
 namespace desk {
 
 namespace {
+constexpr std::size_t kProfilePathSize = 256;
+constexpr DWORD kProfileTextSize = 1024;
+
 std::vector<AcApDocument*> OpenDocuments() {
     std::vector<AcApDocument*> documents;
     const std::unique_ptr<AcApDocumentIterator> walk(acDocManager->newAcApDocumentIterator());
@@ -33,6 +38,19 @@ std::vector<AcApDocument*> OpenDocuments() {
 bool IsSingleDocumentMode() {
     resbuf mode;
     return acedGetVar("SDI", &mode) == RTNORM && mode.resval.rint != 0;
+}
+
+/// Number and name of the suite's project.
+QString ProjectTitle() {
+    char profile[kProfilePathSize] = "";
+    GetProjectProfilePath(profile);
+    const auto read = [&](const char* key) {
+        char value[kProfileTextSize] = "";
+        GetPrivateProfileString("Project", key, "", value, sizeof value, profile);
+        return windows::FromGbk(value);
+    };
+    return *profile == '\0' ? windows::InterfaceText("no suite folder", "未打开工程目录")
+                            : (read("GCBH") + QLatin1Char(' ') + read("GCMC")).trimmed();
 }
 
 /// The file's name without folders, with a star when the drawing has unsaved changes.
@@ -60,6 +78,7 @@ MainWindow::MainWindow(Session& session)
     splitter->addWidget(drawing);
     splitter->addWidget(line_);
     splitter->setStretchFactor(0, 1);
+    splitter->setSizes({10000, 1});  // as little as it takes for the command line
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
 
@@ -174,11 +193,21 @@ void MainWindow::ShowState() {
     line_->ShowWaiting(session_.Feed().IsWaiting());
     view_->SetAsking(session_.Feed().IsWaiting());
     ShowDocuments();
+    ShowDrawing();
+    suite_->setText(ProjectTitle());
+    suite_->setToolTip(QString::fromStdString(session_.SuiteFolder()));
+}
+
+void MainWindow::ShowDrawing() {
+    if (shownSuite_ != session_.SuiteFolder()) {
+        shownSuite_ = session_.SuiteFolder();
+        view_->ForgetFonts();
+    }
     view_->SetDocument(acDocManager->curDocument());
     view_->Rebuild();
-    suite_->setText(session_.SuiteFolder().empty()
-                        ? windows::InterfaceText("no suite folder", "未打开工程目录")
-                        : QString::fromStdString(session_.SuiteFolder()));
+    for (const std::string& fault : view_->TakeFontFaults()) {
+        line_->Print(QStringLiteral("\n%1\n").arg(QString::fromStdString(fault)));
+    }
 }
 
 void MainWindow::ShowDocuments() {

@@ -46,6 +46,7 @@ public:
     void ChooseSaveName();
     void ChooseSuite();
     void Save();
+    void Plot();
     void SetLightBackground(bool light);
     void FillRecentSuites(QMenu& menu);
 
@@ -58,8 +59,10 @@ private:
     void Connect();
     void Submit(const QString& line);
     void ShowState();
+    void ShowDrawing();
     void ShowDocuments();
     void ShowCursor(double x, double y);
+    QString OpenDrawing(const QString& path);
     bool CloseAllForSuite();
     void RememberSuite();
 
@@ -69,6 +72,7 @@ private:
     CommandLine* line_;
     QLabel* coordinates_;
     QLabel* suite_;
+    std::string shownSuite_;
     std::vector<AcApDocument*> documents_;  ///< as the tabs show them
 };
 

@@ -15,8 +15,8 @@ constexpr double kGreatestHeight = 1e12;
 ViewTransform::ViewTransform(const AcApView& view, QSize window)
     : center_{view.center.x, view.center.y},
       middle_(window.width() / 2.0, window.height() / 2.0),
-      window_(window),
-      scale_(kUsed * std::min(window.width() / view.width, window.height() / view.height)) {}
+      window_(window.expandedTo(QSize(1, 1))),
+      scale_(kUsed * std::min(window_.width() / view.width, window_.height() / view.height)) {}
 
 QPointF ViewTransform::ToPixel(picture::Point point) const {
     return {middle_.x() + (point.x - center_.x) * scale_,

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QStyle>
 #include <QToolBar>
 #include <functional>
@@ -40,6 +41,8 @@ std::vector<Entry> FileEntries() {
          &MainWindow::ChooseSaveName},
         {"&Close", "关闭(&C)", QKeySequence(Qt::CTRL | Qt::Key_F4), Command("CLOSE")},
         {},
+        {"&Plot...", "打印(&P)...", QKeySequence::Print, &MainWindow::Plot, true},
+        {},
         {"Open Suite &Folder...", "打开工程目录(&F)...", {}, &MainWindow::ChooseSuite},
     };
 }
@@ -70,6 +73,13 @@ std::vector<Entry> ChartEntries() {
     };
 }
 
+/// The text of a tool button: without mnemonic, dots and the command's name.
+QString ToolText(QString text) {
+    static const QRegularExpression mnemonic(
+        QStringLiteral("\\(&.\\)|&|\\.\\.\\.|\\(?[A-Z]+GRDX\\)?"));
+    return text.remove(mnemonic).simplified();
+}
+
 void Fill(MainWindow& window, QMenu& menu, QToolBar& toolBar, const std::vector<Entry>& entries) {
     for (const Entry& entry : entries) {
         if (entry.english == nullptr) {
@@ -81,11 +91,11 @@ void Fill(MainWindow& window, QMenu& menu, QToolBar& toolBar, const std::vector<
         action->setShortcut(entry.keys);
         QObject::connect(action, &QAction::triggered, &window,
                          [&window, run = entry.run] { run(window); });
+        action->setIconText(ToolText(action->text()));
         if (entry.inToolBar) {
             toolBar.addAction(action);
         }
     }
-    toolBar.addSeparator();
 }
 
 void AddRecentSuites(MainWindow& window, QMenu& file) {
@@ -115,6 +125,7 @@ void MakeMenus(MainWindow& window) {
 
     QMenu& file = addMenu("&File", "文件(&F)");
     Fill(window, file, toolBar, FileEntries());
+    toolBar.addSeparator();
     AddRecentSuites(window, file);
     file.addSeparator();
     Fill(window, file, toolBar, {{"&Quit", "退出(&Q)", QKeySequence::Quit, Command("QUIT")}});
@@ -126,6 +137,7 @@ void MakeMenus(MainWindow& window) {
          {{"Zoom &Extents", "全部显示(&E)", QKeySequence(Qt::Key_F8), Command("ZOOM E"), true},
           {"Zoom &All", "显示图形界限(&A)", {}, Command("ZOOM A")}});
     AddBackground(window, view);
+    toolBar.addSeparator();
 
     Fill(window, addMenu("&Charts", "颗分图(&C)"), toolBar, ChartEntries());
 }

@@ -2,12 +2,15 @@
 
 #include <QFileDialog>
 #include <QMenu>
+#include <QProgressDialog>
 #include <QSettings>
 #include <QTimer>
 #include <optional>
 
+#include "apps/desk/CommandLine.h"
 #include "apps/desk/DrawingView.h"
 #include "apps/desk/MainWindow.h"
+#include "apps/desk/PlotWindow.h"
 #include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
 #include "platform/ap/AcApDocManager.h"
@@ -19,6 +22,8 @@ namespace desk {
 namespace {
 constexpr const char* kRecentSuites = "recentSuites";
 constexpr qsizetype kRecentCount = 8;
+constexpr int kPatienceMilliseconds = 300;
+constexpr qsizetype kToldFaults = 20;  ///< more do not fit on a screen
 
 QString DrawingFilter() {
     return windows::InterfaceText("Drawings (*.dwg)", "图形文件 (*.dwg)");
@@ -53,23 +58,39 @@ QString StartFolder(const Session& session) {
 }  // namespace
 
 void MainWindow::OpenDrawings(const QStringList& paths) {
+    QProgressDialog progress(windows::InterfaceText("Opening drawings...", "正在打开图形……"),
+                             windows::InterfaceText("Cancel", "取消"), 0,
+                             static_cast<int>(paths.size()), this);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(kPatienceMilliseconds);
     QStringList failed;
     for (const QString& path : paths) {
-        const std::optional<QString> word = PathWord(path);
-        std::string said;
-        if (!word) {
-            failed << path +
-                          windows::InterfaceText(": the name has characters that GBK does not have",
-                                                 ": 文件名中有 GBK 字符集以外的字符");
-        } else if (!session_.Run(windows::ToGbk(QStringLiteral("OPEN ") + *word), said)) {
-            failed << QString::fromStdString(said).trimmed();
-        } else {
-            session_.Feed().Start("ZOOM E");
+        if (const QString fault = OpenDrawing(path); !fault.isEmpty()) {
+            failed << fault;
+        }
+        progress.setValue(progress.value() + 1);
+        if (progress.wasCanceled()) {
+            break;
         }
     }
     if (!failed.isEmpty()) {
-        TellError(failed.join(QLatin1Char('\n')));
+        TellError(failed.mid(0, kToldFaults).join(QLatin1Char('\n')));
     }
+}
+
+/// What stands against opening it; empty when it is open.
+QString MainWindow::OpenDrawing(const QString& path) {
+    const std::optional<QString> word = PathWord(path);
+    if (!word) {
+        return path + windows::InterfaceText(": the name has characters that GBK does not have",
+                                             ": 文件名中有 GBK 字符集以外的字符");
+    }
+    std::string said;
+    if (!session_.Run(windows::ToGbk(QStringLiteral("OPEN ") + *word), said)) {
+        return QString::fromStdString(said).trimmed();
+    }
+    session_.Feed().Start("ZOOM E");
+    return {};
 }
 
 void MainWindow::ChooseDrawings() {
@@ -99,6 +120,18 @@ void MainWindow::ChooseSaveName() {
     } else {
         TellError(path + windows::InterfaceText(": the name has characters that GBK does not have",
                                                 ": 文件名中有 GBK 字符集以外的字符"));
+    }
+}
+
+void MainWindow::Plot() {
+    AcApDocument* const document = acDocManager->curDocument();
+    if (document == nullptr || session_.Feed().IsRunning()) {
+        return;
+    }
+    PlotWindow window(documents_, document, this);
+    window.exec();
+    if (!window.Written().isEmpty()) {
+        line_->Print(QLatin1Char('\n') + window.Written() + QLatin1Char('\n'));
     }
 }
 

@@ -94,6 +94,11 @@ void Person::Act() {
         return;
     }
     if (steps_.empty()) {
+        tries_ = Front() == nullptr ? 0 : tries_ + 1;
+        if (tries_ > kMaxTries) {
+            failed_ = true;
+            ADD_FAILURE() << "nobody answers " << Front()->windowTitle().toStdString();
+        }
         return;
     }
     const Step step = steps_.front();

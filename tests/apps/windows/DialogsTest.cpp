@@ -126,16 +126,11 @@ TEST_F(Dialogs, SheetLooksAsItsTemplatesSay) {
 TEST_F(Dialogs, ARefusedOkKeepsTheSheetOpenWithTheRightPageInFront) {
     person_.In(kSheet, [](QWidget& sheet) { BringToFront(sheet, 2); });
     person_.Press(kSheet, IDOK);
-    person_.Then("the box is answered by Enter", [] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (box == nullptr) {
-            return false;
-        }
-        EXPECT_EQ(box->text(), "请选择试样编号");
-        EXPECT_EQ(box->windowTitle(), "GRDX");
-        EXPECT_EQ(box->icon(), QMessageBox::NoIcon);
-        QTest::keyClick(box, Qt::Key_Return);
-        return true;
+    person_.In("GRDX", [](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.text(), "请选择试样编号");
+        EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        QTest::keyClick(&box, Qt::Key_Return);
     });
     person_.In(kSheet, [](QWidget& sheet) {
         EXPECT_EQ(sheet.findChild<QTabBar*>()->currentIndex(), 0);
@@ -233,20 +228,15 @@ TEST_F(Dialogs, LayerSheetAndBrowser) {
 }
 
 TEST_F(Dialogs, ABoxOfYesAndNoHasToBeAnswered) {
-    person_.Then("neither Esc nor the close button answers", [] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (box == nullptr) {
-            return false;
-        }
-        EXPECT_EQ(box->windowTitle(), "颗分");
-        EXPECT_EQ(box->icon(), QMessageBox::Information);
-        EXPECT_EQ(Control<QPushButton>(*box, IDYES)->text(), "是(&Y)");
-        EXPECT_EQ(box->defaultButton(), Control<QPushButton>(*box, IDYES));
-        QTest::keyClick(box, Qt::Key_Escape);
-        box->close();
-        EXPECT_TRUE(box->isVisible());
-        QTest::keyClick(box, Qt::Key_N, Qt::AltModifier);
-        return true;
+    person_.In("颗分", [](QWidget& window) {
+        auto& box = dynamic_cast<QMessageBox&>(window);
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(Control<QPushButton>(box, IDYES)->text(), "是(&Y)");
+        EXPECT_EQ(box.defaultButton(), Control<QPushButton>(box, IDYES));
+        QTest::keyClick(&box, Qt::Key_Escape);
+        box.close();
+        EXPECT_TRUE(box.isVisible()) << "neither Esc nor the close button answers";
+        QTest::keyClick(&box, Qt::Key_N, Qt::AltModifier);
     });
     const int answer = windows_.ShowMessageBox(
         {windows::ToGbk("是否入库?"), windows::ToGbk("颗分"), MB_YESNO | MB_ICONINFORMATION});
