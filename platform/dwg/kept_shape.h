@@ -9,3 +9,6 @@
 /// dimensions by their blocks. The fields stay as they are. False for other types, and for
 /// fields that do not make sense: nothing is drawn then.
 bool DrawKeptShape(const AcDbKeptEntity& entity, AcGiWorldDraw& context);
+
+/// The part of DrawKeptShape for what is drawn by nothing but its own fields and vertices.
+bool DrawKeptCurve(const AcDbKeptEntity& entity, AcGiWorldDraw& context);

@@ -81,6 +81,30 @@ TEST_F(InsertTest, TheTargetsOwnDefinitionsWin) {
     EXPECT_THAT(entities(target_, kPath), SizeIs(1));
 }
 
+TEST_F(InsertTest, StylesAndBlocksOfTheTargetWinToo) {
+    const AcDbObjectId style = addTextStyle("TITLE", "target.shx", "");
+    const AcDbObjectId nested = addBlock("Nested");
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "Nested");
+    save();
+    const auto target = read();
+    // Since then the template has gone another way.
+    AcDbTextStyleTableRecord* record = nullptr;
+    ASSERT_EQ(acdbOpenObject(record, style, AcDb::kForWrite), Acad::eOk);
+    record->setFileName("source.shx");
+    record->close();
+    append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 2), "Nested");
+    append(std::make_unique<AcDbText>(AcGePoint3d(), "A3", style, 0.003));
+    append(std::make_unique<AcDbBlockReference>(AcGePoint3d(), nested));
+    AcDbObjectId id;
+    ASSERT_EQ(target->insert(id, kPath, &database_), Acad::eOk);
+    const std::vector<std::string> picture = describe(*target, kPath);
+    ASSERT_THAT(picture, SizeIs(4));
+    EXPECT_THAT(picture[1], testing::HasSubstr("target.shx"));
+    EXPECT_THAT(picture[3], testing::HasSubstr("polyline 0,0 1,0")) << "and no circle";
+    save(*target, "target.dwg");
+    EXPECT_EQ(describe(*read("target.dwg"), kPath), picture);
+}
+
 TEST_F(InsertTest, ReferencesAmongTheEntitiesFollowThem) {
     auto* circle = append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 1));
     auto hatch = std::make_unique<AcDbHatch>();
