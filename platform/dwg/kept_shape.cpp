@@ -16,6 +16,7 @@
 namespace {
 
 constexpr std::uint16_t kTextType = 1;
+constexpr std::uint16_t kAttributeType = 2;
 constexpr std::uint16_t kBlockReferenceType = 7;
 
 /// Reads the fields of an entity that is kept as those of a class that is understood, into an
@@ -160,8 +161,10 @@ bool drawBlockReference(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bo
         reference->worldDraw(&context);
     }
     for (AcDbKeptEntity* attribute : PartsOf(entity, 1)) {
-        const DwgReadAccess access(*attribute);
-        attribute->worldDraw(&context);
+        if (attribute->keptClass().type == kAttributeType) {
+            const DwgReadAccess access(*attribute);
+            attribute->worldDraw(&context);
+        }
     }
     return true;
 }

@@ -96,7 +96,18 @@ protected:
 TEST_F(KeptShapeTest, CommonTypesAreDrawnByTheirFields) {
     const AcDbObjectId style = addTextStyle("NOTE", "a.shx", "b.shx");
     const auto drawnOf = [&](std::uint16_t type, const Fill& fill) {
-        return drawn(add(type, fill, {{5, style}}));
+        const std::vector<std::string> whole = drawn(add(type, fill, {{5, style}}));
+        // Fields that end too early draw what they would, or nothing.
+        DwgBitWriter bits;
+        fill(bits);
+        for (std::size_t count = 0; count < bits.bitPosition(); ++count) {
+            const auto cut = [&](DwgBitWriter& b) {
+                fill(b);
+                b.truncate(count);
+            };
+            EXPECT_THAT(drawn(add(type, cut, {{5, style}})), testing::AnyOf(IsEmpty(), whole));
+        }
+        return whole;
     };
     EXPECT_THAT(drawnOf(17,
                         [](DwgBitWriter& b) {
@@ -242,6 +253,9 @@ TEST_F(KeptShapeTest, OlderPolylinesAndRowsOfReferencesAreDrawn) {
                            {{5, frame}});
     const std::vector<std::string> lines{"[256] polyline 10,0 11,0", "polyline 15,0 16,0"};
     EXPECT_EQ(drawn(const_cast<AcDbKeptEntity*>(rows)), lines);
+    AcDbKeptEntity* loop = add(7, [](DwgBitWriter& b) { reference(b, 0, 0, true); }, {{5, frame}});
+    own(*loop, {loop->objectId()}, loop->objectId());
+    EXPECT_THAT(drawn(loop), ElementsAre("[256] polyline 0,0 1,0")) << "is not its own attribute";
     // A dimension is a picture in a block.
     EXPECT_THAT(drawn(add(21, [](DwgBitWriter&) {}, {{5, frame}})),
                 ElementsAre("[256] polyline 0,0 1,0"));
