@@ -140,4 +140,25 @@ TEST_F(AcDbBlockReferenceTest, ErasedEntitiesAreLeftOutOpenOnesDrawn) {
     EXPECT_EQ(loose.getGeomExtents(box), Acad::eDegenerateGeometry);
 }
 
+TEST_F(AcDbBlockReferenceTest, BlocksThatMultiplyBeyondReasonComeToAnEnd) {
+    AcDbObjectId inner = addBlock("0th");
+    addLine("0th");
+    // Ten references to the block before, twenty times over.
+    for (int level = 1; level <= 20; ++level) {
+        const std::string name = std::to_string(level) + "th";
+        const AcDbObjectId block = addBlock(name.c_str());
+        for (int i = 0; i < 10; ++i) {
+            append(referenceTo(inner, {1.0 * i, 0, 0}), name.c_str());
+        }
+        inner = block;
+    }
+    AcDbBlockReference* const reference = append(referenceTo(inner));
+    AcDbEntity* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, reference->objectId(), AcDb::kForRead), Acad::eOk);
+    AcDbExtents box;
+    EXPECT_EQ(opened->getGeomExtents(box), Acad::eOk);
+    opened->close();
+    EXPECT_GE(box.maxPoint().x, 6.0);
+}
+
 }  // namespace
