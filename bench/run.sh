@@ -87,3 +87,6 @@ read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" plot "${sheets[@
     --to pdf -o "$scratch/all.pdf")"
 echo
 awk "BEGIN{printf \"%d sheets as pages of one PDF file: %.1f ms a sheet, start included, peak %s MB\n\", ${#sheets[@]}, $seconds*1000/${#sheets[@]}, \"$memory\"}"
+
+echo
+"$build/bin/bench_desk" "$scratch/suite100" "${sheets[@]}" 2>/dev/null

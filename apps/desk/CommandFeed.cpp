@@ -48,9 +48,16 @@ void CommandFeed::Put(const std::string& line) {
     }
 }
 
-bool CommandFeed::RunQueued() {
+void CommandFeed::RunSent() {
+    if (!running_) {
+        Put(host::CommandInput::kCancel);  // after it, as after any command, that is run
+        RunQueued(false);
+    }
+}
+
+bool CommandFeed::RunQueued(bool repeatable) {
     running_ = true;
-    takeName_ = true;
+    takeName_ = repeatable;
     host::CommandInput input([this] { return NextLine(); });
     const bool good = interpreter_.Run(input);
     running_ = false;
@@ -81,7 +88,6 @@ std::optional<std::string> CommandFeed::NextLine() {
     }
     std::string line = std::move(lines_.front());
     lines_.pop_front();
-    takeName_ = takeName_ || depth_ == 0;
     return line;
 }
 

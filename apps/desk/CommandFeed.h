@@ -29,6 +29,8 @@ public:
     bool Submit(const std::string& line);
     /// Starts commands as a menu does: what waits is cancelled first.
     bool Start(const std::string& line);
+    /// Runs what was sent to the document that has become current.
+    void RunSent();
     /// Gives up the waiting command. False when none waits.
     bool Cancel();
 
@@ -41,7 +43,7 @@ public:
 
 private:
     std::optional<std::string> NextLine();
-    bool RunQueued();
+    bool RunQueued(bool repeatable = true);
     void Put(const std::string& line);
     void commandWillStart(const char* commandName) override;
     void commandEnded(const char* commandName) override;

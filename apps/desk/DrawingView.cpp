@@ -64,6 +64,7 @@ void DrawingView::SetDocument(AcApDocument* document) {
     document_ = document;
     database_ = database;
     selection_.clear();
+    picture_ = picture::DisplayList();
     windowCorner_.reset();
     panFrom_.reset();
     pressed_ = false;
@@ -71,11 +72,19 @@ void DrawingView::SetDocument(AcApDocument* document) {
 }
 
 void DrawingView::Rebuild() {
-    picture_ =
-        database_ != nullptr ? picture::PictureOf(*database_, fonts_) : picture::DisplayList();
+    stale_ = true;
     std::erase_if(selection_, [](AcDbObjectId id) { return !IsOpen(id); });
     LoadGrips();
     update();
+}
+
+const picture::DisplayList& DrawingView::Picture() {
+    if (stale_ && (!mayLook || mayLook())) {
+        stale_ = false;
+        picture_ =
+            database_ != nullptr ? picture::PictureOf(*database_, fonts_) : picture::DisplayList();
+    }
+    return picture_;
 }
 
 void DrawingView::SetAsking(bool asking) {
@@ -193,7 +202,7 @@ void DrawingView::PressGrip(int grip, bool shift) {
 }
 
 bool DrawingView::PressEntity(picture::Point point, bool shift) {
-    const auto entity = EntityAt(picture_, point, Reach());
+    const auto entity = EntityAt(Picture(), point, Reach());
     if (!entity) {
         return false;
     }
@@ -218,7 +227,7 @@ void DrawingView::FinishWindow(bool shift) {
     const bool crossing = cursor_.x < windowCorner_->x;
     windowCorner_.reset();
     pressed_ = false;
-    Add(EntitiesIn(picture_, box, crossing), shift);
+    Add(EntitiesIn(Picture(), box, crossing), shift);
     update();
 }
 

@@ -24,8 +24,12 @@ public:
 
     /// Shows a document, null for none. A change of document ends selection and drag.
     void SetDocument(AcApDocument* document);
-    /// The drawing has changed: it is drawn anew, what is left of the selection stays.
+    /// The drawing has changed: it is drawn anew when it is next looked at, what is left of the
+    /// selection stays.
     void Rebuild();
+    /// Tells whether entities may be looked at; while a command runs it may hold some of them open,
+    /// and what was seen before stays.
+    std::function<bool()> mayLook;
     /// Looks fonts up anew: another suite folder has others.
     void ForgetFonts() { fonts_ = picture::FontLibrary(); }
     /// What was wrong with font files since the last call (UTF-8).
@@ -48,7 +52,7 @@ public:
 
     picture::Point ToPlane(QPointF pixel) const { return Transform().ToPlane(pixel); }
     QPointF ToPixel(picture::Point point) const { return Transform().ToPixel(point); }
-    const picture::DisplayList& Picture() const { return picture_; }
+    const picture::DisplayList& Picture();
 
     /// A point was clicked while a command asks.
     std::function<void(picture::Point)> onPoint;
@@ -88,6 +92,7 @@ private:
     AcDbDatabase* database_ = nullptr;  ///< the document's; tells a new one in the same place
     picture::FontLibrary fonts_;
     picture::DisplayList picture_;
+    bool stale_ = false;
     mutable paint::PicturePainter painter_;
     paint::Look look_;
     bool asking_ = false;

@@ -124,6 +124,7 @@ void MainWindow::Connect() {
         }
     });
 
+    view_->mayLook = [this] { return !session_.Feed().IsRunning(); };
     view_->onPoint = [this](picture::Point point) {
         const QString text =
             QStringLiteral("%1,%2").arg(point.x, 0, 'f', 6).arg(point.y, 0, 'f', 6);
@@ -147,7 +148,7 @@ void MainWindow::Connect() {
                 acDocManager->activateDocument(static_cast<AcApDocument*>(document));
             },
             documents_.at(static_cast<std::size_t>(index)));
-        ShowState();
+        session_.Feed().RunSent();
     });
     connect(tabs_, &QTabBar::tabCloseRequested, this, [this](int index) {
         tabs_->setCurrentIndex(index);
@@ -204,7 +205,10 @@ void MainWindow::ShowDrawing() {
         view_->ForgetFonts();
     }
     view_->SetDocument(acDocManager->curDocument());
-    view_->Rebuild();
+    if (!session_.Feed().IsRunning()) {
+        view_->Rebuild();
+    }
+    view_->update();
     for (const std::string& fault : view_->TakeFontFaults()) {
         line_->Print(QStringLiteral("\n%1\n").arg(QString::fromStdString(fault)));
     }
@@ -219,10 +223,10 @@ void MainWindow::ShowDocuments() {
     for (std::size_t i = 0; i < documents_.size(); ++i) {
         const int tab = static_cast<int>(i);
         const QString title = TitleOf(*documents_[i]);
-        if (tab < tabs_->count()) {
-            tabs_->setTabText(tab, title);
-        } else {
+        if (tab >= tabs_->count()) {
             tabs_->addTab(title);
+        } else if (tabs_->tabText(tab) != title) {  // a change lays all of them out
+            tabs_->setTabText(tab, title);
         }
         tabs_->setTabToolTip(tab, windows::FromGbk(documents_[i]->fileName()));
         if (documents_[i] == acDocManager->curDocument()) {

@@ -86,15 +86,22 @@ void Session::OnFault(const std::string& fault) {
     }
 }
 
-/// What nobody has said by the end of a command is said then.
+/// What nobody has said by the end of a command is said then, where it cannot be overlooked.
 void Session::OnState() {
+    std::string faults;
     if (!feed_->IsRunning()) {
         for (const std::string& fault : std::exchange(unsaidFaults_, {})) {
-            OnText("\n" + win32::GbkFromUtf8(fault));
+            faults += "\n" + win32::GbkFromUtf8(fault);
         }
+    }
+    if (!faults.empty()) {
+        OnText(faults);
     }
     if (stateListener_) {
         stateListener_();
+    }
+    if (!faults.empty()) {
+        windows_.ShowMessageBox({faults.substr(1), "", MB_OK | MB_ICONEXCLAMATION});
     }
 }
 

@@ -35,7 +35,7 @@ void DrawingView::paintEvent(QPaintEvent* /*event*/) {
     }
     painter.setRenderHint(QPainter::Antialiasing);
     const ViewTransform transform = Transform();
-    painter_.paint(painter, picture_, transform.Map(), transform.Visible(), look_);
+    painter_.paint(painter, Picture(), transform.Map(), transform.Visible(), look_);
     PaintRubber(painter);
     PaintGrips(painter);
     PaintWindow(painter);

@@ -7,6 +7,8 @@
 #include <QWheelEvent>
 #include <fstream>
 
+#include <sqlite3.h>
+
 #include "platform/ap/AcApDocManager.h"
 #include "platform/mfc/message_box.h"
 #include "tests/apps/desk/DeskFixture.h"
@@ -119,6 +121,21 @@ TEST_F(Commands, WhatCannotBeOpenedIsToldInABox) {
     person_.Finish();
     EXPECT_EQ(session_.SuiteFolder(), suite_.Folder()) << "the one before stays";
     EXPECT_EQ(acDocManager->documentCount(), 1);
+}
+
+TEST_F(Commands, WhatTheDatabaseRefusesIsToldInABox) {
+    const std::string locked = suite_.Database();
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(locked.c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    const QString title = "颗粒分析成果图";
+    person_.In(title,
+               [](QWidget& sheet) { ClickItem(*Control<QAbstractItemView>(sheet, 2001), "1"); });
+    person_.Press(title, IDOK);
+    person_.Answer("database is locked", IDOK);
+    TypeLine("CGRDX");
+    person_.Finish();
+    sqlite3_close(other);
 }
 
 TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
