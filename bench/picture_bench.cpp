@@ -21,7 +21,7 @@ std::unique_ptr<AcDbDatabase> sheet;
 
 void TellShapes(benchmark::State& state) {
     picture::FontLibrary fonts;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         benchmark::DoNotOptimize(picture::PictureOf(*sheet, fonts));
     }
 }
@@ -41,7 +41,7 @@ void RedrawWhilePanning(benchmark::State& state) {
                              QTransform::fromTranslate(-960, -540) *
                              QTransform::fromScale(zoom, zoom);
     int frame = 0;
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         ++frame;
         const QTransform map =
             whole * QTransform::fromTranslate(960 + frame % 40 * 3.3, 540 + frame % 30 * 1.7);

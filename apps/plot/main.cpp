@@ -72,38 +72,58 @@ bool Run(const plot::Request& request, const std::string& suite) {
                           Complain});
 }
 
+/// What the command line asked for.
+class CommandLine {
+public:
+    CommandLine() {
+        app_.name("grdx plot");
+        app_.add_option("file", request_.drawings, "DWG file")->required();
+        app_.add_option("--to", request_.format, "kind of page: pdf, svg or png")
+            ->required()
+            ->transform(
+                CLI::Transformer(std::map<std::string, plot::Format>{{"pdf", plot::Format::kPdf},
+                                                                     {"svg", plot::Format::kSvg},
+                                                                     {"png", plot::Format::kPng}}))
+            ->type_name("");
+        app_.add_option("-o,--output", request_.output,
+                        "the file to write, drawings as pages of one PDF; else one beside each");
+        app_.add_option("--dpi", request_.options.dpi, "dots an inch of PNG pictures")
+            ->check(CLI::Range(10.0, 2400.0))
+            ->capture_default_str();
+        app_.add_flag("--monochrome", request_.options.monochrome, "everything black");
+        app_.add_option("-s,--suite", suite_, "suite folder, for its fonts")->envname("GRDX_SUITE");
+    }
+
+    int run(int argc, char** argv) {
+        try {
+            app_.parse(argc, argv);
+            if (request_.format != plot::Format::kPdf && request_.drawings.size() > 1 &&
+                !request_.output.empty()) {
+                throw CLI::ValidationError("--output",
+                                           "names one page, so it goes with one drawing");
+            }
+        } catch (const CLI::ParseError& error) {
+            return app_.exit(error) == 0 ? kDone : kWrongUsage;
+        }
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(PassOnFaults);
+        const QGuiApplication application(argc, argv);
+        return Run(request_, suite_) ? kDone : kRefused;
+    }
+
+private:
+    CLI::App app_{"Drawings as pages and pictures"};
+    plot::Request request_;
+    std::string suite_;
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    CLI::App app{"Drawings as pages and pictures"};
-    app.name("grdx plot");
-    plot::Request request;
-    std::string suite;
-    const std::map<std::string, plot::Format> formats{
-        {"pdf", plot::Format::kPdf}, {"svg", plot::Format::kSvg}, {"png", plot::Format::kPng}};
-    app.add_option("file", request.drawings, "DWG file")->required();
-    app.add_option("--to", request.format, "kind of page: pdf, svg or png")
-        ->required()
-        ->transform(CLI::Transformer(formats))
-        ->type_name("");
-    app.add_option("-o,--output", request.output,
-                   "the file to write, all drawings as pages of one PDF; else one beside each");
-    app.add_option("--dpi", request.options.dpi, "dots an inch of PNG pictures")
-        ->check(CLI::Range(10.0, 2400.0))
-        ->capture_default_str();
-    app.add_flag("--monochrome", request.options.monochrome, "everything black");
-    app.add_option("-s,--suite", suite, "suite folder, for its fonts")->envname("GRDX_SUITE");
     try {
-        app.parse(argc, argv);
-        if (request.format != plot::Format::kPdf && request.drawings.size() > 1 &&
-            !request.output.empty()) {
-            throw CLI::ValidationError("--output", "names one page, so it goes with one drawing");
-        }
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? kDone : kWrongUsage;
+        return CommandLine().run(argc, argv);
+    } catch (const std::exception& failure) {
+        Complain(failure.what());
+        return kRefused;
     }
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    qInstallMessageHandler(PassOnFaults);
-    const QGuiApplication application(argc, argv);
-    return Run(request, suite) ? kDone : kRefused;
 }
