@@ -12,7 +12,7 @@ scratch=$(mktemp -d)
 # Nothing is deleted before the end: file systems are slow to reuse what was just freed.
 trap 'rm -rf "$scratch"' EXIT
 
-for program in bench_curve bench_browser; do
+for program in bench_curve bench_drawing bench_browser; do
     "$build/bin/$program" --benchmark_min_time=0.5 2>/dev/null
 done
 

@@ -10,6 +10,7 @@
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/DwgFileWriter.h"
+#include "platform/gi/ExtentsWorldDraw.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "src/entity/CKFCurve.h"
 
@@ -48,6 +49,32 @@ std::optional<std::string> Write(AcDbDatabase& database) {
     }
 }
 
+void Draw(const AcDbDatabase& database) {
+    ExtentsWorldDraw context;
+    const AcDbObject& space = *AcDbDatabase::objectOf(database.header().BLOCK_RECORD_MODEL_SPACE);
+    for (const AcDbObjectId id : static_cast<const AcDbBlockTableRecord&>(space).entityIds()) {
+        AcDbEntity* entity = nullptr;
+        if (acdbOpenObject(entity, id, AcDb::kForRead) == Acad::eOk) {
+            entity->worldDraw(&context);
+            entity->close();
+        }
+    }
+}
+
+void WriteAndReadAgain(AcDbDatabase& database) {
+    const std::optional<std::string> written = Write(database);
+    if (!written) {
+        return;
+    }
+    AcDbDatabase again(false);
+    if (const std::optional<std::string> fault = Read(again, *written)) {
+        Stop("what was written cannot be read: " + *fault);
+    }
+    if (!again.damage().empty()) {
+        Stop("what was written is damaged: " + again.damage().reasons.front());
+    }
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
@@ -62,17 +89,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (Read(database, std::string(reinterpret_cast<const char*>(data), size))) {
         return 0;
     }
-    const std::optional<std::string> written = Write(database);
-    if (!written) {
-        return 0;
+    Draw(database);
+    AcDbDatabase target;
+    AcDbObjectId block;
+    if (target.insert(block, "inserted", &database) == Acad::eOk) {
+        WriteAndReadAgain(target);
     }
-    AcDbDatabase again(false);
-    if (const std::optional<std::string> fault = Read(again, *written)) {
-        Stop("what was written cannot be read: " + *fault);
-    }
-    if (!again.damage().empty()) {
-        Stop("what was written is damaged: " + again.damage().reasons.front());
-    }
+    WriteAndReadAgain(database);
     return 0;
 }
 

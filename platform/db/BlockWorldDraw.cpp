@@ -59,10 +59,12 @@ void BlockWorldDraw::Traits::setColor(Adesk::UInt16 colorIndex) {
 }
 
 bool BlockWorldDraw::isDrawing(const AcGiWorldDraw& target, AcDbObjectId block) {
+    constexpr int kDeepest = 50;
+    int depth = 0;
     const AcGiWorldDraw* context = &target;
     while (const auto* const through = dynamic_cast<const TransformingWorldDraw*>(context)) {
         const auto* const inBlock = dynamic_cast<const BlockWorldDraw*>(through);
-        if (inBlock != nullptr && inBlock->block_ == block) {
+        if (++depth > kDeepest || (inBlock != nullptr && inBlock->block_ == block)) {
             return true;
         }
         context = &through->target();

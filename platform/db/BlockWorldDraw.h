@@ -15,7 +15,8 @@ public:
 
     AcGiSubEntityTraits& subEntityTraits() const override { return traits_; }
 
-    /// True when `target` already draws what is in the block.
+    /// True when `target` already draws what is in the block, or blocks within blocks deeper than
+    /// any sensible drawing has them.
     static bool isDrawing(const AcGiWorldDraw& target, AcDbObjectId block);
     /// Draws an entity of the block, unless it is erased or hidden. Blocks in blocks can multiply
     /// to more than anybody draws: beyond half a million entities of nested blocks a reference

@@ -51,12 +51,17 @@ DwgBlockCopier::DwgBlockCopier(AcDbDatabase& target, AcDbDatabase& source)
     findParts();
 }
 
-// Entities that stand in no block but belong to another entity: attributes, vertices.
+// Entities that stand in no block but belong to another entity: attributes, vertices. Parts have no
+// parts of their own.
 void DwgBlockCopier::findParts() {
+    const auto entityAt = [](AcDbObjectId id) {
+        const AcDbObject* object = AcDbDatabase::objectOf(id);
+        return object != nullptr && object->isKindOf(AcDbEntity::desc()) ? object : nullptr;
+    };
     for (AcDbStub& stub : source_.entries()) {
         if (stub.object && !stub.erased && stub.object->isKindOf(AcDbEntity::desc())) {
-            const AcDbObject* owner = AcDbDatabase::objectOf(stub.object->ownerId());
-            if (owner != nullptr && owner->isKindOf(AcDbEntity::desc())) {
+            const AcDbObject* owner = entityAt(stub.object->ownerId());
+            if (owner != nullptr && entityAt(owner->ownerId()) == nullptr) {
                 parts_[owner->objectId().stub()].emplace_back(&stub);
             }
         }

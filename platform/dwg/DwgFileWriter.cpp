@@ -48,8 +48,6 @@ DwgFileWriter::DwgFileWriter(AcDbDatabase& database)
 std::string DwgFileWriter::write() {
     writeObjects();
     nameVersion();
-    constexpr std::size_t kBesideObjects = 4096;
-    file_.reserve(objects_.size() + remains_.preview.size() + kBesideObjects);
     appendHead();
     appendAuxiliaryHeader();
     appendPreview();
@@ -68,7 +66,9 @@ void DwgFileWriter::writeObjects() {
     DwgObjectWriter writer(database_, plan_, classes_);
     map_.reserve(database_.entries().size());
     constexpr std::size_t kUsualObjectSize = 80;
-    objects_.reserve(std::max(remains_.file.size(), kUsualObjectSize * map_.capacity()));
+    constexpr std::size_t kBesideObjects = 8192;
+    objects_.reserve(std::max(remains_.file.size(), kUsualObjectSize * map_.capacity()) +
+                     kBesideObjects);
     // In the order of their handles, however the drawing came to be.
     std::vector<AcDbStub*> written;
     written.reserve(database_.entries().size());
@@ -98,8 +98,7 @@ void DwgFileWriter::writeObjects() {
 
 bool DwgFileWriter::hasBitsOfFile(const AcDbStub& stub, std::size_t start) const {
     const std::string_view old = std::string_view(remains_.file).substr(stub.filePosition);
-    const std::string_view now(reinterpret_cast<const char*>(objects_.data()) + start,
-                               objects_.size() - start);
+    const std::string_view now = std::string_view(objects_).substr(start);
     return stub.filePosition != 0 && old.starts_with(now);
 }
 
@@ -128,8 +127,7 @@ bool DwgFileWriter::isUntouched(const AcDbStub& stub) const {
 std::uint16_t DwgFileWriter::copyObject(const AcDbStub& stub) {
     const dwg::ObjectFrame frame = dwg::FrameAt(remains_.file, stub.filePosition);
     const std::size_t end = frame.contentPosition + frame.contentSize;
-    const std::uint8_t* bytes = dwg::BytesOf(remains_.file);
-    objects_.insert(objects_.end(), bytes + stub.filePosition, bytes + end + dwg::kCrcSize);
+    objects_.append(remains_.file, stub.filePosition, end + dwg::kCrcSize - stub.filePosition);
     return dwg::ShortAt(remains_.file, end);
 }
 
@@ -161,7 +159,9 @@ void DwgFileWriter::appendUnknownSections() {
 
 void DwgFileWriter::appendObjects() {
     objectsStart_ = static_cast<std::uint32_t>(file_.size());
-    file_.append(reinterpret_cast<const char*>(objects_.data()), objects_.size());
+    // They move on a little within their own memory: there is never a second copy of them.
+    objects_.insert(0, file_);
+    file_ = std::move(objects_);
     for (dwg::MapEntry& entry : map_) {
         entry.position += objectsStart_;
     }

@@ -55,7 +55,7 @@ private:
     const DwgFileRemains& remains_;
     DwgSavePlan plan_;
     DwgClassTable classes_;
-    std::vector<std::uint8_t> objects_;
+    std::string objects_;
     std::vector<dwg::MapEntry> map_;  // positions within objects_ at first
     std::uint64_t contentKey_ = 0;    // differs when an object does
     bool changed_ = false;            // an object is new, differs from the file's, or is gone

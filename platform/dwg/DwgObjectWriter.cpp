@@ -9,6 +9,7 @@
 #include "platform/dwg/codec/entity_fields.h"
 #include "platform/dwg/codec/kept_fields.h"
 #include "platform/dwg/crc.h"
+#include "platform/dwg/file_layout.h"
 #include "platform/gi/ProxyGraphicsRecord.h"
 
 namespace {
@@ -19,7 +20,7 @@ bool isLiving(AcDbObjectId id) {
 
 }  // namespace
 
-std::uint16_t DwgObjectWriter::write(AcDbObject& object, std::vector<std::uint8_t>& file) {
+std::uint16_t DwgObjectWriter::write(AcDbObject& object, std::string& file) {
     holder_ = object.objectId().handle();
     if (const DwgCodec* codec = FindCodec(object)) {
         begin(codec->fileClass ? classes_.numberOf(codec->fileClass) : codec->type, object);
@@ -167,7 +168,7 @@ void DwgObjectWriter::keptFields(const AcDbKeptFields& fields) {
     }
 }
 
-std::uint16_t DwgObjectWriter::finish(std::vector<std::uint8_t>& file) {
+std::uint16_t DwgObjectWriter::finish(std::string& file) {
     const std::size_t valueBits = data().bitPosition();
     const std::size_t referenceBits = handles().bitPosition();
     data().bitString(handles().view().data(), referenceBits);
@@ -178,15 +179,12 @@ std::uint16_t DwgObjectWriter::finish(std::vector<std::uint8_t>& file) {
     // The size comes in words of 15 bits.
     std::size_t size = bytes.size();
     for (; size > 0x7FFF; size >>= 15U) {
-        file.push_back(static_cast<std::uint8_t>(size));
-        file.push_back(static_cast<std::uint8_t>(size >> 8U | 0x80U));
+        dwg::AppendShort(file, static_cast<std::uint16_t>(size | 0x8000U));
     }
-    file.push_back(static_cast<std::uint8_t>(size));
-    file.push_back(static_cast<std::uint8_t>(size >> 8U));
-    file.insert(file.end(), bytes.begin(), bytes.end());
-    const std::uint16_t crc = dwg::Crc(file.data() + start, file.size() - start);
-    file.push_back(static_cast<std::uint8_t>(crc));
-    file.push_back(static_cast<std::uint8_t>(crc >> 8U));
+    dwg::AppendShort(file, static_cast<std::uint16_t>(size));
+    file.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    const std::uint16_t crc = dwg::Crc(dwg::BytesOf(file) + start, file.size() - start);
+    dwg::AppendShort(file, crc);
     return crc;
 }
 

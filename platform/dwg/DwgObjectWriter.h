@@ -27,7 +27,7 @@ public:
 
     /// Writes one living object and appends it, framed by its size and check sum, to `file`.
     /// Returns its check sum.
-    std::uint16_t write(AcDbObject& object, std::vector<std::uint8_t>& file);
+    std::uint16_t write(AcDbObject& object, std::string& file);
     /// The box around what the entities of modules that were written draw in model space.
     const AcDbExtents& extentsOfModules() const { return extentsOfModules_; }
 
@@ -63,7 +63,7 @@ private:
     void keptObject(const AcDbObject& object);
     void customObject(AcDbObject& object);
     void noteExtents(const AcDbEntity& entity, std::span<const std::uint8_t> graphics);
-    std::uint16_t finish(std::vector<std::uint8_t>& file);
+    std::uint16_t finish(std::string& file);
 
     AcDbDatabase& database_;
     const DwgSavePlan& plan_;

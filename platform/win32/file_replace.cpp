@@ -239,22 +239,23 @@ bool ReadFileWhole(const std::string& fileSystemPath, std::string& content, std:
     if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
         return fail(errno);
     }
-    std::string read;
-    // One byte more than the file has, so that its end is seen by the read that fills it.
-    std::size_t size = static_cast<std::size_t>(status.st_size) + 1;
+    // One byte more than the file has, so that its end is seen without more room.
+    std::string read(static_cast<std::size_t>(status.st_size) + 1, '\0');
+    std::size_t filled = 0;
     for (;;) {
-        const std::size_t before = read.size();
-        read.resize(before + size);
-        const ssize_t got = ::read(file.Get(), read.data() + before, size);
+        if (filled == read.size()) {
+            read.resize(filled + std::max<std::size_t>(filled / 2, 4096));
+        }
+        const ssize_t got = ::read(file.Get(), read.data() + filled, read.size() - filled);
         if (got < 0 && errno != EINTR) {
             return fail(errno);
         }
-        read.resize(before + (got < 0 ? 0 : static_cast<std::size_t>(got)));
         if (got == 0) {
             break;
         }
-        size = std::max<std::size_t>(size / 2, 4096);
+        filled += got < 0 ? 0 : static_cast<std::size_t>(got);
     }
+    read.resize(filled);
     content = std::move(read);
     return true;
 }

@@ -69,6 +69,25 @@ TEST_F(AcDbBlockReferenceTest, NestedReferencesMultiply) {
                 ElementsAre("[256] polyline 100,3 94,3"));
 }
 
+// Files can nest blocks as deep as they like.
+TEST_F(AcDbBlockReferenceTest, NestingWithoutEndIsCutOff) {
+    constexpr int kBlocks = 3000;
+    AcDbObjectId inner = addBlock("0");
+    addLine("0");
+    for (int i = 1; i < kBlocks; ++i) {
+        const std::string name = std::to_string(i);
+        const AcDbObjectId block = addBlock(name.c_str());
+        append(referenceTo(inner), name.c_str());
+        inner = block;
+    }
+    AcDbBlockReference* const reference = append(referenceTo(inner));
+    AcDbExtents box;
+    AcDbBlockReference* opened = nullptr;
+    ASSERT_EQ(acdbOpenObject(opened, reference->objectId(), AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(opened->getGeomExtents(box), Acad::eDegenerateGeometry) << "the line is too deep";
+    opened->close();
+}
+
 TEST_F(AcDbBlockReferenceTest, ExplodesIntoCopiesWhereTheyWereDrawn) {
     const AcDbObjectId block = addBlock("b");
     addLine("b", 3);

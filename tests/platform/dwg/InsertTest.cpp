@@ -149,6 +149,18 @@ TEST_F(InsertTest, EntitiesOfModulesAndUnknownOnesAreCopied) {
               copy.style);
 }
 
+// Entities that belong to each other in a long row, as no drawing has them but a file may.
+TEST_F(InsertTest, PartsOfPartsAreNotFollowed) {
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)));
+    AcDbObjectId owner = entities(database_)[0]->objectId();
+    for (int i = 0; i < 100'000; ++i) {
+        owner = database_.addObject(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(2, 0, 0)),
+                                    owner);
+    }
+    insert();
+    EXPECT_THAT(entities(target_, kPath), SizeIs(1));
+}
+
 TEST_F(InsertTest, WhatCannotBeInsertedIsSaid) {
     AcDbObjectId id;
     AcDbDatabase empty(false);
