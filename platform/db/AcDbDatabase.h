@@ -86,6 +86,8 @@ public:
     AcDbObjectId addObject(std::unique_ptr<AcDbObject> object, AcDbObjectId owner);
     /// The entry of a handle, made when missing; the object may come later. Null for handle 0.
     AcDbObjectId idOfHandle(AcDbHandle handle);
+    /// Frees what finding handles takes; it is made anew when a handle is next asked for.
+    void forgetHandles() { byHandle_ = {}; }
     /// Puts an object read from a file, all its fields set, behind its entry.
     void placeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> object);
     /// Every entry in handle order of creation, those without an object too.

@@ -16,8 +16,23 @@ AcDbObject::AcDbObject(const AcDbObject& other) : AcRxObject(other) {
 
 void AcDbObject::copyCommonData(const AcDbObject& other) {
     reactors_ = other.reactors_;
-    fileData_ = other.fileData_;
-    fileData_.extensionDictionary.setNull();
+    fileData_.reset();
+    if (other.fileData_ != nullptr) {
+        fileData_ = std::make_unique<AcDbObjectFileData>(*other.fileData_);
+        fileData_->extensionDictionary.setNull();
+    }
+}
+
+AcDbObjectFileData& AcDbObject::fileData() {
+    if (fileData_ == nullptr) {
+        fileData_ = std::make_unique<AcDbObjectFileData>();
+    }
+    return *fileData_;
+}
+
+const AcDbObjectFileData& AcDbObject::fileData() const {
+    static const AcDbObjectFileData none;
+    return fileData_ != nullptr ? *fileData_ : none;
 }
 
 AcDbObjectId AcDbObject::objectId() const {

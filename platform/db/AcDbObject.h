@@ -71,8 +71,9 @@ public:
     /// fields by filing; the object must be open for read.
     virtual std::unique_ptr<AcDbObject> clone() const;
 
-    AcDbObjectFileData& fileData() { return fileData_; }
-    const AcDbObjectFileData& fileData() const { return fileData_; }
+    /// Makes it where there was none: most objects have nothing of the kind.
+    AcDbObjectFileData& fileData();
+    const AcDbObjectFileData& fileData() const;
 
 protected:
     AcDbObject() = default;
@@ -88,7 +89,7 @@ private:
     AcDbStub* stub_ = nullptr;
     AcDbObjectId ownerId_;
     AcDbObjectIdArray reactors_;
-    AcDbObjectFileData fileData_;
+    std::unique_ptr<AcDbObjectFileData> fileData_;  // null for nothing
     bool changed_ = false;
 };
 

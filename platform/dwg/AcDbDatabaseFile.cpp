@@ -100,6 +100,7 @@ Acad::ErrorStatus AcDbDatabase::readFileAt(const std::string& path) {
         remains_ = reader.takeRemains();
         damage_ = reader.takeDamage();
         damage_.file = path;
+        forgetHandles();
         return Acad::eOk;
     } catch (const DwgFault& reason) {
         lastFileError_ = fault(path, reason.what());

@@ -141,8 +141,10 @@ void DwgBlockCopier::copyEntity(AcDbEntity& entity, AcDbObjectId owner) {
         return;
     }
     copy->setOwnerId(owner);
-    copy->fileData().extendedData.clear();
-    copy->fileData().extendedDataBits = 0;
+    if (std::as_const(*copy).fileData().extendedDataBits > 0) {
+        copy->fileData().extendedData.clear();
+        copy->fileData().extendedDataBits = 0;
+    }
     replaceReactors(*copy);
     replaceIds(*copy);
     const AcDbStub* stub = entity.objectId().stub();
@@ -186,7 +188,7 @@ void DwgBlockCopier::replaceIds(AcDbObject& copy) {
         IdReplacingFiler filer(translator);
         copy.dwgOutFields(&filer);
         copy.dwgInFields(&filer);
-        if (const auto& unread = copy.fileData().unreadFields) {
+        if (const auto unread = std::as_const(copy).fileData().unreadFields) {
             auto replaced = std::make_shared<AcDbKeptFields>(*unread);
             replaceReferences(*replaced, translator);
             copy.fileData().unreadFields = std::move(replaced);

@@ -1,5 +1,7 @@
 #include "platform/dwg/DwgCustomObjects.h"
 
+#include <utility>
+
 #include "platform/db/AcDbStub.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgInFiler.h"
@@ -45,7 +47,7 @@ std::vector<std::uint8_t> ProxyGraphicsOf(AcDbEntity& entity) {
 }
 
 void WriteCustomFields(DwgObjectWriter& writer, AcDbObject& object) {
-    const AcDbKeptFields* rest = object.fileData().unreadFields.get();
+    const AcDbKeptFields* rest = std::as_const(object).fileData().unreadFields.get();
     DwgOutFiler filer(writer, rest);
     object.dwgOutFields(&filer);
     if (rest != nullptr) {

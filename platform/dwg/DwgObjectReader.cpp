@@ -73,7 +73,11 @@ void DwgObjectReader::reactorsAndDictionary(AcDbObject& object) {
         }
     }
     object.setPersistentReactors(std::move(named));
-    hardOwners(object.fileData().extensionDictionary);
+    AcDbObjectId dictionary;
+    hardOwners(dictionary);
+    if (!dictionary.isNull()) {
+        object.fileData().extensionDictionary = dictionary;
+    }
 }
 
 void DwgObjectReader::linetype(AcDbObjectId& linetype) {
