@@ -53,6 +53,8 @@ public:
 protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// Opens the suite folder that had to wait.
+    void customEvent(QEvent* event) override;
 
 private:
     void documentToBeDestroyed(AcApDocument* document) override;
@@ -73,6 +75,7 @@ private:
     QLabel* coordinates_;
     QLabel* suite_;
     std::string shownSuite_;
+    QString nextSuite_;                     ///< to be opened when the running command has ended
     std::vector<AcApDocument*> documents_;  ///< as the tabs show them
 };
 

@@ -50,11 +50,15 @@ int main(int argc, char** argv) {
     }
     desk::MainWindow window(session);
     window.show();
-    QTimer::singleShot(0, &window, [&] {
+    const auto open = [&] {
         if (!error.empty()) {
             window.TellError(QString::fromStdString(error));
         }
         window.OpenDrawings(arguments.positionalArguments());
-    });
+    };
+    QTimer onceSeen;
+    onceSeen.setSingleShot(true);
+    QObject::connect(&onceSeen, &QTimer::timeout, &window, open);
+    onceSeen.start(0);
     return QApplication::exec();
 }

@@ -1,10 +1,11 @@
 // What the main window does with files and folders.
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QFileDialog>
 #include <QMenu>
 #include <QProgressDialog>
 #include <QSettings>
-#include <QTimer>
 #include <optional>
 
 #include "apps/desk/CommandLine.h"
@@ -147,7 +148,8 @@ void MainWindow::ChooseSuite() {
 bool MainWindow::OpenSuite(const QString& folder) {
     if (session_.Feed().IsRunning()) {  // and stands below us: it has to end first
         session_.Feed().Cancel();
-        QTimer::singleShot(0, this, [this, folder] { OpenSuite(folder); });
+        nextSuite_ = folder;
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
         return true;
     }
     const std::string path = QFileInfo(folder).absoluteFilePath().toStdString();
@@ -160,6 +162,10 @@ bool MainWindow::OpenSuite(const QString& folder) {
     }
     RememberSuite();
     return true;
+}
+
+void MainWindow::customEvent(QEvent* /*event*/) {
+    OpenSuite(nextSuite_);
 }
 
 /// Changed drawings may be saved first; the user may also stay.

@@ -1,6 +1,7 @@
 #include "apps/windows/ListBoxView.h"
 
 #include <QAbstractListModel>
+#include <QCoreApplication>
 #include <QItemSelection>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -49,9 +50,12 @@ ListBoxView::ListBoxView(mfc::ListBoxModel& list, QWidget* parent)
 void ListBoxView::NoteChange() {
     if (!stale_) {
         stale_ = true;
-        QMetaObject::invokeMethod(
-            this, [this] { Refresh(); }, Qt::QueuedConnection);
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     }
+}
+
+void ListBoxView::customEvent(QEvent* /*event*/) {
+    Refresh();
 }
 
 void ListBoxView::Refresh() {

@@ -25,6 +25,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    /// The change noted last is shown.
+    void customEvent(QEvent* event) override;
     void keyboardSearch(const QString& search) override;
 
 private:

@@ -78,12 +78,16 @@ void Person::Finish() {
 
 /// A timer of its own for every try: a step may end up in a further event loop.
 void Person::Arm() {
-    QTimer::singleShot(kPauseMilliseconds, [this, alive = alive_] {
+    auto* const timer = new QTimer(QCoreApplication::instance());
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, timer, [this, timer, alive = alive_] {
+        timer->deleteLater();
         if (*alive) {
             Arm();
             Act();
         }
     });
+    timer->start(kPauseMilliseconds);
 }
 
 void Person::Act() {
