@@ -148,6 +148,7 @@ DrawingInfo ReadDrawingInfo(const std::string& file, bool ofLayers) {
     info.file = file;
     info.codePage = CodePageOf(database.header().DWGCODEPAGE);
     info.ofLayers = ofLayers;
+    info.damage = database.damage().report();
     host::ForEachModelSpaceEntity(database, [&info](AcDbEntity& entity) {
         const std::string className = ClassName(entity);
         ++info.entities[className];

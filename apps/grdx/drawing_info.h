@@ -25,6 +25,7 @@ struct DrawingInfo {
     std::map<std::string, int> entities;  ///< those of model space, by class
     std::vector<Curve> curves;            ///< in drawing order
     bool ofLayers = false;                ///< the curves were read as those of layer charts
+    std::vector<std::string> damage;      ///< what is missing of a damaged drawing, for the user
 };
 
 /// Reads a drawing (path of the file system, UTF-8). `ofLayers` reads its curves as those of layer

@@ -137,6 +137,10 @@ bool Info(const Options& options, MessageStream& messages) {
             const console::DrawingInfo info = console::ReadDrawingInfo(file, options.layers);
             std::cout << (options.json ? console::DrawingAsJson(info).dump() + "\n"
                                        : console::DescribeDrawing(info));
+            for (const std::string& line : info.damage) {
+                messages.Report(line);
+                good = false;
+            }
         } catch (const Failure& failure) {
             messages.Report(failure.what());
             good = false;
