@@ -90,7 +90,7 @@ void ListSheets(benchmark::State& state, const char* prefix) {
         return {};
     });
     mfc::SetWindowSystem(&windows);
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         Browser browser(charts);
         browser.DoModal();
         windows.Reset();

@@ -30,7 +30,7 @@ void Fill(CKFCurve& curve) {
 void EightDiameters(benchmark::State& state) {
     CKFCurve curve;
     Fill(curve);
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         curve.ComputeDiameters();
         benchmark::DoNotOptimize(curve);
     }
@@ -75,7 +75,7 @@ void GripMoveToNewLabels(benchmark::State& state) {
     Fill(curve);
     UnseenDraw draw;
     double step = 0.5;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         curve.moveGripPointsAt({10}, {0.0, step, 0.0});
         curve.worldDraw(&draw);
         step = -step;

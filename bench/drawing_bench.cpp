@@ -77,7 +77,7 @@ void CountBytes(benchmark::State& state, std::size_t size) {
 
 void ReadLargeDrawing(benchmark::State& state) {
     const std::string& file = LargeFile();
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         benchmark::DoNotOptimize(Read(file));
     }
     CountBytes(state, file.size());
@@ -86,7 +86,7 @@ BENCHMARK(ReadLargeDrawing)->Unit(benchmark::kMillisecond);
 
 void WriteLargeDrawingBack(benchmark::State& state) {
     const auto drawing = Read(LargeFile());
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         benchmark::DoNotOptimize(FileOf(*drawing));
     }
     CountBytes(state, LargeFile().size());
@@ -129,7 +129,7 @@ void OpenAndSaveLargeDrawing(benchmark::State& state) {
         throw std::runtime_error(error);
     }
     std::size_t most = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         state.PauseTiming();
         const PeakMemory peak;
         state.ResumeTiming();
@@ -151,7 +151,7 @@ void WriteSheet(benchmark::State& state) {
     constexpr int kGroupsOfSheet = 43;
     const auto drawing = Drawing(kGroupsOfSheet);
     std::size_t size = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] const auto iteration : state) {
         size = FileOf(*drawing).size();
     }
     CountBytes(state, size);
