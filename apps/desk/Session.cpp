@@ -109,4 +109,8 @@ void Session::abortSave(AcDbDatabase* database) {
     OnFault(database->lastFileError());
 }
 
+void Session::insertIncomplete(AcDbDatabase* /*target*/, const std::string& finding) {
+    OnFault(finding);
+}
+
 }  // namespace desk

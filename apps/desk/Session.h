@@ -47,6 +47,7 @@ private:
     void OnFault(const std::string& fault);
     void OnState();
     void abortSave(AcDbDatabase* database) override;
+    void insertIncomplete(AcDbDatabase* target, const std::string& finding) override;
 
     windows::QtWindowSystem windows_;
     std::function<void(const std::string&)> sink_;

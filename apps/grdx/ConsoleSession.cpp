@@ -91,4 +91,8 @@ void ConsoleSession::abortRead(AcDbDatabase* database) {
     abortSave(database);
 }
 
+void ConsoleSession::insertIncomplete(AcDbDatabase* /*target*/, const std::string& finding) {
+    NoteFault(finding);
+}
+
 }  // namespace console

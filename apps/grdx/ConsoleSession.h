@@ -45,6 +45,7 @@ private:
     void saveComplete(AcDbDatabase* database, const char* path) override;
     void abortSave(AcDbDatabase* database) override;
     void abortRead(AcDbDatabase* database) override;
+    void insertIncomplete(AcDbDatabase* target, const std::string& finding) override;
 
     MessageStream& messages_;
     mfc::ScriptedWindowSystem windows_;

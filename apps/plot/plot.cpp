@@ -40,7 +40,7 @@ public:
         bool complete = true;
         for (const std::string& drawing : drawings) {
             try {
-                sheets.push_back(read(drawing));
+                sheets.push_back(read(drawing, report));
             } catch (const Refusal& refusal) {
                 report.refused(refusal.what());
                 complete = false;
@@ -50,8 +50,11 @@ public:
         return complete ? write(sheets, outputOf(drawings.front())) : std::string();
     }
 
+    /// True when a drawing plotted so far lacked something that its file should have.
+    bool damaged() const { return damaged_; }
+
 private:
-    paint::Sheet read(const std::string& drawing) {
+    paint::Sheet read(const std::string& drawing, const Report& report) {
         std::string windowsPath;
         if (!win32::WindowsPath(drawing, windowsPath)) {
             throw Refusal(drawing + ": the path has a character that GBK does not have");
@@ -60,6 +63,10 @@ private:
         if (database.readDwgFile(windowsPath.c_str()) != Acad::eOk) {
             throw Refusal(database.lastFileError());
         }
+        for (const std::string& line : database.damage().report()) {
+            report.noted(line);
+        }
+        damaged_ = damaged_ || !database.damage().empty();
         const std::string title = std::filesystem::path(drawing).stem().string();
         return {QString::fromStdString(title), picture::PictureOf(database, fonts_)};
     }
@@ -103,6 +110,7 @@ private:
     }
 
     const Request& request_;
+    bool damaged_ = false;
     picture::FontLibrary fonts_;
     paint::PicturePainter painter_;
 };
@@ -132,7 +140,7 @@ bool Plot(const Request& request, const Report& report) {
             good = false;
         }
     }
-    return good;
+    return good && !plotter.damaged();
 }
 
 }  // namespace plot

@@ -30,7 +30,8 @@ struct Report {
 /// Plots model spaces. Curves draw themselves when the plug-in is loaded, and as their proxy
 /// graphics when it is not. A drawing that cannot be read or a file that cannot be written is
 /// refused by name and the others go on; a file of several pages is written only when all of its
-/// drawings could be read. True when nothing was refused.
+/// drawings could be read. What a damaged drawing still has is plotted, and what is missing noted.
+/// True when nothing was refused and nothing was missing.
 bool Plot(const Request& request, const Report& report);
 
 }  // namespace plot

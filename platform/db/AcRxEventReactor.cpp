@@ -31,6 +31,7 @@ void tellAll(const Notification& notification) {
 void AcRxEventReactor::saveComplete(AcDbDatabase* /*database*/, const char* /*path*/) {}
 void AcRxEventReactor::abortSave(AcDbDatabase* /*database*/) {}
 void AcRxEventReactor::abortRead(AcDbDatabase* /*database*/) {}
+void AcRxEventReactor::insertIncomplete(AcDbDatabase* /*target*/, const std::string& /*finding*/) {}
 
 void acrxAddEventReactor(AcRxEventReactor* reactor) {
     if (reactor != nullptr && !isRegistered(reactor)) {
@@ -52,4 +53,8 @@ void acrxTellAbortSave(AcDbDatabase* database) {
 
 void acrxTellAbortRead(AcDbDatabase* database) {
     tellAll([&](AcRxEventReactor& reactor) { reactor.abortRead(database); });
+}
+
+void acrxTellInsertIncomplete(AcDbDatabase* target, const std::string& finding) {
+    tellAll([&](AcRxEventReactor& reactor) { reactor.insertIncomplete(target, finding); });
 }

@@ -1,5 +1,6 @@
 // Drawings from and to files.
 #include <filesystem>
+#include <map>
 #include <new>
 
 #include "platform/db/AcDbDatabase.h"
@@ -21,6 +22,23 @@ std::string fault(const std::string& path, const std::string& reason) {
 bool isSameFile(const std::string& path, const std::string& other) {
     std::error_code missing;
     return std::filesystem::equivalent(path, other, missing);
+}
+
+// A block with holes must not pass for the drawing it was made of.
+void tellOfMissing(AcDbDatabase& target, const AcDbDatabase& source,
+                   const std::map<std::string, std::size_t>& leftOut) {
+    if (!source.damage().empty()) {
+        acrxTellInsertIncomplete(&target,
+                                 fault(source.damage().file,
+                                       "the drawing is damaged; what is missing of it is missing "
+                                       "wherever it is inserted"));
+    }
+    for (const auto& [className, count] : leftOut) {
+        acrxTellInsertIncomplete(
+            &target, fault(win32::FileSystemPath(source.getFilename()),
+                           "cannot be inserted into another drawing and is left out: " + className +
+                               " (" + std::to_string(count) + ")"));
+    }
 }
 
 }  // namespace
@@ -127,6 +145,11 @@ Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char* blockN
     }
     table->getAt(blockName, blockId);
     table->close();
-    return blockId.isNull() ? DwgBlockCopier(*this, *source).copyModelSpace(blockName, blockId)
-                            : Acad::eOk;
+    if (!blockId.isNull()) {
+        return Acad::eOk;
+    }
+    DwgBlockCopier copier(*this, *source);
+    const Acad::ErrorStatus copied = copier.copyModelSpace(blockName, blockId);
+    tellOfMissing(*this, *source, copier.leftOut());
+    return copied;
 }

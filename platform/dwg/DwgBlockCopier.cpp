@@ -92,6 +92,8 @@ void DwgBlockCopier::copyEntities(const Block& block) {
             if (canCopy(*entity)) {
                 copied.push_back(entity);
                 announce(*entity);
+            } else {
+                ++leftOut_[static_cast<const AcDbKeptEntity&>(*entity).keptClass().name];
             }
         }
     }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <string>
 #include <unordered_map>
@@ -21,6 +23,8 @@ public:
 
     /// Makes the block; its name must not be taken.
     Acad::ErrorStatus copyModelSpace(const char* blockName, AcDbObjectId& blockId);
+    /// How many entities of which class could not be copied.
+    const std::map<std::string, std::size_t>& leftOut() const { return leftOut_; }
 
 private:
     using Children = std::vector<AcDbObjectId>;
@@ -53,4 +57,5 @@ private:
     std::unordered_map<const AcDbStub*, AcDbObjectId> counterparts_;
     std::unordered_map<const AcDbStub*, Children> parts_;  // of entities that own others
     std::vector<Block> pending_;
+    std::map<std::string, std::size_t> leftOut_;
 };

@@ -10,6 +10,7 @@
 #include "platform/dwg/file_layout.h"
 #include "platform/dwg/object_map.h"
 #include "tests/platform/dwg/DwgFixture.h"
+#include "tests/platform/dwg/FindingListener.h"
 
 namespace {
 
@@ -215,6 +216,11 @@ TEST_F(DamagedFileTest, ADamagedObjectIsLeftOutAndTheOriginalStays) {
     ASSERT_THAT(entities(*database), SizeIs(2));
     EXPECT_EQ(entities(*database)[0]->isA(), AcDbLine::desc());
     EXPECT_EQ(entities(*database)[1]->isA(), AcDbPolyline::desc());
+    const FindingListener listener;
+    AcDbDatabase sheet;
+    AcDbObjectId block;
+    EXPECT_EQ(sheet.insert(block, "original", database.get()), Acad::eOk);
+    EXPECT_THAT(listener.heard, ElementsAre(HasSubstr("original.dwg: the drawing is damaged")));
 
     for (const char* name : {"original.dwg", "link.dwg"}) {
         EXPECT_EQ(database->saveAs(folder_.Windows(name).c_str()), Acad::eFileAccessErr);

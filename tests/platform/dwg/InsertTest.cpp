@@ -6,10 +6,13 @@
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbText.h"
 #include "tests/platform/dwg/DwgFixture.h"
+#include "tests/platform/dwg/FindingListener.h"
 #include "tests/platform/dwg/TestCurve.h"
 
 namespace {
 
+using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::SizeIs;
 
 /// The fixture's own drawing is the one that is inserted.
@@ -99,8 +102,8 @@ TEST_F(InsertTest, StylesAndBlocksOfTheTargetWinToo) {
     ASSERT_EQ(target->insert(id, kPath, &database_), Acad::eOk);
     const std::vector<std::string> picture = describe(*target, kPath);
     ASSERT_THAT(picture, SizeIs(4));
-    EXPECT_THAT(picture[1], testing::HasSubstr("target.shx"));
-    EXPECT_THAT(picture[3], testing::HasSubstr("polyline 0,0 1,0")) << "and no circle";
+    EXPECT_THAT(picture[1], HasSubstr("target.shx"));
+    EXPECT_THAT(picture[3], HasSubstr("polyline 0,0 1,0")) << "and no circle";
     save(*target, "target.dwg");
     EXPECT_EQ(describe(*read("target.dwg"), kPath), picture);
 }
@@ -139,9 +142,11 @@ TEST_F(InsertTest, EntitiesOfModulesAndUnknownOnesAreCopied) {
     append(std::make_unique<AcDbKeptEntity>(AcDbKeptClass{44, nullptr, "AcDbMText"}, fields));
     fields.references = {{5, database_.header().CMLSTYLE}};
     append(std::make_unique<AcDbKeptEntity>(AcDbKeptClass{47, nullptr, "AcDbMline"}, fields));
+    const FindingListener listener;
     insert();
     const std::vector<AcDbEntity*> copies = entities(target_, kPath);
     ASSERT_THAT(copies, SizeIs(2)) << "all but the one that needs a style of another kind";
+    EXPECT_THAT(listener.heard, ElementsAre(HasSubstr("left out: AcDbMline (1)")));
     const auto& copy = static_cast<const TestCurve&>(*copies[0]);
     EXPECT_EQ(copy.text, "ZK1");
     EXPECT_EQ(copy.style.database(), &target_);
