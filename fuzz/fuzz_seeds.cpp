@@ -1,11 +1,13 @@
 // Writes the small drawings that fuzzing starts from into a folder: an empty one, a sheet template,
-// a sheet with curves and the template inserted, and one with objects that nothing here knows.
+// a sheet with curves and the template inserted, and two with objects that only other programs
+// make.
 #include <cstdio>
 #include <exception>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
+#include "fuzz/foreign_entities.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbDatabase.h"
@@ -154,7 +156,8 @@ int main(int argc, char** argv) {
     } seeds[] = {{"blank", [](AcDbDatabase&) {}},
                  {"template", DrawTemplate},
                  {"sheet", DrawSheet},
-                 {"unknown", DrawUnknown}};
+                 {"unknown", DrawUnknown},
+                 {"foreign", DrawForeignEntities}};
     try {
         CKFCurve::rxInit();
         for (const auto& seed : seeds) {

@@ -63,7 +63,7 @@ private:
     template <class T>
     T& addEntry(AcDbObjectId& id, AcDbHandle handle, AcDbObjectId dictionary, const char* name) {
         T& object = make<T>(id, handle, dictionary);
-        object.reactors_.append(dictionary);
+        object.fileData().reactors.append(dictionary);
         auto& entries = static_cast<AcDbDictionary*>(objectOf(dictionary))->entries_;
         entries.emplace_back(name, id);
         return object;

@@ -15,7 +15,6 @@ AcDbObject::AcDbObject(const AcDbObject& other) : AcRxObject(other) {
 }
 
 void AcDbObject::copyCommonData(const AcDbObject& other) {
-    reactors_ = other.reactors_;
     fileData_.reset();
     if (other.fileData_ != nullptr) {
         fileData_ = std::make_unique<AcDbObjectFileData>(*other.fileData_);
@@ -109,21 +108,29 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
         return Acad::eNullObjectId;
     }
     assertWriteEnabled();
-    if (std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end()) {
+    AcDbObjectIdArray& reactors = fileData().reactors;
+    if (std::find(reactors.begin(), reactors.end(), reactor) != reactors.end()) {
         return Acad::eDuplicateKey;
     }
-    reactors_.append(reactor);
+    reactors.append(reactor);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
     assertWriteEnabled();
-    const auto found = std::find(reactors_.begin(), reactors_.end(), reactor);
-    if (found == reactors_.end()) {
+    AcDbObjectIdArray& reactors = fileData().reactors;
+    const auto found = std::find(reactors.begin(), reactors.end(), reactor);
+    if (found == reactors.end()) {
         return Acad::eKeyNotFound;
     }
-    reactors_.removeAt(static_cast<int>(found - reactors_.begin()));
+    reactors.removeAt(static_cast<int>(found - reactors.begin()));
     return Acad::eOk;
+}
+
+void AcDbObject::setPersistentReactors(AcDbObjectIdArray reactors) {
+    if (fileData_ != nullptr || !reactors.isEmpty()) {
+        fileData().reactors = std::move(reactors);
+    }
 }
 
 Acad::ErrorStatus AcDbObject::dwgInFields(AcDbDwgFiler* filer) {

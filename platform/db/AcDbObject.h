@@ -14,6 +14,7 @@ class AcDbDwgFiler;
 /// What a drawing file holds of an object beside its class's own fields; kept so that opening and
 /// saving loses nothing.
 struct AcDbObjectFileData {
+    AcDbObjectIdArray reactors;              ///< objects told of changes, each once
     std::vector<std::uint8_t> extendedData;  ///< application data as its bits stand in the file
     std::size_t extendedDataBits = 0;        ///< how many; the last byte is filled up with zeros
     AcDbObjectId extensionDictionary;
@@ -57,9 +58,9 @@ public:
     /// Objects (hatches, for instance) told of changes; filed with the object, each once.
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
     Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
-    const AcDbObjectIdArray& persistentReactors() const { return reactors_; }
+    const AcDbObjectIdArray& persistentReactors() const { return fileData().reactors; }
     /// For the layer's own rooms: all at once, each named once.
-    void setPersistentReactors(AcDbObjectIdArray reactors) { reactors_ = std::move(reactors); }
+    void setPersistentReactors(AcDbObjectIdArray reactors);
 
     /// Files the class's own fields; a derived class calls its base first. What all objects have
     /// in common is filed by the drawing file itself.
@@ -88,7 +89,6 @@ private:
 
     AcDbStub* stub_ = nullptr;
     AcDbObjectId ownerId_;
-    AcDbObjectIdArray reactors_;
     std::unique_ptr<AcDbObjectFileData> fileData_;  // null for nothing
     bool changed_ = false;
 };

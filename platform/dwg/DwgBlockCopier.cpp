@@ -1,6 +1,7 @@
 #include "platform/dwg/DwgBlockCopier.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "platform/db/AcDbCopyFiler.h"
 #include "platform/db/AcDbDictionary.h"
@@ -162,14 +163,15 @@ void DwgBlockCopier::copyEntity(AcDbEntity& entity, AcDbObjectId owner) {
 
 // Only objects copied with the entity hear of its changes.
 void DwgBlockCopier::replaceReactors(AcDbObject& copy) const {
-    const AcDbObjectIdArray reactors = copy.persistentReactors();
-    for (const AcDbObjectId reactor : reactors) {
-        copy.removePersistentReactor(reactor);
+    AcDbObjectIdArray replaced;
+    std::unordered_set<AcDbObjectId> known;
+    for (const AcDbObjectId reactor : std::as_const(copy).persistentReactors()) {
         const auto found = counterparts_.find(reactor.stub());
-        if (found != counterparts_.end()) {
-            copy.addPersistentReactor(found->second);
+        if (found != counterparts_.end() && known.insert(found->second).second) {
+            replaced.append(found->second);
         }
     }
+    copy.setPersistentReactors(std::move(replaced));
 }
 
 void DwgBlockCopier::replaceIds(AcDbObject& copy) {

@@ -1,16 +1,34 @@
 #include "platform/dwg/DwgClassTable.h"
 
-#include <algorithm>
+#include <string>
+
+namespace {
+
+// What tells classes apart in a file.
+std::string keyOf(const AcDbFileClass& fileClass) {
+    return (fileClass.isEntity ? "E" : "O") + fileClass.dxfName;
+}
+
+}  // namespace
+
+DwgClassTable::DwgClassTable(std::vector<ClassPtr> classes) {
+    for (ClassPtr& fileClass : classes) {
+        add(std::move(fileClass));
+    }
+}
+
+void DwgClassTable::add(ClassPtr fileClass) {
+    numbers_.emplace(keyOf(*fileClass), static_cast<std::uint16_t>(kFirstNumber + classes_.size()));
+    classes_.push_back(std::move(fileClass));
+}
 
 std::uint16_t DwgClassTable::numberOf(const ClassPtr& fileClass) {
-    auto found = std::find_if(classes_.begin(), classes_.end(), [&](const ClassPtr& known) {
-        return known == fileClass ||
-               (known->dxfName == fileClass->dxfName && known->isEntity == fileClass->isEntity);
-    });
-    if (found == classes_.end()) {
-        found = classes_.insert(classes_.end(), fileClass);
+    const auto found = numbers_.find(keyOf(*fileClass));
+    if (found != numbers_.end()) {
+        return found->second;
     }
-    return static_cast<std::uint16_t>(kFirstNumber + (found - classes_.begin()));
+    add(fileClass);
+    return static_cast<std::uint16_t>(kFirstNumber + classes_.size() - 1);
 }
 
 DwgClassTable::ClassPtr DwgClassTable::at(std::uint16_t number) const {

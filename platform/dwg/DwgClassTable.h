@@ -3,7 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <utility>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/db/AcDbKeptFields.h"
@@ -15,15 +16,17 @@ public:
     using ClassPtr = std::shared_ptr<const AcDbFileClass>;
 
     DwgClassTable() = default;
-    explicit DwgClassTable(std::vector<ClassPtr> classes) : classes_(std::move(classes)) {}
+    explicit DwgClassTable(std::vector<ClassPtr> classes);
 
-    /// The number of a class, which is added when no class of its DXF name is there.
+    /// The number of a class, which is added when no class of its DXF name is there; of several
+    /// the first.
     std::uint16_t numberOf(const ClassPtr& fileClass);
     /// Null for a number that is not in the table.
     ClassPtr at(std::uint16_t number) const;
     const std::vector<ClassPtr>& classes() const { return classes_; }
-    void add(ClassPtr fileClass) { classes_.push_back(std::move(fileClass)); }
+    void add(ClassPtr fileClass);
 
 private:
     std::vector<ClassPtr> classes_;
+    std::unordered_map<std::string, std::uint16_t> numbers_;
 };

@@ -6,6 +6,7 @@
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/codec/block_record_fields.h"
+#include "platform/dwg/entity_types.h"
 
 namespace {
 
@@ -18,8 +19,6 @@ bool isNew(AcDbObjectId id) {
 
 // The block that an object refers to as an occurrence of it; null for none.
 AcDbObjectId referredBlock(const AcDbObject& object) {
-    constexpr std::uint16_t kReference = 7;
-    constexpr std::uint16_t kRowsOfReferences = 8;
     if (object.isA() == AcDbBlockReference::desc()) {
         return static_cast<const AcDbBlockReference&>(object).blockTableRecord();
     }
@@ -29,7 +28,7 @@ AcDbObjectId referredBlock(const AcDbObject& object) {
     const auto& kept = static_cast<const AcDbKeptEntity&>(object);
     const std::uint16_t type = kept.keptClass().type;
     const auto& references = kept.keptFields().references;
-    return (type == kReference || type == kRowsOfReferences) && !references.empty()
+    return (type == dwg::kBlockReference || type == dwg::kBlockReferenceRows) && !references.empty()
                ? references.front().id
                : AcDbObjectId::kNull;
 }

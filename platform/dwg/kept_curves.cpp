@@ -5,6 +5,7 @@
 
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/entity_drawing.h"
+#include "platform/dwg/entity_types.h"
 #include "platform/dwg/kept_bits.h"
 #include "platform/dwg/kept_shape.h"
 
@@ -194,22 +195,22 @@ bool drawPolyline3d(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
 
 bool DrawKeptCurve(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
     switch (entity.keptClass().type) {
-        case 15:
+        case dwg::kPolyline2d:
             return drawPolyline2d(entity, context);
-        case 16:
+        case dwg::kPolyline3d:
             return drawPolyline3d(entity, context);
-        case 17:
+        case dwg::kArc:
             return drawArc(entity, context);
-        case 27:
+        case dwg::kPoint:
             return drawPoint(entity, context);
-        case 28:
+        case dwg::kFace:
             return drawFace(entity, context);
-        case 31:
-        case 32:
+        case dwg::kSolid:
+        case dwg::kTrace:
             return drawSolid(entity, context);
-        case 35:
+        case dwg::kEllipse:
             return drawEllipse(entity, context);
-        case 45:
+        case dwg::kLeader:
             return drawLeader(entity, context);
         default:
             return false;

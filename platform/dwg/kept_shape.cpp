@@ -10,14 +10,11 @@
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgCustomObjects.h"
 #include "platform/dwg/DwgObjectReader.h"
+#include "platform/dwg/entity_types.h"
 #include "platform/dwg/kept_bits.h"
 #include "platform/dwg/multiline_text.h"
 
 namespace {
-
-constexpr std::uint16_t kTextType = 1;
-constexpr std::uint16_t kAttributeType = 2;
-constexpr std::uint16_t kBlockReferenceType = 7;
 
 /// Reads the fields of an entity that is kept as those of a class that is understood, into an
 /// entity of no drawing that draws in its place.
@@ -111,7 +108,7 @@ bool drawMultilineText(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
 bool drawAttribute(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bool isDefinition) {
     enum Flag : unsigned { kInvisible = 1, kConstant = 2 };
     enum Mode : Adesk::Int16 { kNoneShown = 0, kAllShown = 2 };
-    StandIn<AcDbText> text(entity, *FindCodec(kTextType));
+    StandIn<AcDbText> text(entity, *FindCodec(dwg::kText));
     if (!text) {
         return false;
     }
@@ -140,7 +137,7 @@ bool drawAttribute(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bool is
 /// A reference with attributes, or in rows and columns.
 bool drawBlockReference(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bool inRows) {
     constexpr int kMostReferences = 10000;
-    StandIn<AcDbBlockReference> reference(entity, *FindCodec(kBlockReferenceType));
+    StandIn<AcDbBlockReference> reference(entity, *FindCodec(dwg::kBlockReference));
     if (!reference) {
         return false;
     }
@@ -161,7 +158,7 @@ bool drawBlockReference(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bo
         reference->worldDraw(&context);
     }
     for (AcDbKeptEntity* attribute : PartsOf(entity, 1)) {
-        if (attribute->keptClass().type == kAttributeType) {
+        if (attribute->keptClass().type == dwg::kAttribute) {
             const DwgReadAccess access(*attribute);
             attribute->worldDraw(&context);
         }
@@ -188,24 +185,19 @@ bool drawDimension(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
 bool DrawKeptShape(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
     const std::uint16_t type = entity.keptClass().type;
     switch (type) {
-        case 2:
-        case 3:
-            return drawAttribute(entity, context, type == 3);
-        case 7:
-        case 8:
-            return drawBlockReference(entity, context, type == 8);
-        case 20:
-        case 21:
-        case 22:
-        case 23:
-        case 24:
-        case 25:
-        case 26:
-            return drawDimension(entity, context);
-        case 44:
+        case dwg::kAttribute:
+        case dwg::kAttributeDefinition:
+            return drawAttribute(entity, context, type == dwg::kAttributeDefinition);
+        case dwg::kBlockReference:
+        case dwg::kBlockReferenceRows:
+            return drawBlockReference(entity, context, type == dwg::kBlockReferenceRows);
+        case dwg::kMultilineText:
             return drawMultilineText(entity, context);
         default:
             break;
+    }
+    if (type >= dwg::kOrdinateDimension && type <= dwg::kDiametricDimension) {
+        return drawDimension(entity, context);
     }
     if (DrawKeptCurve(entity, context)) {
         return true;

@@ -6,11 +6,13 @@
 #include "platform/db/AcDbLine.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/codec/kept_fields.h"
+#include "platform/dwg/entity_types.h"
 #include "platform/dwg/multiline_text.h"
 #include "platform/gi/AcGiProxyGraphicsRecorder.h"
 #include "platform/gi/ProxyGraphicsPlayer.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/platform/dwg/DwgFixture.h"
+#include "tests/platform/dwg/KeptEntities.h"
 
 namespace {
 
@@ -22,80 +24,20 @@ constexpr double kQuarter = std::numbers::pi / 2.0;
 
 class KeptShapeTest : public DwgFixture {
 protected:
-    using Fill = std::function<void(DwgBitWriter&)>;
-
-    static std::unique_ptr<AcDbKeptEntity> make(std::uint16_t type, const Fill& fill,
-                                                std::vector<AcDbKeptReference> references = {}) {
-        DwgBitWriter bits;
-        fill(bits);
-        AcDbKeptFields fields;
-        fields.bitCount = bits.bitPosition();
-        fields.bits.assign(bits.view().begin(), bits.view().end());
-        fields.references = std::move(references);
-        return std::make_unique<AcDbKeptEntity>(AcDbKeptClass{type, nullptr, "kept"}, fields);
-    }
-
-    AcDbKeptEntity* add(std::uint16_t type, const Fill& fill,
+    AcDbKeptEntity* add(std::uint16_t type, const kept::Fill& fill,
                         std::vector<AcDbKeptReference> references = {},
                         const char* block = ACDB_MODEL_SPACE) {
-        return append(make(type, fill, std::move(references)), block);
+        return append(kept::Make(type, fill, std::move(references)), block);
     }
 
-    /// Entities that belong to another; they stand in no block.
-    AcDbObjectId addPart(AcDbObjectId owner, std::uint16_t type, const Fill& fill,
-                         std::vector<AcDbKeptReference> references = {}) {
-        auto part = make(type, fill, std::move(references));
-        part->setDatabaseDefaults(&database_);
-        return database_.addObject(std::move(part), owner);
-    }
-
-    /// Makes the parts the chain of an entity's parts, `end` being the entity that closes it.
-    static void own(AcDbKeptEntity& owner, const std::vector<AcDbObjectId>& parts,
-                    AcDbObjectId end) {
-        using Fields = DwgFields<AcDbKeptEntity>;
-        for (std::size_t i = 0; i < parts.size(); ++i) {
-            auto& part = static_cast<AcDbKeptEntity&>(*AcDbDatabase::objectOf(parts[i]));
-            Fields::setLinks(part, {i > 0 ? parts[i - 1] : AcDbObjectId::kNull,
-                                    i + 1 < parts.size() ? parts[i + 1] : AcDbObjectId::kNull});
-        }
-        auto& references = Fields::fields(owner).references;
-        references.insert(references.end(), {{4, parts.front()}, {4, parts.back()}, {3, end}});
-    }
-
-    static void point(DwgBitWriter& bits, double x, double y, double z = 0.0) {
-        bits.bitDouble(x);
-        bits.bitDouble(y);
-        bits.bitDouble(z);
-    }
-    /// Text, or the text of an attribute: left-aligned, level.
-    static void text(DwgBitWriter& bits, double x, double y, const char* content) {
-        bits.rawChar(0xFF);
-        bits.rawDouble(x);
-        bits.rawDouble(y);
-        bits.bit(true);
-        bits.bit(true);
-        bits.rawDouble(2.5);
-        bits.text(content);
-    }
-    static void attribute(DwgBitWriter& bits, double x, double y, const char* value,
-                          std::uint8_t flags) {
-        text(bits, x, y, value);
-        bits.text("TAG");
-        bits.bitShort(0);
-        bits.rawChar(flags);
-    }
-    static void reference(DwgBitWriter& bits, double x, double y, bool hasAttributes) {
-        point(bits, x, y);
-        bits.bits(3, 2);      // no scale
-        bits.bitDouble(0.0);  // rotation
-        point(bits, 0, 0, 1);
-        bits.bit(hasAttributes);
+    AcDbObjectId addPart(AcDbObjectId owner, std::uint16_t type, const kept::Fill& fill) {
+        return kept::AddPart(database_, owner, type, fill);
     }
 };
 
 TEST_F(KeptShapeTest, CommonTypesAreDrawnByTheirFields) {
     const AcDbObjectId style = addTextStyle("NOTE", "a.shx", "b.shx");
-    const auto drawnOf = [&](std::uint16_t type, const Fill& fill) {
+    const auto drawnOf = [&](std::uint16_t type, const kept::Fill& fill) {
         const std::vector<std::string> whole = drawn(add(type, fill, {{5, style}}));
         // Fields that end too early draw what they would, or nothing.
         DwgBitWriter bits;
@@ -109,58 +51,25 @@ TEST_F(KeptShapeTest, CommonTypesAreDrawnByTheirFields) {
         }
         return whole;
     };
-    EXPECT_THAT(drawnOf(17,
-                        [](DwgBitWriter& b) {
-                            point(b, 10, 20);
-                            b.bitDouble(5);
-                            b.bit(true);
-                            b.bit(true);
-                            b.bitDouble(3 * kQuarter);
-                            b.bitDouble(kQuarter);
-                        }),
+    EXPECT_THAT(drawnOf(dwg::kArc,
+                        [](DwgBitWriter& b) { kept::Arc(b, 10, 20, 5, 3 * kQuarter, kQuarter); }),
                 ElementsAre("[256] arc 10,20 r 5 from 270 by 180"));
-    EXPECT_THAT(drawnOf(27, [](DwgBitWriter& b) { point(b, 1, 2); }),
+    EXPECT_THAT(drawnOf(dwg::kPoint, [](DwgBitWriter& b) { kept::Point(b, 1, 2); }),
                 ElementsAre("[256] polyline 1,2 1,2"));
-    EXPECT_THAT(drawnOf(31,
-                        [](DwgBitWriter& b) {
-                            b.bit(true);
-                            b.bitDouble(0);
-                            for (const double d : {0.0, 0.0, 4.0, 0.0, 0.0, 3.0, 4.0, 3.0}) {
-                                b.rawDouble(d);
-                            }
-                            b.bit(true);
-                        }),
+    EXPECT_THAT(drawnOf(dwg::kSolid, [](DwgBitWriter& b) { kept::Solid(b, 4, 3); }),
                 ElementsAre("[256] polygon 0,0 4,0 4,3 0,3"));
-    const auto ellipse = drawnOf(35, [](DwgBitWriter& b) {
-        point(b, 10, 0);
-        point(b, 4, 0);
-        point(b, 0, 0, 1);
-        b.bitDouble(0.5);
-        b.bitDouble(0);
-        b.bitDouble(2 * kQuarter);
-    });
+    const auto ellipse =
+        drawnOf(dwg::kEllipse, [](DwgBitWriter& b) { kept::Ellipse(b, 10, 0, 4); });
     ASSERT_THAT(ellipse, SizeIs(1));
     EXPECT_EQ(ellipse[0].substr(0, 20), "[256] polyline 14,0 ");
     EXPECT_EQ(ellipse[0].substr(ellipse[0].size() - 4), " 6,0");
-    EXPECT_THAT(drawnOf(44,
+    EXPECT_THAT(drawnOf(dwg::kMultilineText,
                         [](DwgBitWriter& b) {
-                            point(b, 100, 50);
-                            point(b, 0, 0, 1);
-                            point(b, 1, 0);
-                            b.bitDouble(0);
-                            b.bitDouble(3);
-                            b.bitShort(1);
-                            b.bitShort(1);
-                            b.bitDouble(0);
-                            b.bitDouble(0);
-                            b.text("{\\fArial|b0;Line} one\\Ptwo");
-                            b.bitShort(1);
-                            b.bitDouble(1);
-                            b.bit(false);
+                            kept::MultilineText(b, 100, 50, "{\\fArial|b0;Line} one\\Ptwo");
                         }),
                 ElementsAre("[256] text Line one at 100,47 towards 0 h 3 w 1 a.shx,b.shx",
                             "text two at 100,42 towards 0 h 3 w 1 a.shx,b.shx"));
-    EXPECT_THAT(drawnOf(17, [](DwgBitWriter& b) { b.bitDouble(1); }), IsEmpty())
+    EXPECT_THAT(drawnOf(dwg::kArc, [](DwgBitWriter& b) { b.bitDouble(1); }), IsEmpty())
         << "fields that end too early";
     EXPECT_THAT(drawnOf(38, [](DwgBitWriter& b) { b.bit(true); }), IsEmpty());
 }
@@ -169,16 +78,21 @@ TEST_F(KeptShapeTest, PartsAreDrawnWithTheEntityThatTheyBelongTo) {
     const AcDbObjectId frame = addBlock("Frame");
     append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(9, 0, 0)), "Frame");
     add(
-        3, [](DwgBitWriter& b) { attribute(b, 1, 1, "default", 0); }, {}, "Frame");
+        dwg::kAttributeDefinition, [](DwgBitWriter& b) { kept::Attribute(b, 1, 1, "default", 0); },
+        {}, "Frame");
     add(
-        3, [](DwgBitWriter& b) { attribute(b, 2, 2, "always", 2); }, {}, "Frame");
+        dwg::kAttributeDefinition, [](DwgBitWriter& b) { kept::Attribute(b, 2, 2, "always", 2); },
+        {}, "Frame");
     AcDbKeptEntity* insert =
-        add(7, [](DwgBitWriter& b) { reference(b, 100, 0, true); }, {{5, frame}});
-    const AcDbObjectId shown =
-        addPart(insert->objectId(), 2, [](DwgBitWriter& b) { attribute(b, 101, 1, "ZK1", 0); });
-    const AcDbObjectId hidden =
-        addPart(insert->objectId(), 2, [](DwgBitWriter& b) { attribute(b, 101, 2, "no", 1); });
-    own(*insert, {shown, hidden}, addPart(insert->objectId(), 6, [](DwgBitWriter&) {}));
+        add(dwg::kBlockReference, [](DwgBitWriter& b) { kept::Reference(b, 100, 0, true); },
+            {{5, frame}});
+    const AcDbObjectId shown = addPart(insert->objectId(), dwg::kAttribute, [](DwgBitWriter& b) {
+        kept::Attribute(b, 101, 1, "ZK1", 0);
+    });
+    const AcDbObjectId hidden = addPart(insert->objectId(), dwg::kAttribute, [](DwgBitWriter& b) {
+        kept::Attribute(b, 101, 2, "no", 1);
+    });
+    kept::Own(*insert, {shown, hidden});
 
     const std::vector<std::string> picture = drawn(insert);
     EXPECT_THAT(picture, ElementsAre("[256] polyline 100,0 109,0",
@@ -214,27 +128,15 @@ TEST_F(KeptShapeTest, PartsAreDrawnWithTheEntityThatTheyBelongTo) {
 }
 
 TEST_F(KeptShapeTest, OlderPolylinesAndRowsOfReferencesAreDrawn) {
-    AcDbKeptEntity* polyline = add(15, [](DwgBitWriter& b) {
-        b.bitShort(1);  // closed
-        b.bitShort(0);
-        b.bitDouble(0);
-        b.bitDouble(0);
-        b.bit(true);
-        b.bitDouble(7);
-        b.bit(true);
-    });
+    AcDbKeptEntity* polyline =
+        add(dwg::kPolyline2d, [](DwgBitWriter& b) { kept::Polyline(b, true); });
     std::vector<AcDbObjectId> vertices;
     for (const double x : {0.0, 4.0}) {
-        vertices.push_back(addPart(polyline->objectId(), 10, [x](DwgBitWriter& b) {
-            b.rawChar(0);
-            point(b, x, 0);
-            b.bitDouble(0);
-            b.bitDouble(0);
-            b.bitDouble(x == 0.0 ? 0.0 : 1.0);
-            b.bitDouble(0);
+        vertices.push_back(addPart(polyline->objectId(), dwg::kVertex2d, [x](DwgBitWriter& b) {
+            kept::Vertex(b, x, 0, x == 0.0 ? 0.0 : 1.0);
         }));
     }
-    own(*polyline, vertices, addPart(polyline->objectId(), 6, [](DwgBitWriter&) {}));
+    kept::Own(*polyline, vertices);
     const std::vector<std::string> picture = drawn(polyline);
     ASSERT_THAT(picture, SizeIs(2));
     EXPECT_EQ(picture[0], "[256] polyline 0,0,7 4,0,7");
@@ -242,9 +144,9 @@ TEST_F(KeptShapeTest, OlderPolylinesAndRowsOfReferencesAreDrawn) {
 
     const AcDbObjectId frame = addBlock("Frame");
     append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "Frame");
-    const auto* rows = add(8,
+    const auto* rows = add(dwg::kBlockReferenceRows,
                            [](DwgBitWriter& b) {
-                               reference(b, 10, 0, false);
+                               kept::Reference(b, 10, 0, false);
                                b.bitShort(2);
                                b.bitShort(1);
                                b.bitDouble(5);
@@ -253,11 +155,13 @@ TEST_F(KeptShapeTest, OlderPolylinesAndRowsOfReferencesAreDrawn) {
                            {{5, frame}});
     const std::vector<std::string> lines{"[256] polyline 10,0 11,0", "polyline 15,0 16,0"};
     EXPECT_EQ(drawn(const_cast<AcDbKeptEntity*>(rows)), lines);
-    AcDbKeptEntity* loop = add(7, [](DwgBitWriter& b) { reference(b, 0, 0, true); }, {{5, frame}});
-    own(*loop, {loop->objectId()}, loop->objectId());
+    AcDbKeptEntity* loop =
+        add(dwg::kBlockReference, [](DwgBitWriter& b) { kept::Reference(b, 0, 0, true); },
+            {{5, frame}});
+    kept::Own(*loop, {loop->objectId()});
     EXPECT_THAT(drawn(loop), ElementsAre("[256] polyline 0,0 1,0")) << "is not its own attribute";
     // A dimension is a picture in a block.
-    EXPECT_THAT(drawn(add(21, [](DwgBitWriter&) {}, {{5, frame}})),
+    EXPECT_THAT(drawn(add(dwg::kOrdinateDimension, [](DwgBitWriter&) {}, {{5, frame}})),
                 ElementsAre("[256] polyline 0,0 1,0"));
 }
 
@@ -291,7 +195,7 @@ TEST_F(KeptShapeTest, UnknownClassesAreDrawnByTheirProxyGraphicsAndStayWhereThey
         ASSERT_TRUE(std::equal(part.lines().begin(), part.lines().end(), shapes.begin())) << size;
     }
 
-    AcDbKeptEntity* kept = add(17, [](DwgBitWriter& b) { point(b, 10, 20); });
+    AcDbKeptEntity* kept = add(dwg::kArc, [](DwgBitWriter& b) { kept::Point(b, 10, 20); });
     const std::string file = save();
     AcDbEntity* opened = nullptr;
     ASSERT_EQ(acdbOpenObject(opened, kept->objectId(), AcDb::kForWrite), Acad::eOk);
