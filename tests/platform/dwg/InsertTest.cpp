@@ -42,6 +42,9 @@ TEST_F(InsertTest, TheModelSpaceBecomesABlockWithWhatItNeeds) {
     append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 2), "Nested");
     append(std::make_unique<AcDbBlockReference>(AcGePoint3d(1, 1, 0), nested));
     database_.header().INSBASE = {5, 6, 0};
+    // A template in inches: nothing but the reference's own scale counts.
+    database_.header().INSUNITS = 1;
+    database_.header().MEASUREMENT = 0;
 
     const AcDbObjectId id = insert();
     EXPECT_EQ(nameOf(id), kPath);
@@ -53,6 +56,8 @@ TEST_F(InsertTest, TheModelSpaceBecomesABlockWithWhatItNeeds) {
         EXPECT_EQ(copy->layerId().database(), &target_);
         EXPECT_EQ(copy->linetypeId(), target_.byLayerLinetype());
     }
+    EXPECT_EQ(static_cast<const AcDbLine&>(*copies[0]).endPoint().x, 0.42);
+    EXPECT_EQ(target_.header().INSUNITS, HeaderVariables().INSUNITS);
     EXPECT_EQ(layerOf(*copies[0]).color().colorIndex(), 3);
     EXPECT_EQ(layerOf(*copies[0]).linetypeObjectId(), target_.continuousLinetype());
     const auto& text = static_cast<const AcDbText&>(*copies[1]);
