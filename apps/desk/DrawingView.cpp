@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "apps/desk/shape_hits.h"
 #include "host/coordinates.h"
@@ -83,8 +84,18 @@ const picture::DisplayList& DrawingView::Picture() {
         stale_ = false;
         picture_ =
             database_ != nullptr ? picture::PictureOf(*database_, fonts_) : picture::DisplayList();
+        tellOfPart_ = !picture_.isWhole();
     }
     return picture_;
+}
+
+std::vector<std::string> DrawingView::TakeFaults() {
+    std::vector<std::string> faults = fonts_.takeFaults();
+    if (std::exchange(tellOfPart_, false)) {
+        faults.emplace_back(
+            "The drawing's blocks and patterns make more than can be shown: a part is missing.");
+    }
+    return faults;
 }
 
 void DrawingView::SetAsking(bool asking) {

@@ -32,8 +32,9 @@ public:
     std::function<bool()> mayLook;
     /// Looks fonts up anew: another suite folder has others.
     void ForgetFonts() { fonts_ = picture::FontLibrary(); }
-    /// What was wrong with font files since the last call (UTF-8).
-    std::vector<std::string> TakeFontFaults() { return fonts_.takeFaults(); }
+    /// What was wrong with font files since the last call, and whether the picture lacks something
+    /// (UTF-8).
+    std::vector<std::string> TakeFaults();
     /// True while a command waits for input.
     void SetAsking(bool asking);
     void SetBackground(picture::Background background);
@@ -93,6 +94,7 @@ private:
     picture::FontLibrary fonts_;
     picture::DisplayList picture_;
     bool stale_ = false;
+    bool tellOfPart_ = false;  ///< the picture is not whole, and nobody has been told
     mutable paint::PicturePainter painter_;
     paint::Look look_;
     bool asking_ = false;

@@ -209,7 +209,7 @@ void MainWindow::ShowDrawing() {
         view_->Rebuild();
     }
     view_->update();
-    for (const std::string& fault : view_->TakeFontFaults()) {
+    for (const std::string& fault : view_->TakeFaults()) {
         line_->Print(QStringLiteral("\n%1\n").arg(QString::fromStdString(fault)));
     }
 }

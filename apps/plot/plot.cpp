@@ -50,8 +50,8 @@ public:
         return complete ? write(sheets, outputOf(drawings.front())) : std::string();
     }
 
-    /// True when a drawing plotted so far lacked something that its file should have.
-    bool damaged() const { return damaged_; }
+    /// True when a page plotted so far lacks something that its drawing should have.
+    bool lacking() const { return lacking_; }
 
 private:
     paint::Sheet read(const std::string& drawing, const Report& report) {
@@ -66,9 +66,15 @@ private:
         for (const std::string& line : database.damage().report()) {
             report.noted(line);
         }
-        damaged_ = damaged_ || !database.damage().empty();
+        picture::DisplayList picture = picture::PictureOf(database, fonts_);
+        if (!picture.isWhole()) {
+            report.noted(
+                drawing +
+                ": the blocks and patterns make more than can be drawn, a part is missing");
+        }
+        lacking_ = lacking_ || !database.damage().empty() || !picture.isWhole();
         const std::string title = std::filesystem::path(drawing).stem().string();
-        return {QString::fromStdString(title), picture::PictureOf(database, fonts_)};
+        return {QString::fromStdString(title), std::move(picture)};
     }
 
     void noteFontFaults(const Report& report) {
@@ -110,7 +116,7 @@ private:
     }
 
     const Request& request_;
-    bool damaged_ = false;
+    bool lacking_ = false;
     picture::FontLibrary fonts_;
     paint::PicturePainter painter_;
 };
@@ -140,7 +146,7 @@ bool Plot(const Request& request, const Report& report) {
             good = false;
         }
     }
-    return good && !plotter.damaged();
+    return good && !plotter.lacking();
 }
 
 }  // namespace plot

@@ -73,6 +73,12 @@ public:
     void addArc(const Arc& arc, int colorIndex, float lineWeight);
     void addGlyphs(GlyphRun run, int colorIndex);
 
+    std::size_t shapeCount() const { return shapes_.size(); }
+    std::size_t pointCount() const { return points_.size(); }
+    /// Notes that the drawing makes more than the list takes.
+    void endEarly() { endedEarly_ = true; }
+    bool isWhole() const { return !endedEarly_; }
+
     const std::vector<Item>& items() const { return items_; }
     std::span<const Shape> shapes(const Item& item) const {
         return std::span(shapes_).subspan(item.firstShape, item.shapeCount);
@@ -95,6 +101,7 @@ private:
     std::vector<Arc> arcs_;
     std::vector<GlyphRun> runs_;
     Box box_;
+    bool endedEarly_ = false;
 };
 
 }  // namespace picture

@@ -19,6 +19,13 @@ Point Flat(const AcGeVector3d& vector) {
 }
 }  // namespace
 
+Adesk::Boolean PictureDraw::regenAbort() const {
+    constexpr std::size_t kMostStepsOfShape = 4;
+    constexpr std::size_t kMostPointsOfShape = 8;
+    return ++steps_ > kMostStepsOfShape * mostShapes_ || list_.shapeCount() > mostShapes_ ||
+           list_.pointCount() > kMostPointsOfShape * mostShapes_;
+}
+
 void PictureDraw::startEntity(int layerColor, float lineWeight) {
     layerColor_ = color_ = layerColor;
     lineWeight_ = lineWeight;

@@ -11,9 +11,12 @@ class FontLibrary;
 /// The drawing context that turns what entities tell of themselves into shapes of a display list.
 class PictureDraw : public AcGiWorldDraw, private AcGiWorldGeometry, private AcGiSubEntityTraits {
 public:
-    PictureDraw(DisplayList& list, FontLibrary& fonts, double chordError)
-        : list_(list), fonts_(fonts), chordError_(chordError) {}
+    /// Draws about `mostShapes` at most.
+    PictureDraw(DisplayList& list, FontLibrary& fonts, double chordError, std::size_t mostShapes)
+        : list_(list), mostShapes_(mostShapes), fonts_(fonts), chordError_(chordError) {}
 
+    /// True when the list is full, or filling it has taken long enough.
+    Adesk::Boolean regenAbort() const override;
     double deviation(AcGiDeviationType, const AcGePoint3d&) const override { return chordError_; }
     AcGiWorldGeometry& geometry() const override { return const_cast<PictureDraw&>(*this); }
     AcGiSubEntityTraits& subEntityTraits() const override {
@@ -45,6 +48,8 @@ private:
     const std::vector<Point>& flat(Adesk::UInt32 count, const AcGePoint3d* points);
 
     DisplayList& list_;
+    std::size_t mostShapes_;
+    mutable std::size_t steps_ = 0;
     FontLibrary& fonts_;
     double chordError_;
     int layerColor_ = 7;

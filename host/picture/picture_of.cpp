@@ -12,6 +12,10 @@ namespace {
 constexpr int kForeground = 7;
 constexpr float kDefaultWeight = -1.0F;
 
+/// Blocks in blocks and fine patterns can make more of a small drawing than memory holds.
+constexpr std::size_t kMostShapes = 500'000;
+constexpr std::size_t kMostShapesOfEntry = 20;
+
 /// Weights by the file format's code, hundredths of a millimetre.
 constexpr std::array<int, 24> kWeights{0,  5,  9,  13, 15, 18,  20,  25,  30,  35,  40,  50,
                                        53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
@@ -58,14 +62,24 @@ void Draw(AcDbEntity& entity, PictureDraw& draw, DisplayList& list) {
 
 DisplayList PictureOf(AcDbDatabase& database, FontLibrary& fonts, double chordError) {
     DisplayList list;
-    PictureDraw draw(list, fonts, chordError);
-    host::ForEachModelSpaceEntity(database, [&](AcDbEntity& entity) { Draw(entity, draw, list); });
+    PictureDraw draw(list, fonts, chordError,
+                     kMostShapes + kMostShapesOfEntry * database.entries().size());
+    host::ForEachModelSpaceEntity(database, [&](AcDbEntity& entity) {
+        if (draw.regenAbort()) {
+            list.endEarly();
+        } else {
+            Draw(entity, draw, list);
+        }
+    });
+    if (draw.regenAbort()) {
+        list.endEarly();
+    }
     return list;
 }
 
 DisplayList PictureOf(AcDbEntity& entity, FontLibrary& fonts, double chordError) {
     DisplayList list;
-    PictureDraw draw(list, fonts, chordError);
+    PictureDraw draw(list, fonts, chordError, kMostShapes);
     Draw(entity, draw, list);
     return list;
 }

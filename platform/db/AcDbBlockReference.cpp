@@ -86,6 +86,9 @@ Adesk::Boolean AcDbBlockReference::worldDraw(AcGiWorldDraw* context) {
     }
     BlockWorldDraw inBlock(*context, blockTransform(), block_, colorIndex());
     for (const AcDbObjectId entity : block->entityIds()) {
+        if (context->regenAbort()) {
+            break;
+        }
         inBlock.draw(entity);
     }
     return true;

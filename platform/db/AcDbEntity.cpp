@@ -1,7 +1,7 @@
 #include "platform/db/AcDbEntity.h"
 
 #include "platform/db/AcDbDatabase.h"
-#include "platform/gi/ExtentsWorldDraw.h"
+#include "platform/db/entity_drawing.h"
 
 ACRX_DEFINE_MEMBERS(AcDbEntity, AcDbObject, nullptr);
 
@@ -87,13 +87,7 @@ Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const {
     assertReadEnabled();
     ExtentsWorldDraw box;
     const_cast<AcDbEntity*>(this)->worldDraw(&box);  // drawing changes nothing that counts
-    if (box.isEmpty()) {
-        return Acad::eDegenerateGeometry;
-    }
-    extents = AcDbExtents();
-    extents.addPoint(box.minPoint());
-    extents.addPoint(box.maxPoint());
-    return Acad::eOk;
+    return db::BoxOf(box, extents);
 }
 
 Acad::ErrorStatus AcDbEntity::getGripPoints(AcGePoint3dArray& /*gripPoints*/,

@@ -144,10 +144,7 @@ Acad::ErrorStatus AcDbHatch::getAssocObjIds(AcDbObjectIdArray& ids) const {
 Adesk::Boolean AcDbHatch::worldDraw(AcGiWorldDraw* context) {
     assertReadEnabled();
     startDrawing(*context);
-    std::vector<db::Outline> outlines;
-    for (const Loop& loop : loops_) {
-        outlines.push_back(db::OutlineOf(loop));
-    }
+    const std::vector<db::Outline> outlines = this->outlines();
     db::InPlane(*context, normal_, [&](AcGiWorldDraw& inPlane) {
         if (solid_) {
             drawSolid(inPlane, outlines);
@@ -156,6 +153,14 @@ Adesk::Boolean AcDbHatch::worldDraw(AcGiWorldDraw* context) {
         }
     });
     return true;
+}
+
+std::vector<db::Outline> AcDbHatch::outlines() const {
+    std::vector<db::Outline> outlines;
+    for (const Loop& loop : loops_) {
+        outlines.push_back(db::OutlineOf(loop));
+    }
+    return outlines;
 }
 
 void AcDbHatch::drawSolid(const AcGiWorldDraw& context,
@@ -172,7 +177,10 @@ void AcDbHatch::drawSolid(const AcGiWorldDraw& context,
 void AcDbHatch::drawPattern(const AcGiWorldDraw& context,
                             const std::vector<std::vector<AcGePoint2d>>& outlines) const {
     for (const PatternLine& family : patternLines_) {
-        for (const db::Stroke& stroke : db::StrokesWithin(family, outlines)) {
+        for (const db::Stroke& stroke : db::StrokesWithin(family, outlines, context)) {
+            if (context.regenAbort()) {
+                return;
+            }
             const AcGePoint3d ends[] = {{stroke.start.x, stroke.start.y, elevation_},
                                         {stroke.end.x, stroke.end.y, elevation_}};
             context.geometry().polyline(2, ends);
@@ -180,8 +188,12 @@ void AcDbHatch::drawPattern(const AcGiWorldDraw& context,
     }
 }
 
+// A pattern lies within its outlines, and takes much longer than they to tell.
 Acad::ErrorStatus AcDbHatch::getGeomExtents(AcDbExtents& extents) const {
-    return AcDbEntity::getGeomExtents(extents);
+    assertReadEnabled();
+    ExtentsWorldDraw box;
+    db::InPlane(box, normal_, [&](AcGiWorldDraw& inPlane) { drawSolid(inPlane, outlines()); });
+    return db::BoxOf(box, extents);
 }
 
 Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& transform) {

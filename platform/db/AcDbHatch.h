@@ -99,6 +99,7 @@ public:
 private:
     template <class T>
     friend struct DwgFields;
+    std::vector<std::vector<AcGePoint2d>> outlines() const;
     void drawSolid(const AcGiWorldDraw& context,
                    const std::vector<std::vector<AcGePoint2d>>& outlines) const;
     void drawPattern(const AcGiWorldDraw& context,

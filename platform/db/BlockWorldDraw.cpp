@@ -72,33 +72,10 @@ bool BlockWorldDraw::isDrawing(const AcGiWorldDraw& target, AcDbObjectId block) 
     return false;
 }
 
-BlockWorldDraw* BlockWorldDraw::around(AcGiWorldDraw& target) {
-    AcGiWorldDraw* context = &target;
-    while (auto* const through = dynamic_cast<TransformingWorldDraw*>(context)) {
-        if (auto* const inBlock = dynamic_cast<BlockWorldDraw*>(through)) {
-            return inBlock;
-        }
-        context = &through->target();
-    }
-    return nullptr;
-}
-
-bool BlockWorldDraw::isWithinReason() {
-    constexpr std::size_t kMostOfNested = 500'000;
-    if (outer_ == nullptr) {
-        return true;  // as many as the file has
-    }
-    BlockWorldDraw* outermost = outer_;
-    while (outermost->outer_ != nullptr) {
-        outermost = outermost->outer_;
-    }
-    return ++outermost->nested_ <= kMostOfNested;
-}
-
 void BlockWorldDraw::draw(AcDbObjectId id) {
     const DrawAccess access(id);
     AcDbEntity* const entity = access.entity();
-    if (entity == nullptr || entity->visibility() == AcDb::kInvisible || !isWithinReason()) {
+    if (entity == nullptr || entity->visibility() == AcDb::kInvisible) {
         return;
     }
     Adesk::UInt16 layerColor = AcCmColor::kByLayer;

@@ -10,17 +10,14 @@ public:
                    Adesk::UInt16 referenceColor)
         : TransformingWorldDraw(target, transform),
           block_(block),
-          traits_(target, referenceColor),
-          outer_(around(target)) {}
+          traits_(target, referenceColor) {}
 
     AcGiSubEntityTraits& subEntityTraits() const override { return traits_; }
 
     /// True when `target` already draws what is in the block, or blocks within blocks deeper than
     /// any sensible drawing has them.
     static bool isDrawing(const AcGiWorldDraw& target, AcDbObjectId block);
-    /// Draws an entity of the block, unless it is erased or hidden. Blocks in blocks can multiply
-    /// to more than anybody draws: beyond half a million entities of nested blocks a reference
-    /// shows no more of them.
+    /// Draws an entity of the block, unless it is erased or hidden.
     void draw(AcDbObjectId entity);
 
 private:
@@ -42,13 +39,6 @@ private:
         Adesk::UInt16 layerColor_ = AcCmColor::kByLayer;
     };
 
-    /// The context of the block that `target` draws; null outside of blocks.
-    static BlockWorldDraw* around(AcGiWorldDraw& target);
-    /// Counts an entity of a nested block; false when the outermost reference has too many.
-    bool isWithinReason();
-
     AcDbObjectId block_;
     mutable Traits traits_;
-    BlockWorldDraw* outer_;
-    std::size_t nested_ = 0;  // entities of blocks in this one
 };

@@ -3,7 +3,10 @@
 #include <cmath>
 #include <memory>
 
+#include "platform/db/AcDbExtents.h"
+#include "platform/gi/ExtentsWorldDraw.h"
 #include "platform/gi/TransformingWorldDraw.h"
+#include "platform/rx/Acad.h"
 
 /// What the layer's own entities share when they draw and transform themselves.
 namespace db {
@@ -18,6 +21,17 @@ void InPlane(AcGiWorldDraw& context, const AcGeVector3d& normal, const Draw& dra
         TransformingWorldDraw inPlane(context, AcGeMatrix3d::planeToWorld(normal));
         draw(static_cast<AcGiWorldDraw&>(inPlane));
     }
+}
+
+/// Replaces `extents` by what was measured. eDegenerateGeometry, and no change, for nothing.
+inline Acad::ErrorStatus BoxOf(const ExtentsWorldDraw& measured, AcDbExtents& extents) {
+    if (measured.isEmpty()) {
+        return Acad::eDegenerateGeometry;
+    }
+    extents = AcDbExtents();
+    extents.addPoint(measured.minPoint());
+    extents.addPoint(measured.maxPoint());
+    return Acad::eOk;
 }
 
 /// The arc of a polyline segment with a bulge other than 0.

@@ -82,19 +82,20 @@ AcGePoint2d turned(const AcGePoint2d& p, double cosine, double sine) {
 /// Cuts the stretch from..to of a line by its dashes, which repeat from `phase` on.
 template <class Emit>
 void emitDashes(const std::vector<double>& dashes, double phase, double from, double to,
-                const Emit& emit) {
-    constexpr double kMostDashes = 10'000.0;
+                const AcGiWorldDraw& context, const Emit& emit) {
+    constexpr double kMostRepeats = 10'000.0;
+    constexpr std::size_t kMostDashes = 64;
     double period = 0.0;
     for (const double dash : dashes) {
         period += std::abs(dash);
     }
     const double repeats = (to - from) / period;
-    if (!(repeats <= kMostDashes)) {
+    if (!(repeats <= kMostRepeats) || dashes.size() > kMostDashes) {
         emit(from, to);
         return;
     }
     double at = phase + std::floor((from - phase) / period) * period;
-    for (int i = 0; i < repeats + 2.0 && at < to; ++i) {
+    for (int i = 0; i < repeats + 2.0 && at < to && !context.regenAbort(); ++i) {
         for (const double dash : dashes) {
             const double next = at + std::abs(dash);
             const double start = std::max(at, from);
@@ -140,8 +141,11 @@ Outline JoinOutlines(const std::vector<Outline>& outlines) {
 }
 
 std::vector<Stroke> StrokesWithin(const AcDbHatch::PatternLine& family,
-                                  const std::vector<Outline>& outlines) {
+                                  const std::vector<Outline>& outlines,
+                                  const AcGiWorldDraw& context) {
     constexpr double kMostLines = 20'000.0;
+    constexpr std::size_t kMostStrokes = 100'000;
+    constexpr std::size_t kPointsOfStep = 64;
     const double cosine = std::cos(family.angle);
     const double sine = std::sin(family.angle);
     const auto levelled = [&](const AcGePoint2d& p) { return turned(p, cosine, -sine); };
@@ -149,7 +153,9 @@ std::vector<Stroke> StrokesWithin(const AcDbHatch::PatternLine& family,
     std::vector<Outline> level = outlines;  // turned so that the family's lines lie level
     double lowest = std::numeric_limits<double>::infinity();
     double highest = -lowest;
+    std::size_t stepsOfLine = 1;
     for (Outline& outline : level) {
+        stepsOfLine += outline.size() / kPointsOfStep;
         for (AcGePoint2d& p : outline) {
             p = levelled(p);
             lowest = std::min(lowest, p.y);
@@ -168,15 +174,23 @@ std::vector<Stroke> StrokesWithin(const AcDbHatch::PatternLine& family,
     }
     const double first = std::ceil((lowest - base.y) / step.y);
     for (int i = 0; i <= lines; ++i) {
+        for (std::size_t steps = 0; steps < stepsOfLine; ++steps) {
+            if (context.regenAbort()) {
+                return strokes;
+            }
+        }
         const double k = first + i;
         const double y = base.y + k * step.y;
         const std::vector<double> places = crossingsAt(y, level);
         for (std::size_t at = 0; at + 1 < places.size(); at += 2) {
-            emitDashes(family.dashes, base.x + k * step.x, places[at], places[at + 1],
+            emitDashes(family.dashes, base.x + k * step.x, places[at], places[at + 1], context,
                        [&](double from, double to) {
                            strokes.push_back(
                                {turned({from, y}, cosine, sine), turned({to, y}, cosine, sine)});
                        });
+            if (strokes.size() > kMostStrokes) {
+                return {};
+            }
         }
     }
     return strokes;

@@ -21,8 +21,10 @@ struct Stroke {
     AcGePoint2d end;
 };
 /// The strokes of one family of pattern lines where they lie within an odd number of outlines. A
-/// family so fine that it would take more than 20,000 lines gives none.
+/// family so fine that it would take more than 20,000 lines or 100,000 strokes gives none. Those
+/// that `context` gives up on are left out.
 std::vector<Stroke> StrokesWithin(const AcDbHatch::PatternLine& family,
-                                  const std::vector<Outline>& outlines);
+                                  const std::vector<Outline>& outlines,
+                                  const AcGiWorldDraw& context);
 
 }  // namespace db

@@ -19,6 +19,9 @@ std::vector<AcDbKeptEntity*> PartsOf(const AcDbKeptEntity& entity, std::size_t f
             break;
         }
         auto* const part = static_cast<AcDbKeptEntity*>(object);
+        if (part->ownerId() != entity.objectId()) {
+            break;
+        }
         if (!id.isErased()) {
             parts.push_back(part);
         }

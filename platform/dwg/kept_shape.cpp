@@ -150,7 +150,7 @@ bool drawBlockReference(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bo
     }
     const AcGePoint3d first = reference->position();
     const AcGeMatrix3d turned = AcGeMatrix3d::rotation(reference->rotation(), AcGeVector3d::kZAxis);
-    for (int i = 0; i < columns * rows; ++i) {
+    for (int i = 0; i < columns * rows && !context.regenAbort(); ++i) {
         const int column = i % columns;
         const int row = i / columns;
         AcGeVector3d offset(across * column, upward * row, 0.0);

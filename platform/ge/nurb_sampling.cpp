@@ -85,14 +85,25 @@ private:
     std::vector<AcGePoint3d>& points_;
 };
 
+/// Coordinates that no chord comes near would else make many points of every piece.
+int mostHalvingsOf(std::size_t pieces) {
+    constexpr int kMostHalvings = 10;
+    constexpr std::size_t kMostPoints = 200'000;
+    int halvings = 0;
+    while (halvings < kMostHalvings && (pieces << (halvings + 2)) <= kMostPoints) {
+        ++halvings;
+    }
+    return halvings;
+}
+
 }  // namespace
 
 std::vector<AcGePoint3d> SampleNurb(const Nurb& nurb, double maxChordError) {
-    constexpr int kMostHalvings = 10;
     std::vector<AcGePoint3d> points;
     if (!isConsistent(nurb)) {
         return points;
     }
+    const int mostHalvings = mostHalvingsOf(nurb.controlPoints.size());
     for (auto span = static_cast<std::size_t>(nurb.degree); span < nurb.controlPoints.size();
          ++span) {
         const double from = nurb.knots[span];
@@ -105,8 +116,8 @@ std::vector<AcGePoint3d> SampleNurb(const Nurb& nurb, double maxChordError) {
         }
         const double middle = 0.5 * (from + to);
         SpanSampling sampling(nurb, span, maxChordError, points);
-        sampling.sample(from, middle, kMostHalvings);  // halved once: an S may cross its chord
-        sampling.sample(middle, to, kMostHalvings);
+        sampling.sample(from, middle, mostHalvings);  // halved once: an S may cross its chord
+        sampling.sample(middle, to, mostHalvings);
     }
     return points;
 }

@@ -15,7 +15,8 @@ struct Nurb {
     std::span<const double> weights;
 };
 
-/// A polyline along the curve, its chords about `maxChordError` drawing units from it at most.
+/// A polyline along the curve, its chords about `maxChordError` drawing units from it at most;
+/// farther where that would take more than about 200,000 points.
 /// Empty when the numbers of knots, points and weights do not go together.
 std::vector<AcGePoint3d> SampleNurb(const Nurb& nurb, double maxChordError);
 

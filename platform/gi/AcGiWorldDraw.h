@@ -48,6 +48,10 @@ public:
     virtual ~AcGiWorldDraw() = default;
     /// True while an entity is drawn as the image of a drag.
     virtual Adesk::Boolean isDragging() const { return false; }
+    /// Asked before each step of what may be long (an entity of a block, a line of a pattern): true
+    /// when nothing more is to be drawn, as the person has given up or a file makes more than
+    /// anybody draws of the little that it holds.
+    virtual Adesk::Boolean regenAbort() const { return false; }
     /// How far from the true course the chords of a curve near `point` may be, drawing units.
     virtual double deviation(AcGiDeviationType /*type*/, const AcGePoint3d& /*point*/) const {
         constexpr double kBelowWhatPrintsShow = 0.01;

@@ -6,6 +6,11 @@
 
 #include "platform/gi/shape_outline.h"
 
+Adesk::Boolean ExtentsWorldDraw::regenAbort() const {
+    stepsLeft_ -= stepsLeft_ > 0 ? 1 : 0;
+    return stepsLeft_ == 0;
+}
+
 void ExtentsWorldDraw::Geometry::add(const AcGePoint3d& p) {
     low.set(std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z));
     high.set(std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z));

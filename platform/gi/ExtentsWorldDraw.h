@@ -1,13 +1,21 @@
 #pragma once
 
+#include <cstddef>
 #include <limits>
 
 #include "platform/gi/AcGiWorldDraw.h"
 
 /// A drawing context that only measures: the box around what is drawn into it. Texts count with
-/// text size × width factor a character.
+/// text size × width factor a character. It stops what takes more steps than it is given.
 class ExtentsWorldDraw : public AcGiWorldDraw {
 public:
+    static constexpr std::size_t kMostSteps = 2'000'000;
+
+    explicit ExtentsWorldDraw(std::size_t mostSteps = kMostSteps) : stepsLeft_(mostSteps) {}
+
+    Adesk::Boolean regenAbort() const override;
+    /// How many more steps it would measure; 0 when the box may be that of a part.
+    std::size_t stepsLeft() const { return stepsLeft_; }
     AcGiWorldGeometry& geometry() const override { return geometry_; }
     AcGiSubEntityTraits& subEntityTraits() const override { return traits_; }
 
@@ -44,6 +52,7 @@ private:
         void setSelectionMarker(Adesk::Int32) override {}
     };
 
+    mutable std::size_t stepsLeft_;
     mutable Geometry geometry_;
     mutable Traits traits_;
 };

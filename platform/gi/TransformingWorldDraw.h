@@ -14,6 +14,7 @@ public:
         : target_(target), geometry_(target.geometry(), transform) {}
 
     Adesk::Boolean isDragging() const override { return target_.isDragging(); }
+    Adesk::Boolean regenAbort() const override { return target_.regenAbort(); }
     double deviation(AcGiDeviationType type, const AcGePoint3d& point) const override {
         return geometry_.ownDeviation(target_.deviation(type, geometry_.map(point)));
     }

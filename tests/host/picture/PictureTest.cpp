@@ -11,6 +11,7 @@
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
 #include "platform/db/AcDbText.h"
+#include "platform/dwg/DwgFileWriter.h"
 #include "platform/ed/file_search.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/host/picture/ShapeFontBytes.h"
@@ -149,6 +150,32 @@ TEST_F(PictureTest, CurvesKeepTheWantedChordErrorAndArcsStayArcs) {
     EXPECT_DOUBLE_EQ(coarse[0].box.top, 7.0);
     const DisplayList fine = picture::PictureOf(database_, fonts_, picture::kChordError / 100.0);
     EXPECT_GT(fine.shapes(fine.items()[1])[0].count, 8 * coarse[1].count);
+}
+
+// A small drawing must not take all memory, nor be shown in part as if that were all.
+TEST_F(PictureTest, BlocksThatMultiplyBeyondReasonAreShownInPartAndSaySo) {
+    AcDbObjectId inner = addBlock("0th");
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "0th");
+    for (int level = 1; level <= 20; ++level) {
+        const std::string name = std::to_string(level) + "th";
+        const AcDbObjectId block = addBlock(name.c_str());
+        for (int i = 0; i < 10; ++i) {
+            append(std::make_unique<AcDbBlockReference>(AcGePoint3d(1.0 * i, 0, 0), inner),
+                   name.c_str());
+        }
+        inner = block;
+    }
+    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(7, 0, 0)));
+    EXPECT_EQ(shapes().size(), 1U);
+    EXPECT_TRUE(list_.isWhole());
+    for (int i = 0; i < 50; ++i) {
+        append(std::make_unique<AcDbBlockReference>(AcGePoint3d(0, i, 0), inner));
+    }
+    EXPECT_LT(shapes().size(), 600'000U);
+    EXPECT_FALSE(list_.isWhole());
+    // Nor does measuring them for a file take longer with each.
+    EXPECT_FALSE(DwgFileWriter(database_).write().empty());
+    EXPECT_GE(database_.header().EXTMAX.x, 7.0);
 }
 
 TEST_F(PictureTest, MappedCharactersAdvanceByHeightTimesWidthFactorOrFourFifthsOfIt) {

@@ -8,6 +8,7 @@
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/hatch_outline.h"
+#include "platform/gi/ExtentsWorldDraw.h"
 #include "tests/platform/db/DrawingFixture.h"
 
 namespace {
@@ -132,7 +133,8 @@ TEST(HatchOutlineTest, IslandsAreLeftOutAndPatternsEndAtTheEdges) {
     AcDbHatch::PatternLine family;
     family.base = {0, 5};
     family.offset = {0, -100};
-    const auto strokes = db::StrokesWithin(family, {square, island});
+    const ExtentsWorldDraw patient;
+    const auto strokes = db::StrokesWithin(family, {square, island}, patient);
     ASSERT_EQ(strokes.size(), 2U);
     EXPECT_NEAR(strokes[0].start.x, 0, 1e-9);
     EXPECT_NEAR(strokes[0].end.x, 4, 1e-9);
@@ -140,7 +142,7 @@ TEST(HatchOutlineTest, IslandsAreLeftOutAndPatternsEndAtTheEdges) {
     EXPECT_NEAR(strokes[1].end.x, 10, 1e-9);
 
     family.dashes = {3, -1};
-    const auto dashed = db::StrokesWithin(family, {square});
+    const auto dashed = db::StrokesWithin(family, {square}, patient);
     ASSERT_EQ(dashed.size(), 3U);
     EXPECT_NEAR(dashed[1].start.x, 4, 1e-9);
     EXPECT_NEAR(dashed[1].end.x, 7, 1e-9);
@@ -150,9 +152,16 @@ TEST(HatchOutlineTest, IslandsAreLeftOutAndPatternsEndAtTheEdges) {
     family.base = {5, 0};
     family.offset = {-2, 0};
     family.dashes = {};
-    EXPECT_EQ(db::StrokesWithin(family, {square}).size(), 5U);
+    EXPECT_EQ(db::StrokesWithin(family, {square}, patient).size(), 5U);
     family.offset = {0, 1e-9};
-    EXPECT_TRUE(db::StrokesWithin(family, {square}).empty());
+    EXPECT_TRUE(db::StrokesWithin(family, {square}, patient).empty());
+
+    // Patterns that would take more than anybody draws.
+    family.offset = {-1e-3, 0};
+    family.dashes = {0.01, -0.01};
+    EXPECT_TRUE(db::StrokesWithin(family, {square}, patient).empty()) << "too many strokes";
+    family.dashes = {};
+    EXPECT_EQ(db::StrokesWithin(family, {square}, ExtentsWorldDraw(100)).size(), 99U);
 }
 
 }  // namespace
