@@ -17,6 +17,7 @@
 #include "apps/windows/qt_text.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/system_variables.h"
+#include "platform/ed/user_break.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/private_profile.h"
 
@@ -67,7 +68,8 @@ MainWindow::MainWindow(Session& session)
       view_(new DrawingView(this)),
       line_(new CommandLine(this)),
       coordinates_(new QLabel(this)),
-      suite_(new QLabel(this)) {
+      suite_(new QLabel(this)),
+      work_(this) {
     auto* const drawing = new QWidget(this);
     auto* const column = new QVBoxLayout(drawing);
     column->setContentsMargins(0, 0, 0, 0);
@@ -103,6 +105,8 @@ MainWindow::MainWindow(Session& session)
 
 MainWindow::~MainWindow() {
     acDocManager->removeReactor(this);
+    ed::SetBreakCheck(nullptr);
+    session_.Windows().SetShowListener(nullptr);
     session_.Windows().SetMainWindow(nullptr);
     session_.SetStateListener(nullptr);
     session_.SetTextSink(nullptr);
@@ -112,6 +116,8 @@ MainWindow::~MainWindow() {
 void MainWindow::Connect() {
     session_.SetTextSink([this](const std::string& gbk) { line_->Print(windows::FromGbk(gbk)); });
     session_.SetStateListener([this] { ShowState(); });
+    session_.Windows().SetShowListener([this] { work_.Pause(); });
+    ed::SetBreakCheck([this] { return work_.Step(); });
     line_->SetLineHandler([this](const QString& text) { Submit(text); });
     line_->SetEscapeHandler([this] {
         if (!session_.Feed().Cancel()) {
@@ -191,12 +197,26 @@ void MainWindow::ShowState() {
         QApplication::quit();
         return;
     }
+    if (!session_.Feed().IsRunning()) {
+        EndWork();
+    } else if (session_.Feed().IsWaiting()) {
+        work_.Pause();
+    }
     line_->ShowWaiting(session_.Feed().IsWaiting());
     view_->SetAsking(session_.Feed().IsWaiting());
     ShowDocuments();
     ShowDrawing();
     suite_->setText(ProjectTitle());
     suite_->setToolTip(QString::fromStdString(session_.SuiteFolder()));
+}
+
+/// What the user has ended is told, as what was made before is there.
+void MainWindow::EndWork() {
+    if (const std::optional<int> done = work_.End()) {
+        line_->Print(windows::InterfaceText("\nCancelled; %1 done before that stand.\n",
+                                            "\n已取消，此前完成的 %1 项保留。\n")
+                         .arg(*done));
+    }
 }
 
 void MainWindow::ShowDrawing() {

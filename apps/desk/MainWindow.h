@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "apps/desk/Session.h"
+#include "apps/desk/WorkProgress.h"
 #include "platform/ap/AcApDocManagerReactor.h"
 
 class QLabel;
@@ -61,6 +62,7 @@ private:
     void Connect();
     void Submit(const QString& line);
     void ShowState();
+    void EndWork();
     void ShowDrawing();
     void ShowDocuments();
     void ShowCursor(double x, double y);
@@ -74,6 +76,7 @@ private:
     CommandLine* line_;
     QLabel* coordinates_;
     QLabel* suite_;
+    WorkProgress work_;
     std::string shownSuite_;
     QString nextSuite_;                     ///< to be opened when the running command has ended
     std::vector<AcApDocument*> documents_;  ///< as the tabs show them

@@ -7,6 +7,7 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressDialog>
 #include <QPushButton>
 #include <QSpinBox>
 
@@ -29,6 +30,7 @@ constexpr const char* kEndings[] = {".pdf", ".svg", ".png"};
 constexpr int kLeastDpi = 50;
 constexpr int kGreatestDpi = 1200;
 constexpr int kUsualDpi = 200;
+constexpr int kPatienceMilliseconds = 300;
 
 /// The drawing's file without its ending, in the file system.
 QString BasePath(const AcApDocument& document) {
@@ -108,7 +110,7 @@ void PlotWindow::ChooseFile() {
     }
 }
 
-QByteArray PlotWindow::Bytes() const {
+std::optional<QByteArray> PlotWindow::Bytes() {
     paint::PicturePainter painter;
     const paint::PlotOptions options{monochrome_->isChecked(),
                                      static_cast<double>(resolution_->value())};
@@ -120,19 +122,35 @@ QByteArray PlotWindow::Bytes() const {
         default:
             break;
     }
-    std::vector<paint::Sheet> sheets;
-    if (all_->isEnabled() && all_->isChecked()) {
-        for (const AcApDocument* document : documents_) {
-            sheets.push_back(SheetOf(*document));
+    const bool all = all_->isEnabled() && all_->isChecked();
+    return PagesOf(all ? documents_ : std::vector<AcApDocument*>{current_}, painter, options);
+}
+
+std::optional<QByteArray> PlotWindow::PagesOf(const std::vector<AcApDocument*>& documents,
+                                              paint::PicturePainter& painter,
+                                              const paint::PlotOptions& options) {
+    QProgressDialog progress(InterfaceText("Plotting drawings...", "正在打印图形……"),
+                             windows::StandardButtonText(IDCANCEL), 0,
+                             static_cast<int>(documents.size()), this);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(kPatienceMilliseconds);
+    paint::PdfPages pages(painter, options);
+    for (const AcApDocument* document : documents) {
+        pages.Add(SheetOf(*document));
+        progress.setValue(progress.value() + 1);
+        if (progress.wasCanceled()) {
+            return std::nullopt;
         }
-    } else {
-        sheets.push_back(SheetOf(*current_));
     }
-    return paint::PdfOf(sheets, painter, options);
+    return pages.Finish();
 }
 
 void PlotWindow::accept() {
-    const QByteArray bytes = Bytes();
+    const std::optional<QByteArray> plotted = Bytes();
+    if (!plotted) {
+        return;
+    }
+    const QByteArray& bytes = *plotted;
     std::string error;
     if (bytes.isEmpty()) {
         error = InterfaceText("The picture would be too large at this resolution.",

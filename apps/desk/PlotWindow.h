@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
 #include <vector>
 
 #include "apps/paint/sheet_pages.h"
@@ -28,7 +29,11 @@ public:
 private:
     void FollowFormat();
     void ChooseFile();
-    QByteArray Bytes() const;
+    /// The plotted file; nothing when the user has given up.
+    std::optional<QByteArray> Bytes();
+    std::optional<QByteArray> PagesOf(const std::vector<AcApDocument*>& documents,
+                                      paint::PicturePainter& painter,
+                                      const paint::PlotOptions& options);
 
     std::vector<AcApDocument*> documents_;
     AcApDocument* current_;

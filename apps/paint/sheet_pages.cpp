@@ -1,9 +1,7 @@
 #include "apps/paint/sheet_pages.h"
 
-#include <QBuffer>
 #include <QImage>
 #include <QPageLayout>
-#include <QPdfWriter>
 #include <QSvgGenerator>
 #include <cmath>
 
@@ -17,6 +15,7 @@ constexpr double kLongSide = 297.0;   // of A4, and the short side of A3
 constexpr double kA3LongSide = 420.0;
 constexpr double kLargestSide = 1189.0;  // of A0
 constexpr double kMargin = 10.0;
+constexpr int kPdfResolution = 2400;  // coordinates of the file are whole dots
 /// What may reach over the edge of a sheet: half a line, the room that glyph boxes keep.
 constexpr double kOverhang = 1.0;
 
@@ -67,35 +66,32 @@ Page PageOf(const picture::DisplayList& list) {
                                       : Page{box, kLongSide, kA3LongSide};
 }
 
-QByteArray PdfOf(std::span<const Sheet> sheets, PicturePainter& pictures,
-                 const PlotOptions& options) {
-    constexpr int kResolution = 2400;  // coordinates of the file are whole dots
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(kResolution);
-    writer.setPageMargins(QMarginsF());
-    writer.setCreator(QStringLiteral("GRDX"));
-    if (!sheets.empty()) {
-        writer.setTitle(sheets.front().title);
+PdfPages::PdfPages(PicturePainter& pictures, const PlotOptions& options)
+    : pictures_(pictures), options_(options), writer_(&buffer_) {
+    buffer_.open(QIODevice::WriteOnly);
+    writer_.setResolution(kPdfResolution);
+    writer_.setPageMargins(QMarginsF());
+    writer_.setCreator(QStringLiteral("GRDX"));
+}
+
+void PdfPages::Add(const Sheet& sheet) {
+    const Page page = PageOf(sheet.list);
+    writer_.setPageSize(PageSizeOf(page));
+    if (painter_.isActive()) {
+        writer_.newPage();
+    } else {
+        writer_.setTitle(sheet.title);
+        painter_.begin(&writer_);
     }
-    QPainter painter;
-    for (const Sheet& sheet : sheets) {
-        const Page page = PageOf(sheet.list);
-        writer.setPageSize(PageSizeOf(page));
-        if (painter.isActive()) {
-            writer.newPage();
-        } else {
-            painter.begin(&writer);
-        }
-        const double dotsPerMillimetre = kResolution / kMillimetresPerInch;
-        PaintPage(painter, sheet, page,
-                  QSizeF(page.width * dotsPerMillimetre, page.height * dotsPerMillimetre), pictures,
-                  PaperLook(options, false));
-    }
-    painter.end();
-    return bytes;
+    const double dotsPerMillimetre = kPdfResolution / kMillimetresPerInch;
+    PaintPage(painter_, sheet, page,
+              QSizeF(page.width * dotsPerMillimetre, page.height * dotsPerMillimetre), pictures_,
+              PaperLook(options_, false));
+}
+
+QByteArray PdfPages::Finish() {
+    painter_.end();
+    return buffer_.data();
 }
 
 QByteArray SvgOf(const Sheet& sheet, PicturePainter& pictures, const PlotOptions& options) {

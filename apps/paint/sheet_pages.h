@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QBuffer>
 #include <QByteArray>
+#include <QPainter>
+#include <QPdfWriter>
 #include <QString>
-#include <span>
 
 #include "apps/paint/PicturePainter.h"
 
@@ -31,9 +33,24 @@ struct Sheet {
     picture::DisplayList list;
 };
 
-/// The sheets as pages of one PDF file in real size, with fonts embedded; the file's bytes.
-QByteArray PdfOf(std::span<const Sheet> sheets, PicturePainter& painter,
-                 const PlotOptions& options);
+/// Sheets as pages of one PDF file in real size, with fonts embedded.
+class PdfPages {
+public:
+    /// `pictures` must outlive it.
+    PdfPages(PicturePainter& pictures, const PlotOptions& options);
+    /// The first sheet gives the file its title.
+    void Add(const Sheet& sheet);
+    /// The file's bytes; to be called once, after the last page.
+    QByteArray Finish();
+
+private:
+    PicturePainter& pictures_;
+    PlotOptions options_;
+    QBuffer buffer_;
+    QPdfWriter writer_;
+    QPainter painter_;
+};
+
 /// The sheet as an SVG page in real size, characters as outlines; the file's bytes.
 QByteArray SvgOf(const Sheet& sheet, PicturePainter& painter, const PlotOptions& options);
 /// The sheet as a PNG picture on white; the file's bytes, empty when it would have more than 500

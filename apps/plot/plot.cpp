@@ -1,5 +1,6 @@
 #include "apps/plot/plot.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <stdexcept>
 
@@ -92,8 +93,12 @@ private:
 
     QByteArray bytesOf(const std::vector<paint::Sheet>& sheets) {
         switch (request_.format) {
-            case Format::kPdf:
-                return PdfOf(sheets, painter_, request_.options);
+            case Format::kPdf: {
+                paint::PdfPages pages(painter_, request_.options);
+                std::for_each(sheets.begin(), sheets.end(),
+                              [&](const paint::Sheet& sheet) { pages.Add(sheet); });
+                return pages.Finish();
+            }
             case Format::kSvg:
                 return SvgOf(sheets.front(), painter_, request_.options);
             case Format::kPng:

@@ -13,7 +13,14 @@ QWidget* QtWindowSystem::Owner() const {
     return modal != nullptr ? modal : mainWindow_;
 }
 
+void QtWindowSystem::TellOfShowing() const {
+    if (showListener_) {
+        showListener_();
+    }
+}
+
 void QtWindowSystem::RunModal(mfc::FrameModel& window) {
+    TellOfShowing();
     if (auto* sheet = dynamic_cast<mfc::SheetModel*>(&window)) {
         SheetWindow(*sheet, Owner()).exec();
     } else {
@@ -22,6 +29,7 @@ void QtWindowSystem::RunModal(mfc::FrameModel& window) {
 }
 
 int QtWindowSystem::ShowMessageBox(const mfc::MessageBoxRequest& request) {
+    TellOfShowing();
     return MessageBoxWindow(request, Owner()).Ask();
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/ed/user_break.h"
 #include "src/chart/cumulative_sheet.h"
 #include "src/common/module_state.h"
 #include "src/frame/sheet_files.h"
@@ -37,6 +38,9 @@ bool MakeA3Sheets(const ChartFamily& family, const std::string& folder, const CD
     for (int first = 0; first < SelectedCount; first += kChartsPerCumulativeSheet) {
         const int end = std::min(first + kChartsPerCumulativeSheet, SelectedCount);
         if (!MakeSheet(family, folder, tools, first, end)) {
+            return false;
+        }
+        if (end < SelectedCount && acedUsrBrk() != 0) {
             return false;
         }
     }

@@ -1,5 +1,6 @@
 #include "src/frame/a4_sheets.h"
 
+#include "platform/ed/user_break.h"
 #include "platform/mfc/CString.h"
 #include "src/chart/result_sheet.h"
 #include "src/common/module_state.h"
@@ -63,6 +64,9 @@ bool MakeSheet(const ChartFamily& family, const std::string& folder, const CDraw
 bool MakeA4Sheets(const ChartFamily& family, const std::string& folder, const CDrawTools& tools) {
     for (Item item = SelectedItems.cbegin(); item != SelectedItems.cend();) {
         if (!MakeSheet(family, folder, tools, item)) {
+            return false;
+        }
+        if (item != SelectedItems.cend() && acedUsrBrk() != 0) {
             return false;
         }
     }

@@ -6,5 +6,5 @@
 #include "src/frame/chart_family.h"
 
 /// Makes the A4 sheets of SelectedItems, two charts each, in the chart folder. False when a chart
-/// cannot be drawn or a sheet not be saved; the sheets before it stay.
+/// cannot be drawn or a sheet not be saved, or the person has had enough; the sheets before stay.
 bool MakeA4Sheets(const ChartFamily& family, const std::string& folder, const CDrawTools& tools);

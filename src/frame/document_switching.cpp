@@ -5,6 +5,7 @@
 
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/command_line.h"
+#include "platform/ed/user_break.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/frame/document_guard.h"
 #include "src/frame/split_list.h"
@@ -38,8 +39,8 @@ Acad::ErrorStatus OpenInPlace(const std::string& paths, ZoomAfterOpen zoom) {
 void OpenEach(OpenRequest& request) {
     std::vector<std::string> names;
     SplitList(request.paths, kPathSeparator, names);
-    for (const std::string& name : names) {
-        const Acad::ErrorStatus status = acDocManager->appContextOpenDocument(name.c_str());
+    for (std::size_t i = 0; i < names.size() && (i == 0 || acedUsrBrk() == 0); ++i) {
+        const Acad::ErrorStatus status = acDocManager->appContextOpenDocument(names[i].c_str());
         if (status == Acad::eOk) {
             ZoomCurrentDocument(request.zoom);
         } else if (request.status == Acad::eOk) {

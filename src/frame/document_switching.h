@@ -9,7 +9,8 @@ enum ZoomAfterOpen : int { kZoomNone = 0, kZoomExtents = 1, kZoomAll = 2 };
 
 /// Opens one drawing, or several whose paths are joined by "|". In single-document mode the first
 /// takes the place of the current drawing and the others are dropped with a message; else each
-/// becomes a document of its own, and with `lock` the last of them is locked for writing.
+/// becomes a document of its own, until the person has had enough, and with `lock` the last of them
+/// is locked for writing.
 ///
 /// Gives the status of the first open that failed, or of the lock.
 Acad::ErrorStatus OpenDocument(const std::string& paths, ZoomAfterOpen zoom, bool lock);

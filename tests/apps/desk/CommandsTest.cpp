@@ -138,6 +138,16 @@ TEST_F(Commands, WhatTheDatabaseRefusesIsToldInABox) {
     sqlite3_close(other);
 }
 
+TEST_F(Commands, ASuiteWithoutItsDatabaseIsToldInABox) {
+    std::filesystem::remove(suite_.Database());
+    person_.Answer("不能打开颗分试验项目表,请检查数据!", IDOK);
+    person_.Press("颗粒分析成果图", IDCANCEL);
+    person_.Answer("project.db: unable to open database file", IDOK);
+    TypeLine("CGRDX");
+    person_.Finish();
+    EXPECT_TRUE(suite_.Sheets().empty());
+}
+
 TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
     const SampleSuite other(scratch_.Path() / "other", 2);
     EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(other.Folder())));

@@ -1,5 +1,6 @@
 #include "src/frame/chart_driver.h"
 
+#include "platform/ed/user_break.h"
 #include "src/ui/resource_ids.h"
 #include "tests/src/chart/SheetDump.h"
 #include "tests/src/frame/FrameFixture.h"
@@ -171,6 +172,25 @@ TEST_F(ChartDriverTest, AChartThatFailsKeepsTheSheetsBeforeItAndOpensNothing) {
     ExpectStopped({"KFZK3-1~ZK3-2.dwg"});
     EXPECT_EQ(CurrentDrawing(), "Drawing.dwg");
     EXPECT_EQ(Boxes().size(), 1U) << "the layout's own message";
+}
+
+TEST_F(ChartDriverTest, WhatThePersonEndsKeepsTheSheetsBefore) {
+    AddSamples(5);
+    int steps = 0;
+    ed::SetBreakCheck([&steps] { return ++steps == 2; });
+    ThenDraw(Numbers(5));
+    RunCommand("CGRDX");
+    ExpectStopped({"KFZK3-1~ZK3-2.dwg", "KFZK3-3~ZK3-4.dwg"});
+    EXPECT_EQ(CurrentDrawing(), "Drawing.dwg");
+
+    WriteProject("GCSY=1\r\nGCBH=GC2\r\nGCBZ=2\r\nGCSJ=0\r\n");
+    AddSample("ZK3", "6");
+    AddSample("ZK3", "7");
+    steps = 1;
+    ThenDraw(Numbers(7));
+    RunCommand("CGRDX");
+    EXPECT_EQ(MadeSheets, Texts{"KFZK3-1_ZK3-6.dwg"});
+    ed::SetBreakCheck(nullptr);
 }
 
 TEST_F(ChartDriverTest, ASheetThatCannotBeSavedEndsTheRun) {

@@ -1,5 +1,6 @@
 #include "src/frame/document_switching.h"
 
+#include "platform/ed/user_break.h"
 #include "tests/src/frame/FrameFixture.h"
 
 namespace {
@@ -36,6 +37,11 @@ TEST_F(DocumentSwitchingTest, MultiModeOpensEachFromEitherContext) {
         EXPECT_EQ(CloseCurrentDocument(true), Acad::eOk);
     });
     EXPECT_EQ(acDocManager->documentCount(), 2);
+
+    ed::SetBreakCheck([] { return true; });
+    EXPECT_EQ(OpenDocument(Both(), kZoomNone, false), Acad::eOk);
+    ed::SetBreakCheck(nullptr);
+    EXPECT_EQ(CurrentDrawing(), "a.dwg") << "the person has had enough after the first";
 }
 
 TEST_F(DocumentSwitchingTest, AFailedOpenGivesItsStatusAndTheOthersOpen) {
