@@ -8,7 +8,6 @@
 
 #include "apps/desk/shape_hits.h"
 #include "host/coordinates.h"
-#include "host/picture/picture_of.h"
 #include "platform/db/AcDbEntity.h"
 
 namespace desk {
@@ -79,11 +78,25 @@ void DrawingView::Rebuild() {
     update();
 }
 
+/// In few steps, so that zooming seldom makes the picture anew.
+double DrawingView::WantedChordError() const {
+    constexpr double kStep = 8.0;
+    constexpr double kFinest = picture::kChordError / (kStep * kStep * kStep * kStep);
+    const double halfPixel = 0.5 / Transform().Scale();
+    double error = picture::kChordError;
+    while (error > halfPixel && error > kFinest) {
+        error /= kStep;
+    }
+    return error;
+}
+
 const picture::DisplayList& DrawingView::Picture() {
-    if (stale_ && (!mayLook || mayLook())) {
+    const double chordError = database_ != nullptr ? WantedChordError() : chordError_;
+    if ((stale_ || chordError != chordError_) && (!mayLook || mayLook())) {
         stale_ = false;
-        picture_ =
-            database_ != nullptr ? picture::PictureOf(*database_, fonts_) : picture::DisplayList();
+        chordError_ = chordError;
+        picture_ = database_ != nullptr ? picture::PictureOf(*database_, fonts_, chordError)
+                                        : picture::DisplayList();
         tellOfPart_ = !picture_.isWhole();
     }
     return picture_;

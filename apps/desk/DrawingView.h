@@ -9,6 +9,7 @@
 #include "apps/desk/ViewTransform.h"
 #include "apps/paint/PicturePainter.h"
 #include "host/picture/FontLibrary.h"
+#include "host/picture/picture_of.h"
 
 namespace desk {
 
@@ -76,6 +77,8 @@ protected:
 
 private:
     ViewTransform Transform() const;
+    /// How far the chords of curves may be from them for half a pixel of the view.
+    double WantedChordError() const;
     double Reach() const;
     void PressLeft(picture::Point point, bool shift);
     void PressGrip(int grip, bool shift);
@@ -93,6 +96,7 @@ private:
     AcDbDatabase* database_ = nullptr;  ///< the document's; tells a new one in the same place
     picture::FontLibrary fonts_;
     picture::DisplayList picture_;
+    double chordError_ = picture::kChordError;  ///< of the picture
     bool stale_ = false;
     bool tellOfPart_ = false;  ///< the picture is not whole, and nobody has been told
     mutable paint::PicturePainter painter_;

@@ -9,6 +9,7 @@
 
 #include <sqlite3.h>
 
+#include "apps/desk/ViewTransform.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/mfc/message_box.h"
 #include "tests/apps/desk/DeskFixture.h"
@@ -176,6 +177,13 @@ TEST_F(Commands, TheWheelZoomsAtTheCursorAndTheMiddleButtonPans) {
 
     QTest::mouseDClick(&View(), Qt::MiddleButton, {}, at);
     EXPECT_NEAR(acDocManager->curDocument()->view().height, height, 1e-9);
+
+    // However close one looks, a curve has no corners, and from afar none that nobody sees.
+    const std::size_t points = View().Picture().pointCount();
+    desk::ZoomAbout(acDocManager->curDocument()->view(), under, 1000.0);
+    EXPECT_GT(View().Picture().pointCount(), points * 3 / 2);
+    desk::ZoomAbout(acDocManager->curDocument()->view(), under, 1e-3);
+    EXPECT_EQ(View().Picture().pointCount(), points);
 }
 
 }  // namespace
