@@ -18,6 +18,7 @@
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/system_variables.h"
 #include "platform/ed/user_break.h"
+#include "platform/oledb/lock_wait.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/private_profile.h"
 
@@ -105,6 +106,7 @@ MainWindow::MainWindow(Session& session)
 
 MainWindow::~MainWindow() {
     acDocManager->removeReactor(this);
+    oledb::SetLockWaitListener(nullptr);
     ed::SetBreakCheck(nullptr);
     session_.Windows().SetShowListener(nullptr);
     session_.Windows().SetMainWindow(nullptr);
@@ -118,6 +120,7 @@ void MainWindow::Connect() {
     session_.SetStateListener([this] { ShowState(); });
     session_.Windows().SetShowListener([this] { work_.Pause(); });
     ed::SetBreakCheck([this] { return work_.Step(); });
+    oledb::SetLockWaitListener([this] { return !work_.Wait(); });
     line_->SetLineHandler([this](const QString& text) { Submit(text); });
     line_->SetEscapeHandler([this] {
         if (!session_.Feed().Cancel()) {

@@ -2,6 +2,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressDialog>
 #include <QTabBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -133,10 +134,21 @@ TEST_F(Commands, WhatTheDatabaseRefusesIsToldInABox) {
     person_.In(title,
                [](QWidget& sheet) { ClickItem(*Control<QAbstractItemView>(sheet, 2001), "1"); });
     person_.Press(title, IDOK);
+    person_.Then("the user does not want to wait", [] {
+        auto* const progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
+        if (progress == nullptr) {
+            return false;
+        }
+        EXPECT_TRUE(progress->labelText().contains("locked"))
+            << progress->labelText().toStdString();
+        progress->cancel();
+        return true;
+    });
     person_.Answer("database is locked", IDOK);
     TypeLine("CGRDX");
     person_.Finish();
     sqlite3_close(other);
+    EXPECT_TRUE(window_.findChildren<QProgressDialog*>().isEmpty());
 }
 
 TEST_F(Commands, ASuiteWithoutItsDatabaseIsToldInABox) {

@@ -7,6 +7,7 @@
 #include <QTest>
 #include <QThread>
 
+#include "apps/desk/WorkProgress.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcRxEventReactor.h"
 #include "platform/mfc/message_box.h"
@@ -88,6 +89,19 @@ TEST_F(LongWork, ShowsItselfAndCanBeEnded) {
         EXPECT_NEAR(shown.height, acDocManager->curDocument()->view().height, 1e-9) << tab;
         EXPECT_GT(shown.height, 250.0);
     }
+}
+
+TEST_F(LongWork, WhatHasWaitedAndGoesBackToItsWindowLeavesItFree) {
+    desk::WorkProgress work(&window_);
+    const auto shown = [this] { return window_.findChild<QProgressDialog*>() != nullptr; };
+    for (int tries = 0; !shown() && tries < 200; ++tries) {
+        EXPECT_FALSE(work.Wait());
+        QThread::msleep(5);
+    }
+    EXPECT_TRUE(shown());
+    QTest::qWait(10);
+    EXPECT_FALSE(shown());
+    EXPECT_EQ(work.End(), std::nullopt);
 }
 
 TEST_F(LongWork, WindowsOfTheCommandTakeTheFront) {

@@ -1,15 +1,19 @@
 #include "platform/oledb/providers/sqlite/SqliteDatabase.h"
 
+#include <chrono>
 #include <string_view>
+#include <thread>
 
 #include "platform/oledb/last_error.h"
+#include "platform/oledb/lock_wait.h"
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
 
 namespace oledb::sqlite {
 namespace {
 
-/// How long a database locked by somebody else is waited for, in milliseconds.
-constexpr int kBusyTimeout = 2000;
+/// How long a database locked by somebody else is waited for.
+constexpr auto kPatience = std::chrono::milliseconds(2000);
+constexpr auto kBetweenTries = std::chrono::milliseconds(5);
 /// Statements kept prepared; far more than the tables of a project need.
 constexpr std::size_t kKeptStatements = 64;
 
@@ -29,6 +33,12 @@ HRESULT ResultOf(int code, std::string_view message) {
         default:
             return E_FAIL;
     }
+}
+
+int WaitForLock(void* /*data*/, int tries) {
+    if (tries * kBetweenTries >= kPatience || !GoesOnWaiting()) return 0;
+    std::this_thread::sleep_for(kBetweenTries);
+    return 1;
 }
 
 }  // namespace
@@ -58,7 +68,7 @@ HRESULT SqliteDatabase::Open(const std::string& path) {
                                  SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) return Failure(code, path);
-    SQLITE_CALL(sqlite3_busy_timeout, opened, kBusyTimeout);
+    SQLITE_CALL(sqlite3_busy_handler, opened, WaitForLock, nullptr);
     const HRESULT result = CheckContent(path);
     if (FAILED(result)) return result;
     Prefer("PRAGMA journal_mode=WAL");
