@@ -6,6 +6,7 @@
 #include <cmath>
 #include <utility>
 
+#include "apps/desk/part_missing.h"
 #include "apps/desk/shape_hits.h"
 #include "host/coordinates.h"
 #include "platform/db/AcDbEntity.h"
@@ -105,8 +106,7 @@ const picture::DisplayList& DrawingView::Picture() {
 std::vector<std::string> DrawingView::TakeFaults() {
     std::vector<std::string> faults = fonts_.takeFaults();
     if (std::exchange(tellOfPart_, false)) {
-        faults.emplace_back(
-            "The drawing's blocks and patterns make more than can be shown: a part is missing.");
+        faults.push_back(PartMissing().toStdString());
     }
     return faults;
 }

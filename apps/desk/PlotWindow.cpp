@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 
+#include "apps/desk/part_missing.h"
 #include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
 #include "apps/windows/standard_button.h"
@@ -114,16 +115,15 @@ std::optional<QByteArray> PlotWindow::Bytes() {
     paint::PicturePainter painter;
     const paint::PlotOptions options{monochrome_->isChecked(),
                                      static_cast<double>(resolution_->value())};
-    switch (format_->currentIndex()) {
-        case kSvg:
-            return paint::SvgOf(SheetOf(*current_), painter, options);
-        case kPng:
-            return paint::PngOf(SheetOf(*current_), painter, options);
-        default:
-            break;
+    whole_ = true;
+    if (format_->currentIndex() == kPdf) {
+        const bool all = all_->isEnabled() && all_->isChecked();
+        return PagesOf(all ? documents_ : std::vector<AcApDocument*>{current_}, painter, options);
     }
-    const bool all = all_->isEnabled() && all_->isChecked();
-    return PagesOf(all ? documents_ : std::vector<AcApDocument*>{current_}, painter, options);
+    const paint::Sheet sheet = SheetOf(*current_);
+    whole_ = sheet.list.isWhole();
+    return format_->currentIndex() == kSvg ? paint::SvgOf(sheet, painter, options)
+                                           : paint::PngOf(sheet, painter, options);
 }
 
 std::optional<QByteArray> PlotWindow::PagesOf(const std::vector<AcApDocument*>& documents,
@@ -136,7 +136,9 @@ std::optional<QByteArray> PlotWindow::PagesOf(const std::vector<AcApDocument*>& 
     progress.setMinimumDuration(kPatienceMilliseconds);
     paint::PdfPages pages(painter, options);
     for (const AcApDocument* document : documents) {
-        pages.Add(SheetOf(*document));
+        const paint::Sheet sheet = SheetOf(*document);
+        whole_ = whole_ && sheet.list.isWhole();
+        pages.Add(sheet);
         progress.setValue(progress.value() + 1);
         if (progress.wasCanceled()) {
             return std::nullopt;
@@ -160,6 +162,9 @@ void PlotWindow::accept() {
                                        {bytes.data(), static_cast<std::size_t>(bytes.size())},
                                        error)) {
         written_ = file_->text();
+        if (!whole_) {
+            QMessageBox::warning(this, windowTitle(), PartMissing());
+        }
         return QDialog::accept();
     }
     QMessageBox::warning(this, windowTitle(), QString::fromStdString(error));

@@ -43,6 +43,7 @@ private:
     QSpinBox* resolution_;
     QLineEdit* file_;
     QString written_;
+    bool whole_ = true;  ///< the pictures plotted last lack nothing
 };
 
 }  // namespace desk

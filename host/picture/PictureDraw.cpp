@@ -21,7 +21,7 @@ Point Flat(const AcGeVector3d& vector) {
 
 Adesk::Boolean PictureDraw::regenAbort() const {
     constexpr std::size_t kMostStepsOfShape = 4;
-    constexpr std::size_t kMostPointsOfShape = 8;
+    constexpr std::size_t kMostPointsOfShape = 16;
     return ++steps_ > kMostStepsOfShape * mostShapes_ || list_.shapeCount() > mostShapes_ ||
            list_.pointCount() > kMostPointsOfShape * mostShapes_;
 }
