@@ -60,6 +60,11 @@ protected:
 }  // namespace
 
 TEST_F(BuiltInCommandsTest, ZoomShowsTheExtentsOrTheLimitsAsWell) {
+    Current()->view().width = 1.0;
+    EXPECT_TRUE(Run("ZOOM E")) << "of an empty drawing";
+    EXPECT_EQ(Current()->view().width, 420.0);
+    EXPECT_EQ(Current()->view().height, 297.0);
+    EXPECT_EQ(Current()->view().center.x, 210.0);
     DrawLine(100, 50, 300, 150);
     EXPECT_TRUE(Run("zoom e "));
     EXPECT_EQ(Current()->view().center.x, 200.0);
@@ -71,14 +76,6 @@ TEST_F(BuiltInCommandsTest, ZoomShowsTheExtentsOrTheLimitsAsWell) {
     EXPECT_EQ(Current()->view().width, 420.0);
     EXPECT_EQ(Current()->view().height, 400.0);
     EXPECT_FALSE(Run("ZOOM X"));
-}
-
-TEST_F(BuiltInCommandsTest, ZoomOfAnEmptyDrawingShowsItsLimits) {
-    Current()->view().width = 1.0;
-    EXPECT_TRUE(Run("ZOOM E"));
-    EXPECT_EQ(Current()->view().width, 420.0);
-    EXPECT_EQ(Current()->view().height, 297.0);
-    EXPECT_EQ(Current()->view().center.x, 210.0);
 }
 
 TEST_F(BuiltInCommandsTest, DrawingsAreSavedAndOpenedAgain) {
@@ -214,11 +211,7 @@ TEST_F(BuiltInCommandsTest, EntitiesAreTransformed) {
         EXPECT_TRUE(Run("ERASE " + pick));
         EXPECT_THAT(Lines(), testing::IsEmpty());
     }
-}
-
-TEST_F(BuiltInCommandsTest, ACopyLeavesTheOriginal) {
-    const std::string pick = DrawLine(0, 0, 10, 0);
-    EXPECT_TRUE(Run("COPY " + pick + " 0,0 0,5"));
+    EXPECT_TRUE(Run("COPY " + DrawLine(0, 0, 10, 0) + " 0,0 0,5"));
     EXPECT_THAT(Lines(), ElementsAre("0,0 10,0", "0,5 10,5"));
 }
 

@@ -64,18 +64,13 @@ protected:
     DisplayList list_;
 };
 
-std::unique_ptr<AcDbLine> Line(double x1, double y1, double x2, double y2) {
-    return std::make_unique<AcDbLine>(AcGePoint3d(x1, y1, 0.0), AcGePoint3d(x2, y2, 0.0));
-}
-
 TEST_F(PictureTest, ColoursAreResolvedByLayerAndBlockAndHiddenLayersLeftOut) {
     const AcDbObjectId green = addLayer("green", 3);
     const AcDbObjectId off = addLayer("off", 5, true);
     const auto add = [&](AcDbObjectId layer, Adesk::UInt16 color, const char* block) {
-        auto line = Line(0, 0, 1, 1);
+        const Opened line(appendLine({}, {1, 1, 0}, block)->objectId());
         line->setLayer(layer);
         line->setColorIndex(color);
-        append(std::move(line), block);
     };
     const AcDbObjectId block = addBlock("B");
     add(green, 256, "B");
@@ -136,11 +131,7 @@ TEST_F(PictureTest, WidePolylinesAreOutlinesWithMitredCorners) {
 
 TEST_F(PictureTest, CurvesKeepTheWantedChordErrorAndArcsStayArcs) {
     append(std::make_unique<AcDbCircle>(AcGePoint3d(5, 5, 0), AcGeVector3d::kZAxis, 2.0));
-    AcGePoint3dArray fit;
-    for (const AcGePoint3d& p :
-         {AcGePoint3d(0, 0, 0), AcGePoint3d(10, 8, 0), AcGePoint3d(20, -5, 0)}) {
-        fit.append(p);
-    }
+    const AcGePoint3dArray fit{{0, 0, 0}, {10, 8, 0}, {20, -5, 0}};
     append(std::make_unique<AcDbSpline>(fit, 4, 0.0));
     const std::vector<Shape> coarse = shapes();
     ASSERT_EQ(coarse.size(), 2U);
@@ -155,7 +146,7 @@ TEST_F(PictureTest, CurvesKeepTheWantedChordErrorAndArcsStayArcs) {
 // A small drawing must not take all memory, nor be shown in part as if that were all.
 TEST_F(PictureTest, BlocksThatMultiplyBeyondReasonAreShownInPartAndSaySo) {
     AcDbObjectId inner = addBlock("0th");
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "0th");
+    appendLine({}, {1, 0, 0}, "0th");
     for (int level = 1; level <= 20; ++level) {
         const std::string name = std::to_string(level) + "th";
         const AcDbObjectId block = addBlock(name.c_str());
@@ -165,7 +156,7 @@ TEST_F(PictureTest, BlocksThatMultiplyBeyondReasonAreShownInPartAndSaySo) {
         }
         inner = block;
     }
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(7, 0, 0)));
+    appendLine({}, {7, 0, 0});
     EXPECT_EQ(shapes().size(), 1U);
     EXPECT_TRUE(list_.isWhole());
     for (int i = 0; i < 50; ++i) {
@@ -203,13 +194,7 @@ TEST_F(PictureTest, ShapeFontsOnTheSearchPathStrokeTexts) {
     std::ofstream(folder.Path("han.shx"), std::ios::binary)
         << shape_font::BigFont({{0xD6D0, {0xA0}}});
     ed::SetSearchFolders({folder.Windows()});
-    addTextStyle("S", "latin", "han.shx");
-    AcDbTextStyleTable* styles = nullptr;
-    ASSERT_EQ(database_.getSymbolTable(styles, AcDb::kForRead), Acad::eOk);
-    AcDbObjectId style;
-    ASSERT_EQ(styles->getAt("S", style), Acad::eOk);
-    styles->close();
-    database_.setTextstyle(style);
+    database_.setTextstyle(addTextStyle("S", "latin", "han.shx"));
     addText("A中B"_gbk, 4.0, 0.5, M_PI / 2);
 
     const std::vector<Shape> drawn = shapes();

@@ -6,14 +6,14 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/ed/command_line.h"
 #include "platform/mfc/afx.h"
 #include "platform/mfc/resources.h"
-#include "platform/win32/windows_path.h"
+#include "tests/platform/db/Opened.h"
+#include "tests/platform/win32/ScratchFolder.h"
 
 namespace fs = std::filesystem;
 using testing::HasSubstr;
@@ -26,22 +26,13 @@ void InApplicationContext(const std::function<void()>& work) {
 }
 
 void Draw(AcDbDatabase& database) {
-    AcDbBlockTable* blocks = nullptr;
-    AcDbBlockTableRecord* space = nullptr;
-    ASSERT_EQ(database.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
-    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForWrite), Acad::eOk);
-    blocks->close();
-    auto line = std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 1, 0));
-    ASSERT_EQ(space->appendAcDbEntity(line.get()), Acad::eOk);
-    line.release()->close();
-    space->close();
+    AppendTo(database, std::make_unique<AcDbLine>());
 }
 
 /// A scratch folder with drawings A.dwg and B.dwg, and no document open.
 class AcApDocManagerTest : public testing::Test {
 protected:
     AcApDocManagerTest() {
-        fs::create_directories(folder_);
         for (const char* name : {"A.dwg", "B.dwg"}) {
             AcDbDatabase drawing(true, true);
             EXPECT_EQ(drawing.saveAs(Windows(name).c_str()), Acad::eOk) << drawing.lastFileError();
@@ -55,14 +46,9 @@ protected:
             }
         });
         ed::SetCommandLineSink(sink_);
-        fs::remove_all(folder_);
     }
 
-    std::string Windows(const std::string& name) const {
-        std::string path;
-        EXPECT_TRUE(win32::WindowsPath((folder_ / name).string(), path));
-        return path;
-    }
+    std::string Windows(const std::string& name) const { return folder_.Windows(name); }
     /// Opens the drawing as a further document.
     Acad::ErrorStatus Open(const std::string& name) const {
         Acad::ErrorStatus status = Acad::eNotApplicable;
@@ -73,7 +59,7 @@ protected:
     static AcApDocument* Current() { return acDocManager->curDocument(); }
     static AcDbDatabase* Working() { return acdbHostApplicationServices()->workingDatabase(); }
 
-    fs::path folder_ = fs::temp_directory_path() / ("grdx-documents-" + std::to_string(getpid()));
+    ScratchFolder folder_;
     ed::CommandLineSink sink_;
     std::string printed_;
 };
@@ -131,7 +117,7 @@ TEST_F(AcApDocManagerTest, AFileThatIsNoDrawingIsRefusedWithTheReason) {
         printed_.clear();
         EXPECT_EQ(Open(name), Acad::eDrawingNotOpened);
         EXPECT_EQ(static_cast<int>(Open(name)), 53);
-        EXPECT_THAT(printed_, HasSubstr(folder_.filename().string())) << name;
+        EXPECT_THAT(printed_, HasSubstr(fs::path(folder_.Path()).filename().string())) << name;
     }
     EXPECT_EQ(acDocManager->documentCount(), 0);
 
@@ -202,7 +188,7 @@ TEST_F(AcApDocManagerTest, SavingGivesANameAndKeepsTheOldOneOnFailure) {
     EXPECT_EQ(Current()->fileName(), Windows("new.dwg"));
     EXPECT_FALSE(Current()->isUntitled());
     EXPECT_FALSE(Current()->database()->isModified());
-    EXPECT_TRUE(fs::exists(folder_ / "new.dwg"));
+    EXPECT_TRUE(fs::exists(folder_.Path("new.dwg")));
 }
 
 TEST_F(AcApDocManagerTest, ResourceHandlesNest) {

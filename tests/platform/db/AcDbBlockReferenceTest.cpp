@@ -29,12 +29,15 @@ protected:
     /// A line from (0, 0) to (1, 0) in a block.
     void addLine(const char* block, Adesk::UInt16 color = 256,
                  AcDbObjectId layer = AcDbObjectId::kNull) {
-        auto line = std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0));
+        const Opened line(appendLine({0, 0, 0}, {1, 0, 0}, block)->objectId());
         line->setColorIndex(color);
         if (!layer.isNull()) {
             line->setLayer(layer);
         }
-        append(std::move(line), block);
+    }
+
+    static Acad::ErrorStatus extentsOf(const AcDbEntity* entity, AcDbExtents& box) {
+        return Opened(entity->objectId(), AcDb::kForRead)->getGeomExtents(box);
     }
 };
 
@@ -49,12 +52,10 @@ TEST_F(AcDbBlockReferenceTest, DrawsTheDefinitionTurnedScaledAndMoved) {
                 ElementsAre("[256] polyline 10,20 10,1020", "circle 10,2020 r 500",
                             "text A3 at -990,20 towards 90 h 200 w 1 txt,"));
     AcDbExtents box;
-    AcDbBlockReference* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, reference->objectId(), AcDb::kForWrite), Acad::eOk);
-    EXPECT_EQ(opened->getGeomExtents(box), Acad::eOk);
+    EXPECT_EQ(extentsOf(reference, box), Acad::eOk);
     EXPECT_NEAR(box.maxPoint().y, 2520.0, 1e-9);
-    EXPECT_EQ(opened->transformBy(AcGeMatrix3d::mirroring({0, 0, 0}, {0, 1, 0})), Acad::eOk);
-    opened->close();
+    const AcGeMatrix3d mirrored = AcGeMatrix3d::mirroring({0, 0, 0}, {0, 1, 0});
+    EXPECT_EQ(Opened(reference->objectId())->transformBy(mirrored), Acad::eOk);
     EXPECT_THAT(drawn(reference),
                 ElementsAre("[256] polyline -10,20 -10,1020", "circle -10,2020 r 500",
                             "text A3 at 990,20 towards 90 mirrored h 200 w 1 txt,"));
@@ -82,10 +83,7 @@ TEST_F(AcDbBlockReferenceTest, NestingWithoutEndIsCutOff) {
     }
     AcDbBlockReference* const reference = append(referenceTo(inner));
     AcDbExtents box;
-    AcDbBlockReference* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, reference->objectId(), AcDb::kForRead), Acad::eOk);
-    EXPECT_EQ(opened->getGeomExtents(box), Acad::eDegenerateGeometry) << "the line is too deep";
-    opened->close();
+    EXPECT_EQ(extentsOf(reference, box), Acad::eDegenerateGeometry) << "the line is too deep";
 }
 
 TEST_F(AcDbBlockReferenceTest, ExplodesIntoCopiesWhereTheyWereDrawn) {
@@ -139,18 +137,10 @@ TEST_F(AcDbBlockReferenceTest, ADefinitionThatContainsItselfEnds) {
 
 TEST_F(AcDbBlockReferenceTest, ErasedEntitiesAreLeftOutOpenOnesDrawn) {
     const AcDbObjectId block = addBlock("b");
-    AcDbLine* const open =
-        append(std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(1, 0, 0)), "b");
-    AcDbLine* const erased =
-        append(std::make_unique<AcDbLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(2, 0, 0)), "b");
-    AcDbObject* object = nullptr;
-    ASSERT_EQ(acdbOpenObject(object, erased->objectId(), AcDb::kForWrite), Acad::eOk);
-    erased->erase();
-    erased->close();
-    ASSERT_EQ(acdbOpenObject(object, open->objectId(), AcDb::kForWrite), Acad::eOk);
+    const Opened open(appendLine({0, 0, 0}, {1, 0, 0}, "b")->objectId());
+    Opened(appendLine({0, 0, 0}, {2, 0, 0}, "b")->objectId())->erase();
     EXPECT_THAT(drawn(append(referenceTo(block))), ElementsAre("[256] polyline 0,0 1,0"));
     EXPECT_TRUE(open->isWriteEnabled());
-    open->close();
 
     AcDbBlockReference loose;
     EXPECT_EQ(loose.setBlockTableRecord(AcDbObjectId::kNull), Acad::eNullObjectId);
@@ -172,11 +162,8 @@ TEST_F(AcDbBlockReferenceTest, BlocksThatMultiplyBeyondReasonComeToAnEnd) {
         inner = block;
     }
     AcDbBlockReference* const reference = append(referenceTo(inner));
-    AcDbEntity* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, reference->objectId(), AcDb::kForRead), Acad::eOk);
     AcDbExtents box;
-    EXPECT_EQ(opened->getGeomExtents(box), Acad::eOk);
-    opened->close();
+    EXPECT_EQ(extentsOf(reference, box), Acad::eOk);
     EXPECT_GE(box.maxPoint().x, 6.0);
 }
 

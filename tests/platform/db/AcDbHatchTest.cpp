@@ -23,9 +23,7 @@ protected:
         hatch->setNormal(AcGeVector3d::kZAxis);
         hatch->setAssociative(true);
         hatch->setPattern(AcDbHatch::kPreDefined, "SOLID");
-        AcDbObjectIdArray boundary;
-        boundary.append(circle);
-        EXPECT_EQ(hatch->appendLoop(AcDbHatch::kDefault, boundary), Acad::eOk);
+        EXPECT_EQ(hatch->appendLoop(AcDbHatch::kDefault, {circle}), Acad::eOk);
         return hatch;
     }
 
@@ -74,10 +72,10 @@ TEST_F(AcDbHatchTest, BoundariesThatAreNoCirclesOrNotFreeAreRefused) {
     EXPECT_EQ(dot(line)->evaluateHatch(), Acad::eNotApplicable);
 
     const AcDbObjectId circle = circleAt({0, 0, 0}, 1);
-    AcDbObject* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, circle, AcDb::kForWrite), Acad::eOk);
-    EXPECT_EQ(dot(circle)->evaluateHatch(), Acad::eNotApplicable);
-    opened->close();
+    {
+        const Opened opened(circle);
+        EXPECT_EQ(dot(circle)->evaluateHatch(), Acad::eNotApplicable);
+    }
     EXPECT_EQ(dot(circle)->evaluateHatch(), Acad::eOk);
 }
 

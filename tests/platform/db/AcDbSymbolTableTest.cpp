@@ -50,10 +50,7 @@ TEST_F(AcDbSymbolTableTest, NamesCompareWithoutCaseButByWholeCharacters) {
 TEST_F(AcDbSymbolTableTest, AnErasedRecordFreesItsName) {
     AcDbObjectId first;
     ASSERT_EQ(add("A", first), Acad::eOk);
-    AcDbObject* record = nullptr;
-    ASSERT_EQ(acdbOpenObject(record, first, AcDb::kForWrite), Acad::eOk);
-    record->erase();
-    record->close();
+    Opened<AcDbLayerTableRecord>(first)->erase();
     AcDbObjectId found;
     EXPECT_EQ(layers_->getAt("a", found), Acad::eKeyNotFound);
     EXPECT_TRUE(found.isNull());

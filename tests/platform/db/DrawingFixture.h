@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbLine.h"
+#include "tests/platform/db/Opened.h"
 #include "tests/platform/db/RecordingWorldDraw.h"
 
 /// A new drawing with short ways to put something in it.
@@ -15,26 +16,32 @@ protected:
     /// Appends to model space and closes; the entity stays reachable through the pointer.
     template <class T>
     T* append(std::unique_ptr<T> entity, const char* block = ACDB_MODEL_SPACE) {
-        AcDbBlockTable* blocks = nullptr;
-        EXPECT_EQ(database_.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
-        AcDbBlockTableRecord* record = nullptr;
-        EXPECT_EQ(blocks->getAt(block, record, AcDb::kForWrite), Acad::eOk);
-        blocks->close();
+        AcDbObjectId record;
+        EXPECT_EQ(Opened<AcDbBlockTable>(database_.header().BLOCK_CONTROL_OBJECT, AcDb::kForRead)
+                      ->getAt(block, record),
+                  Acad::eOk);
         T* const appended = entity.release();
-        EXPECT_EQ(record->appendAcDbEntity(appended), Acad::eOk);
-        record->close();
+        EXPECT_EQ(Opened<AcDbBlockTableRecord>(record)->appendAcDbEntity(appended), Acad::eOk);
         appended->close();
         return appended;
     }
+    AcDbLine* appendLine(const AcGePoint3d& start, const AcGePoint3d& end,
+                         const char* block = ACDB_MODEL_SPACE) {
+        return append(std::make_unique<AcDbLine>(start, end), block);
+    }
 
     AcDbObjectId addLayer(const char* name, Adesk::UInt16 colorIndex = 7, bool off = false) {
+        return addLayerTo(database_, name, colorIndex, off);
+    }
+    static AcDbObjectId addLayerTo(AcDbDatabase& database, const char* name,
+                                   Adesk::UInt16 colorIndex = 7, bool off = false) {
         auto* const layer = new AcDbLayerTableRecord;
         AcCmColor color;
         color.setColorIndex(colorIndex);
         layer->setName(name);
         layer->setColor(color);
         layer->setIsOff(off);
-        return add<AcDbLayerTable>(layer);
+        return add<AcDbLayerTable>(database.header().LAYER_CONTROL_OBJECT, layer);
     }
 
     AcDbObjectId addTextStyle(const char* name, const char* font, const char* bigFont) {
@@ -42,22 +49,19 @@ protected:
         style->setName(name);
         style->setFileName(font);
         style->setBigFontFileName(bigFont);
-        return add<AcDbTextStyleTable>(style);
+        return add<AcDbTextStyleTable>(database_.header().STYLE_CONTROL_OBJECT, style);
     }
 
     AcDbObjectId addBlock(const char* name) {
         auto* const block = new AcDbBlockTableRecord;
         block->setName(name);
-        return add<AcDbBlockTable>(block);
+        return add<AcDbBlockTable>(database_.header().BLOCK_CONTROL_OBJECT, block);
     }
 
     /// What an object of the drawing draws.
     static std::vector<std::string> drawn(AcDbEntity* entity) {
         RecordingWorldDraw context;
-        AcDbEntity* opened = nullptr;
-        EXPECT_EQ(acdbOpenObject(opened, entity->objectId(), AcDb::kForRead), Acad::eOk);
-        opened->worldDraw(&context);
-        opened->close();
+        Opened(entity->objectId(), AcDb::kForRead)->worldDraw(&context);
         return context.lines();
     }
 
@@ -65,13 +69,10 @@ protected:
 
 private:
     template <class Table>
-    AcDbObjectId add(AcDbSymbolTableRecord* record) {
-        Table* table = nullptr;
-        EXPECT_EQ(database_.getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
+    static AcDbObjectId add(AcDbObjectId table, AcDbSymbolTableRecord* record) {
         AcDbObjectId id;
-        EXPECT_EQ(table->add(id, record), Acad::eOk);
+        EXPECT_EQ(Opened<Table>(table)->add(id, record), Acad::eOk);
         record->close();
-        table->close();
         return id;
     }
 };

@@ -8,18 +8,21 @@
 #include "platform/gi/AcGiWorldDraw.h"
 
 /// Notes what is drawn, a line of text a shape: points as x,y (with z where it is not 0), numbers
-/// to six digits, the colour in front where it changed.
+/// to six digits, in front where they changed the selection marker as "(1)" and the colour as
+/// "[3]".
 class RecordingWorldDraw : public AcGiWorldDraw {
 public:
     AcGiWorldGeometry& geometry() const override { return recorder_; }
     AcGiSubEntityTraits& subEntityTraits() const override { return recorder_; }
     const std::vector<std::string>& lines() const { return recorder_.lines; }
+    Adesk::Boolean isDragging() const override { return dragging; }
+    bool dragging = false;
 
 private:
     class Recorder : public AcGiWorldGeometry, public AcGiSubEntityTraits {
     public:
         void setColor(Adesk::UInt16 colorIndex) override { color = colorIndex; }
-        void setSelectionMarker(Adesk::Int32) override {}
+        void setSelectionMarker(Adesk::Int32 newMarker) override { marker = newMarker; }
         Adesk::Boolean polyline(Adesk::UInt32 n, const AcGePoint3d* p) override {
             return note("polyline", points(n, p));
         }
@@ -44,17 +47,25 @@ private:
                         points(2, ends) + " w " + number(startWidth) + " " + number(endWidth));
         }
         Adesk::Boolean text(const AcGePoint3d& position, const AcGeVector3d& normal,
-                            const AcGeVector3d& direction, const char* message, Adesk::Int32,
-                            Adesk::Boolean, const AcGiTextStyle& style) override {
-            return note("text", std::string(message) + " at " + points(1, &position) + " towards " +
-                                    degrees(std::atan2(direction.y, direction.x)) +
-                                    (normal.z > 0 ? "" : " mirrored") + " h " +
-                                    number(style.textSize()) + " w " + number(style.xScale()) +
-                                    " " + style.fileName() + "," + style.bigFontFileName());
+                            const AcGeVector3d& direction, const char* message, Adesk::Int32 length,
+                            Adesk::Boolean raw, const AcGiTextStyle& style) override {
+            return note(
+                raw || length != -1 ? "unusual text" : "text",
+                std::string(message) + " at " + points(1, &position) + " towards " +
+                    degrees(std::atan2(direction.y, direction.x)) +
+                    (normal.z > 0 ? "" : " mirrored") + " h " + number(style.textSize()) + " w " +
+                    number(style.xScale()) +
+                    (style.obliquingAngle() == 0.0 ? ""
+                                                   : " slant " + degrees(style.obliquingAngle())) +
+                    " " + style.fileName() + "," + style.bigFontFileName() +
+                    (style.trackingPercent() == 100.0
+                         ? ""
+                         : " tracking " + number(style.trackingPercent())));
         }
 
         std::vector<std::string> lines;
         int color = -1;
+        int marker = 0;
 
     private:
         static std::string number(double value) {
@@ -72,15 +83,20 @@ private:
             return result;
         }
         bool note(const std::string& shape, const std::string& data) {
-            std::string colorChange;
+            std::string changes;
+            if (marker != lastMarker_) {
+                changes = "(" + std::to_string(marker) + ") ";
+                lastMarker_ = marker;
+            }
             if (color != lastColor_) {
-                colorChange = "[" + std::to_string(color) + "] ";
+                changes += "[" + std::to_string(color) + "] ";
                 lastColor_ = color;
             }
-            lines.push_back(colorChange + shape + " " + data);
+            lines.push_back(changes + shape + " " + data);
             return true;
         }
         int lastColor_ = -1;
+        int lastMarker_ = 0;
     };
 
     mutable Recorder recorder_;

@@ -1,10 +1,7 @@
 // Objects of classes that modules bring, and of classes that nothing here knows.
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbKeptEntity.h"
-#include "platform/db/AcDbLine.h"
 #include "platform/dwg/DwgBitReader.h"
-#include "platform/dwg/file_layout.h"
-#include "platform/dwg/object_map.h"
 #include "platform/gi/AcGiProxyGraphicsRecorder.h"
 #include "tests/platform/dwg/DwgFixture.h"
 #include "tests/platform/dwg/TestCurve.h"
@@ -24,51 +21,16 @@ protected:
 
     /// A curve with something in every field, between two lines.
     TestCurve* addCurve() {
-        append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)));
+        appendLine({}, {1, 0, 0});
         auto curve = std::make_unique<TestCurve>();
-        curve->origin = {10, 20, 0};
-        curve->points = {{1, 2, 0}, {3, 1.5, 0}, {0, 0, 1}};
-        curve->shortNumber = -5;
-        curve->text = "ZK1";
-        curve->size = 2.5;
-        curve->flag = true;
-        curve->unsignedNumber = 257;
-        curve->style = style_;
-        curve->mainLayer = 3;
-        curve->subLayer = 400;
-        curve->setColorIndex(257);
+        curve->fill(style_);
         TestCurve* added = append(std::move(curve));
-        append(std::make_unique<AcDbLine>(AcGePoint3d(2, 0, 0), AcGePoint3d(3, 0, 0)));
+        appendLine({2, 0, 0}, {3, 0, 0});
         return added;
     }
 
     static TestCurve& curveOf(AcDbDatabase& database) {
         return *static_cast<TestCurve*>(entities(database)[1]);
-    }
-
-    static void expectFields(const TestCurve& curve) {
-        EXPECT_EQ(curve.origin.y, 20);
-        ASSERT_EQ(curve.points.length(), 3);
-        EXPECT_EQ(curve.points[1].y, 1.5);
-        EXPECT_EQ(curve.shortNumber, -5);
-        EXPECT_EQ(curve.text, "ZK1");
-        EXPECT_EQ(curve.size, 2.5);
-        EXPECT_TRUE(curve.flag);
-        EXPECT_EQ(curve.unsignedNumber, 257);
-        EXPECT_EQ(nameOf(curve.style), "QV_FONT");
-        EXPECT_EQ(curve.colorIndex(), 257);
-    }
-
-    static std::string objectAt(const std::string& file, AcDbHandle handle) {
-        const std::size_t at = dwg::kLocatorsPosition + dwg::kObjectMap * dwg::kLocatorSize;
-        const std::string map = file.substr(dwg::LongAt(file, at + 1), dwg::LongAt(file, at + 5));
-        for (const dwg::MapEntry& entry : dwg::ReadObjectMap(map)) {
-            if (entry.handle == handle) {
-                const dwg::ObjectFrame frame = dwg::FrameAt(file, entry.position);
-                return file.substr(frame.contentPosition, frame.contentSize);
-            }
-        }
-        return "";
     }
 
     AcDbObjectId style_;
@@ -79,88 +41,50 @@ TEST_F(CustomObjectsTest, ACurveComesBackThroughItsClass) {
     addCurve();
     const std::string file = save();
     const auto copy = read();
-    expectFields(curveOf(*copy));
+    curveOf(*copy).expectFilled();
     EXPECT_EQ(describe(*copy), describe(database_));
     EXPECT_EQ(save(*copy, "again.dwg"), file);
 }
 
-TEST_F(CustomObjectsTest, TheFileNamesTheClassAndHoldsItsGraphics) {
-    const TestCurve::Registration registration;
-    TestCurve* curve = addCurve();
-    const std::string file = save();
-
-    AcGiProxyGraphicsRecorder recorder;
-    TestCurve drawn;
-    drawn.points = curve->points;
-    drawn.worldDraw(&recorder);
-    const std::string object = objectAt(file, curve->objectId().handle());
-    DwgBitReader reader(dwg::BytesOf(object), 0, 8 * object.size());
-    const std::int16_t number = reader.bitShort();
-    reader.rawLong();
-    reader.handle();
-    EXPECT_EQ(reader.bitShort(), 0);
-    ASSERT_TRUE(reader.bit()) << "graphics are there";
-    std::vector<std::uint8_t> graphics;
-    reader.bytes(reader.rawLong(), graphics);
-    EXPECT_EQ(graphics, recorder.bytes());
-
-    const auto copy = read();
-    // The classes that every drawing has come first.
-    EXPECT_EQ(number, 503);
-    const std::size_t at = dwg::kLocatorsPosition + dwg::kClasses * dwg::kLocatorSize;
-    const std::string classes = file.substr(dwg::LongAt(file, at + 1) + 20, 400);
-    DwgBitReader list(dwg::BytesOf(classes), 0, 8 * classes.size());
-    std::string app;
-    std::string name;
-    std::string dxfName;
-    while (list.bitShort() != number) {
-        list.bitShort();
-        list.text(app);
-        list.text(name);
-        list.text(dxfName);
-        list.bit();
-        list.bitShort();
-    }
-    EXPECT_EQ(list.bitShort(), 255) << "what may be done to a proxy";
-    list.text(app);
-    list.text(name);
-    list.text(dxfName);
-    EXPECT_EQ(app + " " + name + " " + dxfName, "TESTAPP TestCurve TESTCURVE");
-    EXPECT_FALSE(list.bit());
-    EXPECT_EQ(list.bitShort(), 0x1F2);
-}
-
 TEST_F(CustomObjectsTest, WithoutItsClassACurveIsKeptAsItIs) {
     std::string file;
+    AcGiProxyGraphicsRecorder drawn;
     {
         const TestCurve::Registration registration;
-        addCurve();
+        Opened(addCurve()->objectId(), AcDb::kForRead)->worldDraw(&drawn);
         TestCurve::filesLayers() = true;
         file = save();
     }
     auto stranger = read();
-    const AcDbEntity* kept = entities(*stranger)[1];
+    const auto* kept = entities<AcDbKeptEntity>(*stranger)[1];
     ASSERT_EQ(kept->isA(), AcDbKeptEntity::desc());
-    EXPECT_EQ(static_cast<const AcDbKeptEntity*>(kept)->keptClass().name, "TestCurve");
-    EXPECT_FALSE(static_cast<const AcDbKeptEntity*>(kept)->graphics().empty());
+    EXPECT_EQ(kept->graphics(), drawn.bytes());
+    const std::string object = objects(file)[kept->objectId().handle()];
+    DwgBitReader reader(dwg::BytesOf(object), 0, 8 * object.size());
+    EXPECT_EQ(reader.bitShort(), 503) << "the classes that every drawing has come first";
+    reader.rawLong();
+    reader.handle();
+    EXPECT_EQ(reader.bitShort(), 0) << "no application data";
+    ASSERT_TRUE(reader.bit()) << "graphics are there";
+    std::vector<std::uint8_t> graphics;
+    reader.bytes(reader.rawLong(), graphics);
+    EXPECT_EQ(graphics, drawn.bytes());
+    const AcDbFileClass& record = *kept->keptClass().record;
+    EXPECT_EQ(record.appName + " " + record.className + " " + record.dxfName,
+              "TESTAPP TestCurve TESTCURVE");
+    EXPECT_EQ(record.proxyFlags, 255);
+    EXPECT_TRUE(record.isEntity && !record.wasProxy);
     EXPECT_EQ(save(*stranger, "kept.dwg"), file) << "bit for bit";
 
     // Its place, its neighbours and its layer may change all the same.
-    AcDbEntity* first = nullptr;
-    ASSERT_EQ(acdbOpenObject(first, entities(*stranger)[0]->objectId(), AcDb::kForWrite),
-              Acad::eOk);
-    first->erase();
-    first->close();
-    AcDbEntity* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, kept->objectId(), AcDb::kForWrite), Acad::eOk);
-    opened->setLinetype(stranger->header().LTYPE_BYBLOCK);
-    opened->close();
+    Opened(entities(*stranger)[0]->objectId())->erase();
+    Opened(kept->objectId())->setLinetype(stranger->header().LTYPE_BYBLOCK);
     save(*stranger, "changed.dwg");
 
     const TestCurve::Registration registration;
     const auto back = read("changed.dwg");
     const auto& curve = static_cast<const TestCurve&>(*entities(*back)[0]);
-    expectFields(curve);
+    curve.expectFilled();
     EXPECT_EQ(curve.subLayer, 400);
     EXPECT_EQ(nameOf(curve.linetypeId()), "ByBlock");
 }
@@ -172,15 +96,10 @@ TEST_F(CustomObjectsTest, FieldsThatTheReaderLeavesAreNotLost) {
     save();
     TestCurve::filesLayers() = false;
     const auto copy = read();
-    expectFields(curveOf(*copy));
+    curveOf(*copy).expectFilled();
     EXPECT_EQ(curveOf(*copy).mainLayer, 0) << "not read in this mode";
-    TestCurve* opened = nullptr;
-    AcDbEntity* entity = nullptr;
-    ASSERT_EQ(acdbOpenObject(entity, curveOf(*copy).objectId(), AcDb::kForWrite), Acad::eOk);
-    opened = static_cast<TestCurve*>(entity);
-    opened->assertWriteEnabled();
-    opened->shortNumber = 12;
-    opened->close();
+    Opened(curveOf(*copy).objectId())->assertWriteEnabled();
+    curveOf(*copy).shortNumber = 12;
     save(*copy, "same mode.dwg");
     TestCurve::filesLayers() = true;
     save(*copy, "other mode.dwg");
@@ -198,7 +117,7 @@ TEST_F(CustomObjectsTest, FieldsThatTheFileDoesNotHaveReadAsNothing) {
     save();
     TestCurve::filesLayers() = true;
     const auto copy = read();
-    expectFields(curveOf(*copy));
+    curveOf(*copy).expectFilled();
     EXPECT_EQ(curveOf(*copy).mainLayer, 0);
 }
 
@@ -207,7 +126,7 @@ TEST_F(CustomObjectsTest, KeptObjectsOfTheFormatGoRoundUnchanged) {
     fields.bits = {0xA5, 0x5A, 0xE0};
     fields.bitCount = 19;
     fields.references = {{5, style_}, {4, {}}, {3, database_.header().DICTIONARY_ACAD_GROUP}};
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)));
+    appendLine({}, {1, 0, 0});
     append(std::make_unique<AcDbKeptEntity>(AcDbKeptClass{17, nullptr, "AcDbArc"}, fields));
     const AcDbObjectId record = database_.addObject(
         std::make_unique<AcDbKeptObject>(AcDbKeptClass{79, nullptr, "AcDbXrecord"}, fields),

@@ -2,11 +2,16 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbHatch.h"
 #include "platform/db/AcDbStub.h"
+#include "platform/dwg/file_layout.h"
+#include "platform/dwg/object_map.h"
 #include "platform/win32/clock.h"
 #include "tests/platform/db/DrawingFixture.h"
 #include "tests/platform/win32/ScratchFolder.h"
@@ -56,15 +61,14 @@ protected:
 
     /// The record of a block's name; null for none.
     static AcDbBlockTableRecord* block(AcDbDatabase& database, const char* name) {
-        AcDbBlockTable* table = nullptr;
-        AcDbBlockTableRecord* record = nullptr;
-        if (database.getSymbolTable(table, AcDb::kForRead) == Acad::eOk) {
-            if (table->getAt(name, record, AcDb::kForRead) == Acad::eOk) {
-                record->close();
-            }
-            table->close();
-        }
-        return record;
+        AcDbObjectId id;
+        Opened<AcDbBlockTable>(database.header().BLOCK_CONTROL_OBJECT, AcDb::kForRead)
+            ->getAt(name, id);
+        return static_cast<AcDbBlockTableRecord*>(AcDbDatabase::objectOf(id));
+    }
+    static bool hasLayer(AcDbDatabase& database, const char* name) {
+        return Opened<AcDbLayerTable>(database.header().LAYER_CONTROL_OBJECT, AcDb::kForRead)
+            ->has(name);
     }
 
     /// The living entities of a block, all of class T.
@@ -99,6 +103,38 @@ protected:
             }
         }
         return lines;
+    }
+
+    /// A dot as charts draw it: a circle filled by an associative hatch that hears of its changes.
+    void addDot(const AcGePoint3d& center, double radius) {
+        const AcDbObjectId circle =
+            append(std::make_unique<AcDbCircle>(center, AcGeVector3d::kZAxis, radius))->objectId();
+        auto hatch = std::make_unique<AcDbHatch>();
+        hatch->setAssociative(true);
+        hatch->setPattern(AcDbHatch::kPreDefined, "SOLID");
+        hatch->appendLoop(AcDbHatch::kDefault, {circle});
+        hatch->evaluateHatch(false);
+        Opened(circle)->addPersistentReactor(append(std::move(hatch))->objectId());
+    }
+
+    /// Where a section of a file begins.
+    static std::size_t sectionStart(const std::string& file, std::size_t number) {
+        return dwg::LongAt(file, dwg::kLocatorsPosition + number * dwg::kLocatorSize + 1);
+    }
+    /// The bytes of a section of a file.
+    static std::string section(const std::string& file, std::size_t number) {
+        const std::size_t locator = dwg::kLocatorsPosition + number * dwg::kLocatorSize;
+        EXPECT_EQ(file[locator], static_cast<char>(number));
+        return file.substr(sectionStart(file, number), dwg::LongAt(file, locator + 5));
+    }
+    /// The content of every object of a file.
+    static std::map<AcDbHandle, std::string> objects(const std::string& file) {
+        std::map<AcDbHandle, std::string> found;
+        for (const dwg::MapEntry& entry : dwg::ReadObjectMap(section(file, dwg::kObjectMap))) {
+            const dwg::ObjectFrame frame = dwg::FrameAt(file, entry.position);
+            found[entry.handle] = file.substr(frame.contentPosition, frame.contentSize);
+        }
+        return found;
     }
 
     ScratchFolder folder_;

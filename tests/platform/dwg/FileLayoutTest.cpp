@@ -1,10 +1,8 @@
 // What stands where in a file, as a reader that knows nothing of the writer finds it.
 #include "platform/dwg/file_layout.h"
 
-#include "platform/db/AcDbLine.h"
 #include "platform/dwg/DwgBitReader.h"
 #include "platform/dwg/crc.h"
-#include "platform/dwg/object_map.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/platform/dwg/DwgFixture.h"
 
@@ -13,15 +11,11 @@ namespace {
 class FileLayoutTest : public DwgFixture {
 protected:
     FileLayoutTest() {
-        append(std::make_unique<AcDbLine>(AcGePoint3d(1, 2, 0), AcGePoint3d(1, 5, 0)));
+        appendLine({1, 2, 0}, {1, 5, 0});
         file_ = save();
     }
 
-    std::string section(std::size_t number) const {
-        const std::size_t at = dwg::kLocatorsPosition + number * dwg::kLocatorSize;
-        EXPECT_EQ(file_[at], static_cast<char>(number));
-        return file_.substr(dwg::LongAt(file_, at + 1), dwg::LongAt(file_, at + 5));
-    }
+    std::string section(std::size_t number) const { return DwgFixture::section(file_, number); }
 
     /// The content of a section between marks, whose size and check sum are right.
     static std::string framed(const std::string& section, const dwg::Sentinel& begin) {
@@ -55,12 +49,8 @@ TEST_F(FileLayoutTest, TheHeadNamesVersionCodePageAndSections) {
 }
 
 TEST_F(FileLayoutTest, SectionsAreFramed) {
-    DwgBitReader variables = [this] {
-        static std::string content;
-        content = framed(section(0), dwg::kVariablesBegin);
-        return bits(content);
-    }();
-    EXPECT_EQ(variables.bitDouble(), 412148564080.0);
+    const std::string variables = framed(section(0), dwg::kVariablesBegin);
+    EXPECT_EQ(bits(variables).bitDouble(), 412148564080.0);
     const std::string classes = framed(section(1), dwg::kClassesBegin);
     DwgBitReader reader = bits(classes);
     std::string application;

@@ -1,9 +1,6 @@
 // Drawings inserted into others as blocks.
 #include "platform/db/AcDbBlockReference.h"
-#include "platform/db/AcDbCircle.h"
-#include "platform/db/AcDbHatch.h"
 #include "platform/db/AcDbKeptEntity.h"
-#include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbText.h"
 #include "tests/platform/dwg/DwgFixture.h"
 #include "tests/platform/dwg/FindingListener.h"
@@ -36,7 +33,7 @@ protected:
 TEST_F(InsertTest, TheModelSpaceBecomesABlockWithWhatItNeeds) {
     database_.setClayer(addLayer("FRAME", 3));
     const AcDbObjectId style = addTextStyle("TITLE", "a.shx", "b.shx");
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(0.42, 0, 0)));
+    appendLine({}, {0.42, 0, 0});
     append(std::make_unique<AcDbText>(AcGePoint3d(), "A3", style, 0.003));
     const AcDbObjectId nested = addBlock("Nested");
     append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 2), "Nested");
@@ -74,15 +71,8 @@ TEST_F(InsertTest, TheModelSpaceBecomesABlockWithWhatItNeeds) {
 
 TEST_F(InsertTest, TheTargetsOwnDefinitionsWin) {
     database_.setClayer(addLayer("shared", 3));
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)));
-    AcDbLayerTable* layers = nullptr;
-    ASSERT_EQ(target_.getSymbolTable(layers, AcDb::kForWrite), Acad::eOk);
-    auto* layer = new AcDbLayerTableRecord;
-    layer->setName("SHARED");
-    AcDbObjectId shared;
-    ASSERT_EQ(layers->add(shared, layer), Acad::eOk);
-    layer->close();
-    layers->close();
+    appendLine({}, {1, 0, 0});
+    const AcDbObjectId shared = addLayerTo(target_, "SHARED");
     const AcDbObjectId id = insert();
     EXPECT_EQ(entities(target_, kPath)[0]->layerId(), shared);
     EXPECT_EQ(insert(), id) << "the block is there already";
@@ -92,14 +82,11 @@ TEST_F(InsertTest, TheTargetsOwnDefinitionsWin) {
 TEST_F(InsertTest, StylesAndBlocksOfTheTargetWinToo) {
     const AcDbObjectId style = addTextStyle("TITLE", "target.shx", "");
     const AcDbObjectId nested = addBlock("Nested");
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "Nested");
+    appendLine({}, {1, 0, 0}, "Nested");
     save();
     const auto target = read();
     // Since then the template has gone another way.
-    AcDbTextStyleTableRecord* record = nullptr;
-    ASSERT_EQ(acdbOpenObject(record, style, AcDb::kForWrite), Acad::eOk);
-    record->setFileName("source.shx");
-    record->close();
+    Opened<AcDbTextStyleTableRecord>(style)->setFileName("source.shx");
     append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 2), "Nested");
     append(std::make_unique<AcDbText>(AcGePoint3d(), "A3", style, 0.003));
     append(std::make_unique<AcDbBlockReference>(AcGePoint3d(), nested));
@@ -114,17 +101,7 @@ TEST_F(InsertTest, StylesAndBlocksOfTheTargetWinToo) {
 }
 
 TEST_F(InsertTest, ReferencesAmongTheEntitiesFollowThem) {
-    auto* circle = append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 1));
-    auto hatch = std::make_unique<AcDbHatch>();
-    hatch->setAssociative(true);
-    hatch->setPattern(AcDbHatch::kPreDefined, "SOLID");
-    hatch->appendLoop(AcDbHatch::kDefault, {circle->objectId()});
-    hatch->evaluateHatch(false);
-    const AcDbObjectId hatchId = append(std::move(hatch))->objectId();
-    AcDbEntity* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, circle->objectId(), AcDb::kForWrite), Acad::eOk);
-    opened->addPersistentReactor(hatchId);
-    opened->close();
+    addDot({}, 1);
     insert();
     const std::vector<AcDbEntity*> copies = entities(target_, kPath);
     ASSERT_THAT(copies, SizeIs(2));
@@ -161,7 +138,7 @@ TEST_F(InsertTest, EntitiesOfModulesAndUnknownOnesAreCopied) {
 
 // Entities that belong to each other in a long row, as no drawing has them but a file may.
 TEST_F(InsertTest, PartsOfPartsAreNotFollowed) {
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)));
+    appendLine({}, {1, 0, 0});
     AcDbObjectId owner = entities(database_)[0]->objectId();
     for (int i = 0; i < 100'000; ++i) {
         owner = database_.addObject(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(2, 0, 0)),

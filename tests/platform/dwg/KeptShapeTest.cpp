@@ -3,7 +3,6 @@
 #include <numbers>
 
 #include "platform/db/AcDbKeptEntity.h"
-#include "platform/db/AcDbLine.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/codec/kept_fields.h"
 #include "platform/dwg/entity_types.h"
@@ -76,7 +75,7 @@ TEST_F(KeptShapeTest, CommonTypesAreDrawnByTheirFields) {
 
 TEST_F(KeptShapeTest, PartsAreDrawnWithTheEntityThatTheyBelongTo) {
     const AcDbObjectId frame = addBlock("Frame");
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(9, 0, 0)), "Frame");
+    appendLine({}, {9, 0, 0}, "Frame");
     add(
         dwg::kAttributeDefinition, [](DwgBitWriter& b) { kept::Attribute(b, 1, 1, "default", 0); },
         {}, "Frame");
@@ -114,10 +113,7 @@ TEST_F(KeptShapeTest, PartsAreDrawnWithTheEntityThatTheyBelongTo) {
     EXPECT_EQ(drawn(entities(*read("target.dwg"), "TEMPLATE")[0]), picture);
 
     // Erased with the reference: nothing stays behind that belongs to nothing.
-    AcDbEntity* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, entities(*copy)[0]->objectId(), AcDb::kForWrite), Acad::eOk);
-    opened->erase();
-    opened->close();
+    Opened(entities(*copy)[0]->objectId())->erase();
     save(*copy, "erased.dwg");
     const auto rest = read("erased.dwg");
     for (const AcDbStub& stub : rest->entries()) {
@@ -143,7 +139,7 @@ TEST_F(KeptShapeTest, OlderPolylinesAndRowsOfReferencesAreDrawn) {
     EXPECT_EQ(picture[1], "arc 2,0,7 r 2 from 0 by 180");
 
     const AcDbObjectId frame = addBlock("Frame");
-    append(std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(1, 0, 0)), "Frame");
+    appendLine({}, {1, 0, 0}, "Frame");
     const auto* rows = add(dwg::kBlockReferenceRows,
                            [](DwgBitWriter& b) {
                                kept::Reference(b, 10, 0, false);
@@ -197,10 +193,8 @@ TEST_F(KeptShapeTest, UnknownClassesAreDrawnByTheirProxyGraphicsAndStayWhereThey
 
     AcDbKeptEntity* kept = add(dwg::kArc, [](DwgBitWriter& b) { kept::Point(b, 10, 20); });
     const std::string file = save();
-    AcDbEntity* opened = nullptr;
-    ASSERT_EQ(acdbOpenObject(opened, kept->objectId(), AcDb::kForWrite), Acad::eOk);
-    EXPECT_EQ(opened->transformBy(AcGeMatrix3d::translation({1, 0, 0})), Acad::eNotApplicable);
-    opened->close();
+    EXPECT_EQ(Opened(kept->objectId())->transformBy(AcGeMatrix3d::translation({1, 0, 0})),
+              Acad::eNotApplicable);
     EXPECT_EQ(save(), file);
 }
 

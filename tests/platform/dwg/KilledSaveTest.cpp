@@ -17,7 +17,7 @@ class KilledSaveTest : public DwgFixture {
 protected:
     void drawLines(int count) {
         for (int i = 0; i < count; ++i) {
-            append(std::make_unique<AcDbLine>(AcGePoint3d(i, 0, 0), AcGePoint3d(i, 1, 0)));
+            appendLine(AcGePoint3d(i, 0, 0), AcGePoint3d(i, 1, 0));
         }
     }
     /// Saves one drawing and the other in turn for ever, under the same name.

@@ -1,10 +1,6 @@
 // What a save leaves as it was.
-#include <map>
-
 #include "platform/db/AcDbKeptEntity.h"
-#include "platform/db/AcDbLine.h"
 #include "platform/dwg/DwgFileRemains.h"
-#include "platform/dwg/object_map.h"
 #include "tests/platform/dwg/DwgFixture.h"
 #include "tests/platform/dwg/TestCurve.h"
 
@@ -15,17 +11,6 @@ using testing::ElementsAre;
 class LosslessTest : public DwgFixture {
 protected:
     static constexpr std::time_t kDay = 86400;
-
-    static std::map<AcDbHandle, std::string> objects(const std::string& file) {
-        const std::size_t at = dwg::kLocatorsPosition + dwg::kObjectMap * dwg::kLocatorSize;
-        std::map<AcDbHandle, std::string> found;
-        for (const dwg::MapEntry& entry : dwg::ReadObjectMap(
-                 file.substr(dwg::LongAt(file, at + 1), dwg::LongAt(file, at + 5)))) {
-            const dwg::ObjectFrame frame = dwg::FrameAt(file, entry.position);
-            found[entry.handle] = file.substr(frame.contentPosition, frame.contentSize);
-        }
-        return found;
-    }
 
     /// Handles of the objects that differ, or that only one of the files has.
     static std::vector<AcDbHandle> differences(const std::string& before,
@@ -41,15 +26,7 @@ protected:
         return found;
     }
 
-    static AcDbEntity* openForWrite(AcDbObjectId id) {
-        AcDbEntity* entity = nullptr;
-        EXPECT_EQ(acdbOpenObject(entity, id, AcDb::kForWrite), Acad::eOk);
-        return entity;
-    }
-
-    void addLine(double x) {
-        append(std::make_unique<AcDbLine>(AcGePoint3d(x, 1, 0), AcGePoint3d(x, 2, 0)));
-    }
+    void addLine(double x) { appendLine({x, 1, 0}, {x, 2, 0}); }
 };
 
 TEST_F(LosslessTest, AnUntouchedDrawingDiffersInItsSaveTimeOnly) {
@@ -98,10 +75,11 @@ TEST_F(LosslessTest, OnlyTheCurveThatIsEditedDiffers) {
     const std::string file = save();
     const auto copy = read();
     const AcDbObjectId edited = entities(*copy)[3]->objectId();
-    auto* curve = static_cast<TestCurve*>(openForWrite(edited));
-    curve->assertWriteEnabled();
-    curve->points[1] = {15, 40, 0};
-    curve->close();
+    {
+        const Opened opened(edited);
+        opened->assertWriteEnabled();
+        static_cast<TestCurve&>(*opened).points[1] = {15, 40, 0};
+    }
     const std::string changed = save(*copy, "changed.dwg");
     EXPECT_THAT(differences(file, changed), ElementsAre(edited.handle()));
 
@@ -115,24 +93,17 @@ TEST_F(LosslessTest, NewObjectsTakeHandlesThatNoneEverHad) {
     addLine(1);
     addLine(2);
     const AcDbHandle last = entities(database_)[1]->objectId().handle();
-    AcDbEntity* erased = openForWrite(entities(database_)[1]->objectId());
-    erased->erase();
-    erased->close();
+    Opened(entities(database_)[1]->objectId())->erase();
     database_.header().HANDSEED = 0x5000;
     save();
     const auto copy = read();
     EXPECT_EQ(copy->header().HANDSEED, 0x5000U);
-    AcDbBlockTableRecord* space = nullptr;
-    ASSERT_EQ(acdbOpenObject(space, block(*copy, ACDB_MODEL_SPACE)->objectId(), AcDb::kForWrite),
-              Acad::eOk);
-    auto* line = new AcDbLine(AcGePoint3d(), AcGePoint3d(1, 0, 0));
-    space->appendAcDbEntity(line);
-    EXPECT_EQ(line->objectId().handle(), 0x5000U);
-    EXPECT_GT(line->objectId().handle(), last);
-    line->close();
-    space->close();
+    const AcDbObjectId added = AppendTo(*copy, std::make_unique<AcDbLine>());
+    EXPECT_EQ(added.handle(), 0x5000U);
+    EXPECT_GT(added.handle(), last);
     save(*copy);
     EXPECT_EQ(read()->header().HANDSEED, 0x5001U);
+    EXPECT_EQ(describe(*read()), describe(*copy));
 }
 
 TEST_F(LosslessTest, ProgramsFindTheDrawingByItsBox) {
@@ -146,9 +117,7 @@ TEST_F(LosslessTest, ProgramsFindTheDrawingByItsBox) {
     EXPECT_EQ(copy->header().EXTMIN.y, 1);
     EXPECT_EQ(copy->header().EXTMAX.x, 5);
     EXPECT_EQ(copy->header().EXTMAX.y, 2);
-    AcDbEntity* erased = openForWrite(entities(*copy)[1]->objectId());
-    erased->erase();
-    erased->close();
+    Opened(entities(*copy)[1]->objectId())->erase();
     save(*copy);
     EXPECT_EQ(read()->header().EXTMIN.x, 5);
 

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbDwgFiler.h"
 #include "platform/db/AcDbEntity.h"
 #include "platform/gi/AcGiWorldDraw.h"
@@ -27,6 +30,35 @@ public:
     };
 
     AcRxClass* isA() const override { return record(); }
+
+    /// Puts something in every field.
+    void fill(AcDbObjectId textStyle) {
+        origin = {10, 20, 0};
+        points = {{1, 2, 0}, {3, 1.5, 0}, {0, 0, 1}};
+        shortNumber = -5;
+        text = "ZK1";
+        size = 2.5;
+        flag = true;
+        unsignedNumber = 257;
+        style = textStyle;
+        mainLayer = 3;
+        subLayer = 400;
+        setColorIndex(257);
+    }
+    /// Whether it is as `fill` leaves it, the layers left aside.
+    void expectFilled() const {
+        EXPECT_EQ(origin.y, 20);
+        ASSERT_EQ(points.length(), 3);
+        EXPECT_EQ(points[1].y, 1.5);
+        EXPECT_EQ(shortNumber, -5);
+        EXPECT_EQ(text, "ZK1");
+        EXPECT_EQ(size, 2.5);
+        EXPECT_TRUE(flag);
+        EXPECT_EQ(unsignedNumber, 257);
+        EXPECT_STREQ(static_cast<AcDbTextStyleTableRecord&>(*AcDbDatabase::objectOf(style)).name(),
+                     "QV_FONT");
+        EXPECT_EQ(colorIndex(), 257);
+    }
 
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override {
         assertReadEnabled();

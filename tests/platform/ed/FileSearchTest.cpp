@@ -1,39 +1,31 @@
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "platform/ed/adesk_results.h"
 #include "platform/ed/file_search.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/windows_path.h"
-
-namespace fs = std::filesystem;
+#include "tests/platform/win32/ScratchFolder.h"
 
 namespace {
 /// A scratch folder with two search folders and a font mapping.
 class FileSearchTest : public testing::Test {
 protected:
     FileSearchTest() {
-        fs::create_directories(folder_ / "first");
-        fs::create_directories(folder_ / "第二");
+        folder_.MakeFolder("first");
+        folder_.MakeFolder("第二");
         ed::SetSearchFolders({Windows("first"), Windows("第二") + "\\"});
     }
     ~FileSearchTest() override {
         ed::SetSearchFolders({});
         ed::LoadFontMapping("");
-        fs::remove_all(folder_);
     }
 
     void Write(const std::string& name, const std::string& content = "x") const {
-        std::ofstream(folder_ / name) << content;
+        folder_.Write(name, content);
     }
     std::string Windows(const std::string& name) const {
-        std::string path;
-        EXPECT_TRUE(win32::WindowsPath((folder_ / name).string(), path));
-        return path;
+        return folder_.Windows(win32::GbkFromUtf8(name));
     }
     /// The Windows path found, or "" for nothing.
     static std::string Find(const std::string& name) {
@@ -41,7 +33,7 @@ protected:
         return acedFindFile(name.c_str(), result) == RTNORM ? result : "";
     }
 
-    fs::path folder_ = fs::temp_directory_path() / ("grdx-search-" + std::to_string(getpid()));
+    ScratchFolder folder_;
 };
 }  // namespace
 
@@ -82,7 +74,7 @@ TEST_F(FileSearchTest, OnlyShapeFontsAreFoundThroughTheMapping) {
 TEST_F(FileSearchTest, APathThatDoesNotFitTheBufferIsNotFound) {
     const std::string deep =
         std::string(200, 'a') + "/" + std::string(200, 'b') + "/" + std::string(120, 'c');
-    fs::create_directories(folder_ / deep);
+    folder_.MakeFolder(deep);
     Write(deep + "/x.dwg");
     ed::SetSearchFolders({Windows(deep)});
     EXPECT_EQ(Find("x.dwg"), "");
