@@ -71,10 +71,7 @@ TEST(CDrawTools, LayersAreMadeOnce) {
     AcDbObjectId second;
     tools.CreateLayer("zzt_tc", second, &drawing, false);
     EXPECT_EQ(first, second);
-    AcDbLayerTableRecord* layer = nullptr;
-    ASSERT_EQ(acdbOpenObject(layer, first, AcDb::kForRead), Acad::eOk);
-    EXPECT_TRUE(layer->isOff());
-    layer->close();
+    EXPECT_TRUE(Opened<AcDbLayerTableRecord>(first)->isOff());
     EXPECT_EQ(drawing.setClayer(first), Acad::eOk);
 }
 
@@ -107,11 +104,9 @@ TEST(CDrawTools, TextStylesBecomeCurrent) {
     // An existing style is taken as it is.
     EXPECT_EQ(tools.CreateTextStyle("S", "st64f.shx", "st64f.shx", &drawing), 1);
     EXPECT_EQ(drawing.textstyle(), first);
-    AcDbTextStyleTableRecord* style = nullptr;
-    ASSERT_EQ(acdbOpenObject(style, first, AcDb::kForRead), Acad::eOk);
+    const Opened<AcDbTextStyleTableRecord> style(first);
     EXPECT_STREQ(style->fileName(), "ComFont.shx");
     EXPECT_STREQ(style->bigFontFileName(), "Hztxt.shx");
-    style->close();
 }
 
 TEST(CDrawTools, DrawingsAreInsertedAsBlocks) {
@@ -127,12 +122,10 @@ TEST(CDrawTools, DrawingsAreInsertedAsBlocks) {
     tools.InsertDrawingAsBlock(path, 1, 2, 0, 1000, &drawing);
     EXPECT_THAT(Dump(drawing), ElementsAre("block 1,2 s1000"));
     VisitModelSpace(drawing, [&path](const AcDbEntity& entity) {
-        const auto block = dynamic_cast<const AcDbBlockReference&>(entity).blockTableRecord();
-        AcDbBlockTableRecord* record = nullptr;
-        ASSERT_EQ(acdbOpenObject(record, block, AcDb::kForRead), Acad::eOk);
+        const Opened<AcDbBlockTableRecord> record(
+            dynamic_cast<const AcDbBlockReference&>(entity).blockTableRecord());
         EXPECT_EQ(record->name(), path);
         EXPECT_EQ(record->entityIds().size(), 1U);
-        record->close();
     });
 
     AcDbDatabase other;

@@ -7,10 +7,10 @@
 
 #include "src/chart/CDrawTools.h"
 #include "src/entity/CKFCurve.h"
+#include "tests/platform/db/RecordingWorldDraw.h"
 #include "tests/src/RecordedMessages.h"
 #include "tests/src/TestProject.h"
 #include "tests/src/chart/SheetDump.h"
-#include "tests/src/entity/RecordingDraw.h"
 
 /// A project, a sheet to draw on, and what the user is told.
 class ChartFixture : public testing::Test {
@@ -29,15 +29,17 @@ protected:
 
     /// What the sheet's last entity, a curve, draws as labels.
     std::vector<std::string> CurveLabels() {
-        RecordingDraw draw;
+        RecordingWorldDraw draw;
         VisitModelSpace(sheet_, [&draw](AcDbEntity& entity) {
             if (auto* curve = dynamic_cast<CKFCurve*>(&entity)) {
                 curve->worldDraw(&draw);
             }
         });
-        std::erase_if(draw.calls,
-                      [](const std::string& call) { return !call.starts_with("text"); });
-        return draw.calls;
+        std::vector<std::string> labels = draw.lines();
+        std::erase_if(labels, [](const std::string& line) {
+            return line.find("text ") == std::string::npos;
+        });
+        return labels;
     }
 
     TestProject project_;

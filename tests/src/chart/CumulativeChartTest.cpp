@@ -29,14 +29,11 @@ TEST_F(CumulativeChart, FirstCellOfASheet) {
     // The grid is 48 … 208 × 211 … 276, a decade 160 / 5.30103 = 30.1828 long.
     EXPECT_TRUE(StandInOrder({"text 58,280 h4 钻孔编号",
                               "text 69.2,280.4 h3.2 : ZK3",
-                              "text 112,280 h4 土样编号",
                               "text 164,280 h4 取样深度",
                               "text 175.2,280.4 h3.2 : 1.20-1.40m",
                               "line 48,276 208,276",
                               "text 42.85,274.8 h2.4 100",
-                              "line 48,269.5 208,269.5",
                               "line 48,211 208,211",
-                              "text 44.95,209.8 h2.4 0",
                               "line 48,276 48,211",
                               "text 119,199 h4 粒径",
                               "text 41,223.9 h4 小于某粒径的土质量百分比数(%) turned 1.571",
@@ -46,8 +43,6 @@ TEST_F(CumulativeChart, FirstCellOfASheet) {
                               "line 208,276 208,211",
                               "text 204.5,206.3 h2.4 0.001",
                               "line 48,272.75 193.599,272.75",
-                              "line 48,233.75 193.599,233.75",
-                              "line 48,227.25 208,227.25",
                               "line 48,214.25 208,214.25",
                               "circle 63.782,276 r0.5 color 1",
                               "hatch SOLID color 1",
@@ -55,7 +50,6 @@ TEST_F(CumulativeChart, FirstCellOfASheet) {
                               "text 194.099,271.3 h2.4 d",
                               "text 196.199,270.58 h1.44 95",
                               "text 196.199,244.58 h1.44 10",
-                              "text 194.099,238.8 h2.4 Cu",
                               "text 194.099,232.3 h2.4 Cc",
                               "CKFCurve"},
                              Drawn()));
@@ -66,7 +60,7 @@ TEST_F(CumulativeChart, FirstCellOfASheet) {
 
     const auto labels = CurveLabels();  // right of the line at 0.002 mm
     ASSERT_EQ(labels.size(), 7U);
-    EXPECT_THAT(labels[0], HasSubstr("text 199.41"));
+    EXPECT_THAT(labels[0], HasSubstr(" at 199.41"));
     EXPECT_THAT(labels[0], HasSubstr(",271 "));
     EXPECT_THAT(labels[6], HasSubstr(",232 "));
     EXPECT_EQ(ChartTextHeight, 3.0);
@@ -160,7 +154,7 @@ TEST_F(CumulativeChart, ALayerWithNothingButTheFinestClassHasNoCurve) {
     project_.AddLayer({{1118, "100"}});
     ASSERT_EQ(DrawLayerCumulativeChart(tools_, &sheet_), 1);
     EXPECT_EQ(CountDrawn("circle"), 0U);
-    EXPECT_THAT(CurveLabels(), testing::Each(testing::EndsWith(" "))) << "empty values";
+    EXPECT_THAT(CurveLabels(), testing::Each(HasSubstr("text  at "))) << "empty values";
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::StartsWith;
 
 class ResultChart : public ChartFixture {
 protected:
@@ -65,9 +65,9 @@ TEST_F(ResultChart, CompactForm) {
     EXPECT_THAT(Drawn("text 53.4,234.45"), IsEmpty());
     EXPECT_THAT(Drawn("text 54.5,146.95"), IsEmpty());
     const auto labels = CurveLabels();
-    EXPECT_THAT(labels, ElementsAre(StartsWith("text 142.6"), StartsWith("text 165.38"),
-                                    StartsWith("text 142.6"), StartsWith("text 142.6"),
-                                    StartsWith("text 171.89")));
+    EXPECT_THAT(labels,
+                ElementsAre(HasSubstr(" at 142.6"), HasSubstr(" at 165.38"), HasSubstr(" at 142.6"),
+                            HasSubstr(" at 142.6"), HasSubstr(" at 171.89")));
 }
 
 TEST_F(ResultChart, LongFormHasTheIndexBlockBelow) {

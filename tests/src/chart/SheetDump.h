@@ -15,6 +15,7 @@
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbText.h"
 #include "platform/win32/code_page.h"
+#include "tests/platform/db/Opened.h"
 
 // Drawings as lines of text, for comparison: one line an entity of model space, in their order.
 
@@ -71,23 +72,6 @@ inline std::string Describe(const AcDbEntity& entity) {
         return "block " + Place(block->position()) + " s" + Coordinate(block->scaleFactors().sx);
     }
     return entity.isA()->name();
-}
-
-/// Calls `visit` with every entity of model space, open for read, in drawing order.
-template <class Visit>
-void VisitModelSpace(AcDbDatabase& drawing, Visit visit) {
-    AcDbBlockTable* blocks = nullptr;
-    ASSERT_EQ(drawing.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
-    AcDbBlockTableRecord* modelSpace = nullptr;
-    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, modelSpace, AcDb::kForRead), Acad::eOk);
-    for (AcDbObjectId id : modelSpace->entityIds()) {
-        AcDbEntity* entity = nullptr;
-        ASSERT_EQ(acdbOpenObject(entity, id, AcDb::kForRead), Acad::eOk) << "left open";
-        visit(*entity);
-        entity->close();
-    }
-    modelSpace->close();
-    blocks->close();
 }
 
 inline std::vector<std::string> Dump(AcDbDatabase& drawing) {

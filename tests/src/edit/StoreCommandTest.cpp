@@ -5,6 +5,7 @@
 #include "platform/db/AcDbLine.h"
 #include "platform/ed/entity_selection.h"
 #include "src/entity/model_space.h"
+#include "tests/platform/db/Opened.h"
 #include "tests/src/RecordedMessages.h"
 #include "tests/src/TestProject.h"
 #include "tests/src/entity/CurveMaker.h"
@@ -55,13 +56,7 @@ protected:
         EXPECT_TRUE(!exists || object != nullptr) << "left open";
         return messages_.CommandLine().substr(before);
     }
-    bool IsCurveChanged() const {
-        CKFCurve* curve = nullptr;
-        EXPECT_EQ(acdbOpenObject(curve, curve_, AcDb::kForRead), Acad::eOk);
-        const bool changed = curve->IsChanged();
-        curve->close();
-        return changed;
-    }
+    bool IsCurveChanged() const { return Opened<CKFCurve>(curve_, AcDb::kForRead)->IsChanged(); }
     std::string StoredD60() const { return project_.Sql("SELECT KLD60 FROM Z_c_KeFen").front(); }
 
     TestProject project_;
@@ -102,12 +97,10 @@ TEST_F(StoreCommandTest, WhatIsNoCurveLeavesEverythingAsItIs) {
 }
 
 TEST_F(StoreCommandTest, ACurveThatSomebodyHoldsOpenIsRefusedWithItsStatus) {
-    CKFCurve* held = nullptr;
-    ASSERT_EQ(acdbOpenObject(held, curve_, AcDb::kForRead), Acad::eOk);
+    const Opened held(curve_, AcDb::kForRead);
     SGRDX();
     EXPECT_EQ(messages_.CommandLine(),
               "打开试体错误，错误码=" + std::to_string(Acad::eWasOpenForRead) + ".\n");
-    held->close();
 }
 
 TEST_F(StoreCommandTest, AProjectThatIsRenumberedOrGoneIsNotWrittenTo) {

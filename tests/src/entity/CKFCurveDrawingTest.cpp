@@ -7,10 +7,10 @@
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "src/common/module_state.h"
+#include "tests/platform/db/Opened.h"
+#include "tests/platform/db/RecordingWorldDraw.h"
 #include "tests/src/RecordedMessages.h"
 #include "tests/src/entity/CurveMaker.h"
-#include "tests/src/entity/ListFiler.h"
-#include "tests/src/entity/RecordingDraw.h"
 
 namespace {
 
@@ -79,9 +79,9 @@ TEST(CKFCurveDiameters, FewerThanTwoPlacesGiveNone) {
         curve.ComputeDiameters();
         EXPECT_THAT(curve.Diameters(), Each(-1.0));
         EXPECT_EQ(curve.Diameters().size(), 8U);
-        RecordingDraw draw;
+        RecordingWorldDraw draw;
         EXPECT_TRUE(curve.worldDraw(&draw));
-        EXPECT_THAT(draw.calls, testing::Not(testing::Contains(testing::StartsWith("poly"))));
+        EXPECT_THAT(draw.lines(), testing::Not(testing::Contains(testing::HasSubstr("poly"))));
         EXPECT_THAT(messages.Boxes(), IsEmpty());
     }
 }
@@ -96,24 +96,15 @@ TEST(CKFCurveDiameters, AnUnreadableLevelIsToldAndShownOnce) {
     EXPECT_THAT(messages.Boxes(), ElementsAre("计算d95时出错，请检查输入的数据!"));
     EXPECT_THAT(curve.Diameters(), IsEmpty());
 
-    RecordingDraw draw;
+    RecordingWorldDraw draw;
     curve.worldDraw(&draw);
     EXPECT_EQ(messages.Boxes().size(), 2U) << "told again at every drawing";
 
-    AcDbBlockTable* blocks = nullptr;
-    ASSERT_EQ(working.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
-    AcDbBlockTableRecord* modelSpace = nullptr;
-    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, modelSpace, AcDb::kForRead), Acad::eOk);
     std::vector<std::string> shown;
-    for (AcDbObjectId id : modelSpace->entityIds()) {
-        AcDbEntity* entity = nullptr;
-        ASSERT_EQ(acdbOpenObject(entity, id, AcDb::kForRead), Acad::eOk);
-        shown.push_back(std::string(entity->isA()->name()) + " " +
-                        std::to_string(entity->colorIndex()));
-        entity->close();
-    }
-    modelSpace->close();
-    blocks->close();
+    VisitModelSpace(working, [&shown](const AcDbEntity& entity) {
+        shown.push_back(std::string(entity.isA()->name()) + " " +
+                        std::to_string(entity.colorIndex()));
+    });
     EXPECT_THAT(shown, ElementsAre("AcDbLine 1", "AcDbSpline 2"));
     acdbHostApplicationServices()->setWorkingDatabase(nullptr);
 }
@@ -122,37 +113,32 @@ TEST(CKFCurveDrawing, CurveFirstThenLabels) {
     CKFCurve curve;
     SetUpCurve(curve, 0, {PointAt(20, 1.0), PointAt(0.02, 0.0)});
     curve.setColorIndex(257);
-    RecordingDraw draw;
+    RecordingWorldDraw draw;
     EXPECT_TRUE(curve.worldDraw(&draw));
 
-    char polyline[100];
-    std::snprintf(polyline, sizeof polyline, "polyline %.7g,200 to %.7g,150", PointAt(20, 1.0).x,
-                  PointAt(0.02, 0.0).x);
+    char first[40];
+    char last[40];
+    std::snprintf(first, sizeof first, "(1) [3] polyline %g,200 ", PointAt(20, 1.0).x);
+    std::snprintf(last, sizeof last, " %g,150", PointAt(0.02, 0.0).x);
+    const std::string look = " towards 0 h 2.4 w 0.7 comfont.shx,hztxt.shx tracking 80";
     // d60 1.262, d30 0.159, d10 0.040: Cu 31.55, Cc 0.159² / (0.04 × 1.262) = 0.501
-    EXPECT_THAT(draw.calls,
-                ElementsAre("marker 1", "color 3", polyline, "marker 2", "color 257",
-                            "text 1,0 =1.26", "marker 2", "color 257", "text 2,0 =31.55",
-                            "marker 2", "color 257", "text 3,0 =0.159", "marker 2", "color 257",
-                            "text 4,0 =0.040", "marker 2", "color 257", "text 5,0 =0.501"));
+    EXPECT_THAT(draw.lines(),
+                ElementsAre(testing::AllOf(testing::StartsWith(first), testing::EndsWith(last)),
+                            "(2) [257] text =1.26 at 1,0" + look, "text =31.55 at 2,0" + look,
+                            "text =0.159 at 3,0" + look, "text =0.040 at 4,0" + look,
+                            "text =0.501 at 5,0" + look));
     EXPECT_THAT(curve.Diameters(), IsStraightCurve()) << "read while drawing";
-    for (const AcGiTextStyle& style : draw.textStyles) {
-        EXPECT_STREQ(style.fileName(), "comfont.shx");
-        EXPECT_STREQ(style.bigFontFileName(), "hztxt.shx");
-        EXPECT_EQ(style.xScale(), 0.7);
-        EXPECT_EQ(style.trackingPercent(), 80.0);
-        EXPECT_EQ(style.textSize(), 2.4);
-    }
 }
 
 std::vector<std::string> DrawnLabels(int chartType, const AcGePoint3dArray& points, int labels) {
     CKFCurve curve;
     SetUpCurve(curve, chartType, points, labels);
-    RecordingDraw draw;
+    RecordingWorldDraw draw;
     curve.worldDraw(&draw);
     std::vector<std::string> texts;
-    for (const std::string& call : draw.calls) {
-        if (call.starts_with("text ")) {
-            texts.push_back(call.substr(call.find(' ', 5) + 1));
+    for (const std::string& line : draw.lines()) {
+        if (const std::size_t text = line.find("text "); text != std::string::npos) {
+            texts.push_back(line.substr(text + 5, line.find(" at ") - text - 5));
         }
     }
     return texts;
@@ -174,10 +160,10 @@ TEST(CKFCurveDrawing, LabelsByChartType) {
 TEST(CKFCurveDrawing, ADragDrawsNothing) {
     CKFCurve curve;
     SetUpCurve(curve, 0, StraightCurve());
-    RecordingDraw draw;
+    RecordingWorldDraw draw;
     draw.dragging = true;
     EXPECT_TRUE(curve.worldDraw(&draw));
-    EXPECT_THAT(draw.calls, IsEmpty());
+    EXPECT_THAT(draw.lines(), IsEmpty());
     EXPECT_THAT(curve.Diameters(), IsEmpty());
 }
 

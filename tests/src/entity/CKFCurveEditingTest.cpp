@@ -7,9 +7,9 @@
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbText.h"
 #include "src/common/module_state.h"
+#include "tests/platform/db/RecordingWorldDraw.h"
 #include "tests/src/entity/CurveMaker.h"
 #include "tests/src/entity/ListFiler.h"
-#include "tests/src/entity/RecordingDraw.h"
 
 namespace {
 
@@ -29,7 +29,7 @@ protected:
     }
     void TearDown() override { CurveDataChanged = 0; }
     void Draw() {
-        RecordingDraw draw;
+        RecordingWorldDraw draw;
         curve_.worldDraw(&draw);
     }
 

@@ -6,6 +6,7 @@
 #include "platform/db/AcDbDatabase.h"
 #include "src/common/module_state.h"
 #include "src/entity/model_space.h"
+#include "tests/platform/db/Opened.h"
 #include "tests/src/entity/CurveMaker.h"
 #include "tests/src/entity/ListFiler.h"
 
@@ -115,12 +116,9 @@ TEST_F(CKFCurveFiling, ComesBackFromADrawingFile) {
     for (const AcDbStub& entry : drawing.entries()) {
         if (const auto* curve = dynamic_cast<const CKFCurve*>(entry.object.get())) {
             ++curves;
-            AcDbObject* opened = nullptr;
-            ASSERT_EQ(acdbOpenObject(opened, curve->objectId(), AcDb::kForRead), Acad::eOk);
             ListFiler filer;
-            curve->dwgOutFields(&filer);
+            Opened(curve->objectId(), AcDb::kForRead)->dwgOutFields(&filer);
             EXPECT_EQ(filer.Words(), words);
-            opened->close();
         }
     }
     EXPECT_EQ(curves, 1);
