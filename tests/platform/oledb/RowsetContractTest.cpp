@@ -3,15 +3,13 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <memory>
 #include <string>
 
-#include "platform/oledb/last_error.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/platform/oledb/SqliteTestDatabase.h"
 #include "tests/platform/oledb/TestRowset.h"
 
-// What a row set promises, whatever the provider.
+// What a row set promises.
 
 namespace {
 
@@ -27,40 +25,36 @@ const std::vector<DBBINDING> kPair{
     Bind(2, DBTYPE_R4, offsetof(Pair, value), 4, offsetof(Pair, valueStatus)),
     Bind(3, DBTYPE_STR, offsetof(Pair, text), 9, offsetof(Pair, textStatus))};
 
-class RowsetContract : public testing::TestWithParam<TestProvider> {
+class RowsetContract : public testing::Test {
 protected:
-    void SetUp() override {
-        database_ = GetParam().make();
-        ASSERT_EQ(MakeSource(database_->InitString(), source_), S_OK);
-        ASSERT_EQ(source_->Initialize(), S_OK) << oledb::LastErrorText();
-        IUnknown* made = nullptr;
-        ASSERT_EQ(source_.As<IDBCreateSession>(IID_IDBCreateSession)
-                      ->CreateSession(nullptr, IID_IDBCreateCommand, &made),
-                  S_OK);
-        session_ = Ref<IDBCreateCommand>(static_cast<IDBCreateCommand*>(made));
-    }
     HRESULT Open(TestRowset& set, const std::string& sql) {
         return set.Open(*session_.operator->(), sql);
     }
     /// A row set over three rows of `id`, `value`, `text`, the second with nulls.
     void OpenPairs(TestRowset& set,
                    const std::string& sql = "SELECT id,value,text FROM t ORDER BY id") {
-        database_->Run("CREATE TABLE t(note TEXT, id INTEGER, value REAL, text TEXT)");
-        database_->Run(
-            "INSERT INTO t VALUES('a',1,161.6,'one'),('b',2,NULL,NULL),('c',3,0.3,'three')");
+        Run("CREATE TABLE t(note TEXT, id INTEGER, value REAL, text TEXT)");
+        Run("INSERT INTO t VALUES('a',1,161.6,'one'),('b',2,NULL,NULL),('c',3,0.3,'three')");
         ASSERT_EQ(Open(set, sql), S_OK) << oledb::LastErrorText();
         ASSERT_EQ(set.SetBindings(kPair), S_OK);
     }
-    std::string Pairs() { return database_->Rows("SELECT * FROM t"); }
+    /// A row set over one column of one row, which holds that literal.
+    void OpenValue(TestRowset& set, const char* literal) {
+        Run("DROP TABLE IF EXISTS v; CREATE TABLE v(x)");
+        Run(std::string("INSERT INTO v VALUES(") + literal + ")");
+        ASSERT_EQ(Open(set, "SELECT x FROM v"), S_OK);
+    }
+    void Run(const std::string& sql) { database_.Run(sql); }
+    std::string Rows(const std::string& select) { return database_.Rows(select); }
+    std::string Pairs() { return Rows("SELECT * FROM t"); }
 
-    std::unique_ptr<TestDatabase> database_;
-    Ref<IDBInitialize> source_;
-    Ref<IDBCreateCommand> session_;
+    SqliteTestDatabase database_;
+    Ref<IDBCreateCommand> session_ = OpenSession(database_.InitString());
 };
 
 constexpr const char* kThree = "a|1|161.6|one b|2|null|null c|3|0.3|three";
 
-TEST_P(RowsetContract, NumbersAreConvertedOrRefused) {
+TEST_F(RowsetContract, NumbersAreConvertedOrRefused) {
     struct Case {
         const char* stored;
         DBTYPE type;
@@ -93,32 +87,28 @@ TEST_P(RowsetContract, NumbersAreConvertedOrRefused) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.stored) + " as type " + std::to_string(c.type));
-        database_->Run(std::string("CREATE TABLE v(x); INSERT INTO v VALUES(") + c.stored + ")");
-        {
-            struct {
-                alignas(8) std::byte value[8];
-                DBSTATUS status;
-            } record{};
-            TestRowset set;
-            ASSERT_EQ(Open(set, "SELECT x FROM v"), S_OK);
-            ASSERT_EQ(set.SetBindings({Bind(1, c.type, 0, 8, 8)}), S_OK);
-            EXPECT_EQ(set.MoveAndRead(&record), c.result);
-            EXPECT_EQ(record.status, c.status);
-            const auto as = [&]<class T>(T number) {
-                std::memcpy(&number, record.value, sizeof(T));
-                return static_cast<double>(number);
-            };
-            const double value = c.type == DBTYPE_R4   ? as(0.0F)
-                                 : c.type == DBTYPE_I4 ? as(LONG{0})
-                                 : c.type == DBTYPE_I2 ? as(SHORT{0})
-                                                       : as(BYTE{0});
-            EXPECT_EQ(value, c.value);
-        }
-        database_->Run("DROP TABLE v");
+        struct {
+            alignas(8) std::byte value[8];
+            DBSTATUS status;
+        } record{};
+        TestRowset set;
+        OpenValue(set, c.stored);
+        ASSERT_EQ(set.SetBindings({Bind(1, c.type, 0, 8, 8)}), S_OK);
+        EXPECT_EQ(set.MoveAndRead(&record), c.result);
+        EXPECT_EQ(record.status, c.status);
+        const auto as = [&]<class T>(T number) {
+            std::memcpy(&number, record.value, sizeof(T));
+            return static_cast<double>(number);
+        };
+        const double value = c.type == DBTYPE_R4   ? as(0.0F)
+                             : c.type == DBTYPE_I4 ? as(LONG{0})
+                             : c.type == DBTYPE_I2 ? as(SHORT{0})
+                                                   : as(BYTE{0});
+        EXPECT_EQ(value, c.value);
     }
 }
 
-TEST_P(RowsetContract, TextsAreConvertedAndCutAtWholeCharacters) {
+TEST_F(RowsetContract, TextsAreConvertedAndCutAtWholeCharacters) {
     // "淺" is 9C 5C in GBK: the trail byte is a backslash. "𠀀" is a pair of UTF-16 units and no
     // character of GBK.
     struct Case {
@@ -142,38 +132,34 @@ TEST_P(RowsetContract, TextsAreConvertedAndCutAtWholeCharacters) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.stored);
-        database_->Run(std::string("CREATE TABLE v(x); INSERT INTO v VALUES(") + c.stored + ")");
-        {
-            struct Record {
-                char16_t wide[4];
-                DBSTATUS wideStatus;
-                DBSTATUS narrowStatus;
-                char narrow[6];
-                char bare[6];
-                char behind;
-            } record{};
-            record.behind = '#';
-            TestRowset set;
-            ASSERT_EQ(Open(set, "SELECT x FROM v"), S_OK);
-            ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_WSTR, offsetof(Record, wide), 8,
-                                            offsetof(Record, wideStatus)),
-                                       Bind(1, DBTYPE_STR, offsetof(Record, narrow), 6,
-                                            offsetof(Record, narrowStatus)),
-                                       Bind(1, DBTYPE_STR, offsetof(Record, bare), 6)}),
-                      S_OK);
-            EXPECT_EQ(set.MoveAndRead(&record), S_OK);
-            EXPECT_EQ(win32::Utf8FromUtf16(record.wide), c.wide);
-            EXPECT_EQ(record.wideStatus, c.wideStatus);
-            EXPECT_EQ(win32::Utf8FromGbk(record.narrow), c.narrow);
-            EXPECT_EQ(record.narrowStatus, c.narrowStatus);
-            EXPECT_STREQ(record.bare, record.narrow);
-            EXPECT_EQ(record.behind, '#');
-        }
-        database_->Run("DROP TABLE v");
+        struct Record {
+            char16_t wide[4];
+            DBSTATUS wideStatus;
+            DBSTATUS narrowStatus;
+            char narrow[6];
+            char bare[6];
+            char behind;
+        } record{};
+        record.behind = '#';
+        TestRowset set;
+        OpenValue(set, c.stored);
+        ASSERT_EQ(
+            set.SetBindings(
+                {Bind(1, DBTYPE_WSTR, offsetof(Record, wide), 8, offsetof(Record, wideStatus)),
+                 Bind(1, DBTYPE_STR, offsetof(Record, narrow), 6, offsetof(Record, narrowStatus)),
+                 Bind(1, DBTYPE_STR, offsetof(Record, bare), 6)}),
+            S_OK);
+        EXPECT_EQ(set.MoveAndRead(&record), S_OK);
+        EXPECT_EQ(win32::Utf8FromUtf16(record.wide), c.wide);
+        EXPECT_EQ(record.wideStatus, c.wideStatus);
+        EXPECT_EQ(win32::Utf8FromGbk(record.narrow), c.narrow);
+        EXPECT_EQ(record.narrowStatus, c.narrowStatus);
+        EXPECT_STREQ(record.bare, record.narrow);
+        EXPECT_EQ(record.behind, '#');
     }
 }
 
-TEST_P(RowsetContract, NullWithoutStatusFailsItsRowOnly) {
+TEST_F(RowsetContract, NullWithoutStatusFailsItsRowOnly) {
     TestRowset set;
     OpenPairs(set);
     ASSERT_EQ(set.SetBindings({kPair[0], Bind(2, DBTYPE_R4, offsetof(Pair, value), 4)}), S_OK);
@@ -186,7 +172,7 @@ TEST_P(RowsetContract, NullWithoutStatusFailsItsRowOnly) {
     EXPECT_EQ(pair.value, 0.3F);
 }
 
-TEST_P(RowsetContract, MovesBothWaysAndEndsWithASuccessCode) {
+TEST_F(RowsetContract, MovesBothWaysAndEndsWithASuccessCode) {
     TestRowset set;
     OpenPairs(set);
     Pair pair{};
@@ -218,10 +204,10 @@ TEST_P(RowsetContract, MovesBothWaysAndEndsWithASuccessCode) {
     EXPECT_EQ(set.rows->ReleaseRows(1, &held[2], nullptr, nullptr, nullptr), DB_E_ERRORSOCCURRED);
 }
 
-TEST_P(RowsetContract, AChangeReachesExactlyItsRowAtOnce) {
+TEST_F(RowsetContract, AChangeReachesExactlyItsRowAtOnce) {
     TestRowset set;
     OpenPairs(set, "select TEXT, ID, VALUE from T where ID > 0 order by 2;");
-    database_->Run("INSERT INTO t SELECT * FROM t");  // twins, told apart by nothing
+    Run("INSERT INTO t SELECT * FROM t");  // twins, told apart by nothing
     ASSERT_EQ(set.SetBindings(
                   {Bind(1, DBTYPE_STR, offsetof(Pair, text), 9, offsetof(Pair, textStatus)),
                    Bind(2, DBTYPE_I4, offsetof(Pair, id), 4),
@@ -238,7 +224,7 @@ TEST_P(RowsetContract, AChangeReachesExactlyItsRowAtOnce) {
     EXPECT_EQ(again.value, 49.999F) << "the row set shows its own changes";
 }
 
-TEST_P(RowsetContract, StatusDecidesBetweenNullAndValue) {
+TEST_F(RowsetContract, StatusDecidesBetweenNullAndValue) {
     TestRowset set;
     OpenPairs(set);
     Pair pair{};
@@ -253,9 +239,9 @@ TEST_P(RowsetContract, StatusDecidesBetweenNullAndValue) {
     EXPECT_EQ(Pairs(), "a|1|null|one b|2|0.0|null c|3|0.3|three");
 }
 
-TEST_P(RowsetContract, UntouchedColumnsKeepWhatTheBufferCannotHold) {
-    database_->Run("CREATE TABLE t(id, value, text)");
-    database_->Run("INSERT INTO t VALUES('7', 123456.123456789, '很长的文字比位置多𠀀')");
+TEST_F(RowsetContract, UntouchedColumnsKeepWhatTheBufferCannotHold) {
+    Run("CREATE TABLE t(id, value, text)");
+    Run("INSERT INTO t VALUES('7', 123456.123456789, '很长的文字比位置多𠀀')");
     TestRowset set;
     ASSERT_EQ(Open(set, "SELECT id,value,text FROM t"), S_OK);
     ASSERT_EQ(set.SetBindings(kPair), S_OK);
@@ -263,15 +249,14 @@ TEST_P(RowsetContract, UntouchedColumnsKeepWhatTheBufferCannotHold) {
     ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
     EXPECT_EQ(pair.textStatus, DBSTATUS_S_TRUNCATED);
     EXPECT_EQ(set.Set(&pair), S_OK);
-    EXPECT_EQ(database_->Rows("SELECT typeof(id),value,text FROM t"),
+    EXPECT_EQ(Rows("SELECT typeof(id),value,text FROM t"),
               "text|123456.123456789|很长的文字比位置多𠀀");
     pair.id = 8;
     EXPECT_EQ(set.Set(&pair), S_OK);
-    EXPECT_EQ(database_->Rows("SELECT id,value,text FROM t"),
-              "8|123456.123456789|很长的文字比位置多𠀀");
+    EXPECT_EQ(Rows("SELECT id,value,text FROM t"), "8|123456.123456789|很长的文字比位置多𠀀");
 }
 
-TEST_P(RowsetContract, FloatsAreKeptAsTheirShortestDecimals) {
+TEST_F(RowsetContract, FloatsAreKeptAsTheirShortestDecimals) {
     TestRowset set;
     OpenPairs(set);
     ASSERT_EQ(set.Move(), S_OK);
@@ -286,12 +271,12 @@ TEST_P(RowsetContract, FloatsAreKeptAsTheirShortestDecimals) {
         ASSERT_EQ(set.Read(&pair), S_OK);
         EXPECT_EQ(pair.value, value);
         if (value == 161.6F) {
-            EXPECT_EQ(database_->Rows("SELECT value FROM t WHERE id=1"), "161.6");
+            EXPECT_EQ(Rows("SELECT value FROM t WHERE id=1"), "161.6");
         }
     }
 }
 
-TEST_P(RowsetContract, RowsAreInsertedAndDeleted) {
+TEST_F(RowsetContract, RowsAreInsertedAndDeleted) {
     TestRowset set;
     OpenPairs(set);
     Pair pair{4, 2.5F, DBSTATUS_S_OK, "four", DBSTATUS_S_ISNULL};
@@ -311,10 +296,10 @@ TEST_P(RowsetContract, RowsAreInsertedAndDeleted) {
     EXPECT_EQ(Pairs(), "b|2|null|null c|3|0.3|three null|4|2.5|null");
 }
 
-TEST_P(RowsetContract, AFailedChangeLeavesTheRow) {
+TEST_F(RowsetContract, AFailedChangeLeavesTheRow) {
     TestRowset set;
     OpenPairs(set);
-    database_->Run("CREATE UNIQUE INDEX one ON t(id)");
+    Run("CREATE UNIQUE INDEX one ON t(id)");
     Pair pair{};
     ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
     pair.id = 3;
@@ -330,32 +315,32 @@ TEST_P(RowsetContract, AFailedChangeLeavesTheRow) {
     EXPECT_EQ(Pairs(), kThree);
 
     pair.valueStatus = DBSTATUS_S_OK;
-    database_->Lock();
+    database_.Lock();
     EXPECT_EQ(set.Set(&pair), DB_E_TIMEOUT) << "locked by somebody else";
     EXPECT_NE(oledb::LastErrorText().find("locked"), std::string::npos);
-    database_->Unlock();
+    database_.Unlock();
     EXPECT_EQ(Pairs(), kThree);
     EXPECT_EQ(set.Set(&pair), S_OK) << "and works again afterwards";
 
-    database_->Run("DELETE FROM t");
+    Run("DELETE FROM t");
     pair.value = 2.0F;
     EXPECT_EQ(set.Set(&pair), DB_E_DELETEDROW);
     EXPECT_EQ(set.Delete(), DB_E_DELETEDROW);
     EXPECT_EQ(Pairs(), "");
 }
 
-TEST_P(RowsetContract, AWalkHoldsNoLock) {
+TEST_F(RowsetContract, AWalkHoldsNoLock) {
     TestRowset set;
     OpenPairs(set);
     Pair pair{};
     ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    database_->Run("DROP TABLE t");
+    Run("DROP TABLE t");
     EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
     EXPECT_EQ(pair.id, 2);
 }
 
-TEST_P(RowsetContract, ChangesNeedToBeAskedFor) {
-    database_->Run("CREATE TABLE t(id, value, text); INSERT INTO t VALUES(1, 2, 'x')");
+TEST_F(RowsetContract, ChangesNeedToBeAskedFor) {
+    Run("CREATE TABLE t(id, value, text); INSERT INTO t VALUES(1, 2, 'x')");
     const std::string sql = "SELECT id,value,text FROM t";
     TestRowset reading;
     ASSERT_EQ(reading.Open(*session_.operator->(), sql, {}), S_OK);
@@ -373,10 +358,10 @@ TEST_P(RowsetContract, ChangesNeedToBeAskedFor) {
     EXPECT_EQ(changing.Delete(), DB_E_NOTSUPPORTED);
     pair.id = 5;
     EXPECT_EQ(changing.Set(&pair), S_OK);
-    EXPECT_EQ(database_->Rows("SELECT id FROM t"), "5");
+    EXPECT_EQ(Rows("SELECT id FROM t"), "5");
 }
 
-TEST_P(RowsetContract, PropertiesAreGrantedOrRefused) {
+TEST_F(RowsetContract, PropertiesAreGrantedOrRefused) {
     struct Case {
         const char* what;
         DBPROP property;
@@ -415,8 +400,8 @@ TEST_P(RowsetContract, PropertiesAreGrantedOrRefused) {
     }
 }
 
-TEST_P(RowsetContract, OneSelectAndNothingElseRuns) {
-    database_->Run("CREATE TABLE t(id INTEGER, text TEXT); INSERT INTO t VALUES(1,'it''s; ok')");
+TEST_F(RowsetContract, OneSelectAndNothingElseRuns) {
+    Run("CREATE TABLE t(id INTEGER, text TEXT); INSERT INTO t VALUES(1,'it''s; ok')");
     struct Case {
         const char* sql;
         HRESULT result;
@@ -448,13 +433,13 @@ TEST_P(RowsetContract, OneSelectAndNothingElseRuns) {
         EXPECT_EQ(Open(set, c.sql), c.result) << oledb::LastErrorText();
         EXPECT_EQ(oledb::LastErrorText().empty(), c.result == S_OK) << oledb::LastErrorText();
         EXPECT_TRUE(c.result != S_OK || set.Move() == S_OK);
-        EXPECT_EQ(database_->Rows("SELECT id FROM t"), "1");
+        EXPECT_EQ(Rows("SELECT id FROM t"), "1");
     }
 }
 
-TEST_P(RowsetContract, ChangesNeedRowsOfOneTable) {
-    database_->Run("CREATE TABLE t(id INTEGER, value REAL); INSERT INTO t VALUES(1,2.0),(1,2.0)");
-    database_->Run("CREATE TABLE u(id INTEGER); CREATE VIEW w AS SELECT * FROM t");
+TEST_F(RowsetContract, ChangesNeedRowsOfOneTable) {
+    Run("CREATE TABLE t(id INTEGER, value REAL); INSERT INTO t VALUES(1,2.0),(1,2.0)");
+    Run("CREATE TABLE u(id INTEGER); CREATE VIEW w AS SELECT * FROM t");
     for (const char* sql :
          {"SELECT t.id,value FROM t JOIN u ON t.id=u.id", "SELECT t.id,value FROM t,u",
           "SELECT id,count(*) FROM t", "SELECT id,value FROM t GROUP BY id",
@@ -470,18 +455,17 @@ TEST_P(RowsetContract, ChangesNeedRowsOfOneTable) {
     }
     TestRowset distinct;
     ASSERT_EQ(Open(distinct, "SELECT DISTINCT id FROM t"), S_OK);
-    ASSERT_EQ(distinct.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
     LONG id = 0;
-    ASSERT_EQ(distinct.MoveAndRead(&id), S_OK);
+    ASSERT_EQ(distinct.ReadNumber(id), S_OK);
     id = 7;
     EXPECT_EQ(distinct.Set(&id), DB_E_NOTSUPPORTED);
     EXPECT_EQ(distinct.Insert(&id), DB_E_NOTSUPPORTED);
     EXPECT_EQ(distinct.Delete(), DB_E_NOTSUPPORTED);
     EXPECT_EQ(distinct.Move(), DB_S_ENDOFROWSET);
-    EXPECT_EQ(database_->Rows("SELECT id FROM t"), "1 1");
+    EXPECT_EQ(Rows("SELECT id FROM t"), "1 1");
 }
 
-TEST_P(RowsetContract, BindingsAreChecked) {
+TEST_F(RowsetContract, BindingsAreChecked) {
     TestRowset set;
     OpenPairs(set);
     DBBINDING length = Bind(1, DBTYPE_I4, 0, 4);
@@ -506,11 +490,5 @@ TEST_P(RowsetContract, BindingsAreChecked) {
     Pair pair{};
     EXPECT_EQ(set.Read(&pair), DB_E_BADACCESSORHANDLE);
 }
-
-INSTANTIATE_TEST_SUITE_P(Providers, RowsetContract,
-                         testing::Values(TestProvider{
-                             "SQLite",
-                             [] { return std::unique_ptr<TestDatabase>(new SqliteTestDatabase); }}),
-                         [](const auto& tested) { return std::string(tested.param.name); });
 
 }  // namespace

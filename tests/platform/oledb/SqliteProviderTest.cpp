@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/oledb/last_error.h"
 #include "platform/oledb/trace.h"
 #include "tests/platform/oledb/SqliteTestDatabase.h"
 #include "tests/platform/oledb/TestRowset.h"
@@ -14,17 +13,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-Ref<IDBCreateCommand> OpenSession(const std::string& initString) {
-    Ref<IDBInitialize> source;
-    EXPECT_EQ(MakeSource(initString, source), S_OK);
-    EXPECT_EQ(source->Initialize(), S_OK) << oledb::LastErrorText();
-    IUnknown* made = nullptr;
-    EXPECT_EQ(source.As<IDBCreateSession>(IID_IDBCreateSession)
-                  ->CreateSession(nullptr, IID_IDBCreateCommand, &made),
-              S_OK);
-    return Ref<IDBCreateCommand>(static_cast<IDBCreateCommand*>(made));
-}
 
 TEST(SqliteProvider, InitialisationStringsThatNameNoDataSourceAreRefused) {
     struct Case {
@@ -58,14 +46,14 @@ TEST(SqliteProvider, InitialisationStringsThatNameNoDataSourceAreRefused) {
 }
 
 TEST(SqliteProvider, FilesThatAreNoDatabaseAreRefusedAndLeftAlone) {
-    const TestFolder folder;
-    std::ofstream(folder.File("empty.db")).flush();
-    std::ofstream(folder.File("text.db")) << std::string(5000, 'x');
-    fs::create_directory(folder.File("folder.db"));
+    const ScratchFolder folder;
+    std::ofstream(folder.Path("empty.db")).flush();
+    std::ofstream(folder.Path("text.db")) << std::string(5000, 'x');
+    fs::create_directory(folder.Path("folder.db"));
     for (const char* name : {"missing.db", "empty.db", "text.db", "folder.db"}) {
         SCOPED_TRACE(name);
         Ref<IDBInitialize> source;
-        ASSERT_EQ(MakeSource("Provider=SQLite;Data Source=" + folder.File(name), source), S_OK);
+        ASSERT_EQ(MakeSource("Provider=SQLite;Data Source=" + folder.Path(name), source), S_OK);
         EXPECT_TRUE(FAILED(source->Initialize()));
         EXPECT_NE(oledb::LastErrorText().find(name), std::string::npos) << oledb::LastErrorText();
         IUnknown* session = nullptr;
@@ -73,28 +61,28 @@ TEST(SqliteProvider, FilesThatAreNoDatabaseAreRefusedAndLeftAlone) {
                       ->CreateSession(nullptr, IID_IOpenRowset, &session),
                   E_UNEXPECTED);
     }
-    EXPECT_FALSE(fs::exists(folder.File("missing.db")));
-    EXPECT_EQ(fs::file_size(folder.File("empty.db")), 0U);
-    EXPECT_EQ(fs::file_size(folder.File("text.db")), 5000U);
-    EXPECT_EQ(std::distance(fs::directory_iterator(folder.File("")), {}), 3);
+    EXPECT_FALSE(fs::exists(folder.Path("missing.db")));
+    EXPECT_EQ(fs::file_size(folder.Path("empty.db")), 0U);
+    EXPECT_EQ(fs::file_size(folder.Path("text.db")), 5000U);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), {}), 3);
 }
 
 TEST(SqliteProvider, AFailedDataSourceMayBeInitialisedAgain) {
-    const TestFolder folder;
+    const ScratchFolder folder;
     Ref<IDBInitialize> source;
-    ASSERT_EQ(MakeSource("Provider=SQLite;Data Source=" + folder.File("late.db"), source), S_OK);
+    ASSERT_EQ(MakeSource("Provider=SQLite;Data Source=" + folder.Path("late.db"), source), S_OK);
     EXPECT_TRUE(FAILED(source->Initialize()));
-    SqliteTestDatabase(folder.File("late.db").c_str()).Run("CREATE TABLE t(x)");
+    SqliteTestDatabase(folder.Path("late.db").c_str()).Run("CREATE TABLE t(x)");
     EXPECT_EQ(source->Initialize(), S_OK) << oledb::LastErrorText();
     EXPECT_EQ(source->Initialize(), DB_E_ALREADYINITIALIZED);
 }
 
 TEST(SqliteProvider, TheFileIsFoundByItsWindowsPathAndClosedWithTheLastObject) {
-    const TestFolder folder;
-    const std::string path = folder.File("工程.db");
+    const ScratchFolder folder;
+    const std::string path = folder.Path("工程.db");
     SqliteTestDatabase(path.c_str())
         .Run("PRAGMA journal_mode=DELETE; CREATE TABLE t(x); INSERT INTO t VALUES(1)");
-    std::string windows = folder.File("工程.DB");
+    std::string windows = folder.Path("工程.DB");
     std::replace(windows.begin(), windows.end(), '/', '\\');
     {
         TestRowset set;
@@ -102,9 +90,8 @@ TEST(SqliteProvider, TheFileIsFoundByItsWindowsPathAndClosedWithTheLastObject) {
             set.Open(*OpenSession("Data Source='" + windows + "';Provider=SQLite").operator->(),
                      "SELECT x FROM t"),
             S_OK);
-        ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
         LONG x = 0;
-        ASSERT_EQ(set.MoveAndRead(&x), S_OK);
+        ASSERT_EQ(set.ReadNumber(x), S_OK);
         x = 2;
         EXPECT_EQ(set.Set(&x), S_OK) << "the row set alone keeps the database open";
         EXPECT_TRUE(fs::exists(path + "-wal"));
@@ -176,39 +163,39 @@ TEST(SqliteProvider, AQuestionAboutAnotherKeyIsNotPreparedAgain) {
 }
 
 TEST(SqliteProvider, AChangedTableIsSeenByStatementsKeptPrepared) {
-    SqliteTestDatabase database;
-    database.Run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1)");
-    const auto session = OpenSession(database.InitString());
-    const std::string sql = "SELECT n FROM t";
-    EXPECT_EQ(TestRowset().Open(*session.operator->(), sql), S_OK);
-    database.Run("DROP TABLE t");
-    EXPECT_EQ(TestRowset().Open(*session.operator->(), sql), DB_E_NOTABLE);
-    database.Run(
-        "CREATE TABLE t(m PRIMARY KEY, n INTEGER) WITHOUT ROWID; INSERT INTO t VALUES('x',3)");
-    TestRowset set;
-    ASSERT_EQ(set.Open(*session.operator->(), sql), S_OK) << oledb::LastErrorText();
-    ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
-    LONG n = 0;
-    ASSERT_EQ(set.MoveAndRead(&n), S_OK);
-    n = 4;
-    EXPECT_EQ(set.Set(&n), S_OK) << oledb::LastErrorText();
-    EXPECT_EQ(database.Rows("SELECT m,n FROM t"), "x|4");
-}
-
-TEST(SqliteProvider, AColumnThatHidesTheRowIdIsSeenByStatementsKeptPrepared) {
-    SqliteTestDatabase database;
-    database.Run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1),(2)");
-    const auto session = OpenSession(database.InitString());
-    EXPECT_EQ(TestRowset().Open(*session.operator->(), "SELECT n FROM t"), S_OK);
-    database.Run("ALTER TABLE t ADD COLUMN rowid INTEGER DEFAULT 7");
-    TestRowset set;
-    ASSERT_EQ(set.Open(*session.operator->(), "SELECT n FROM t"), S_OK) << oledb::LastErrorText();
-    ASSERT_EQ(set.SetBindings({Bind(1, DBTYPE_I4, 0, 4)}), S_OK);
-    LONG n = 0;
-    ASSERT_EQ(set.MoveAndRead(&n), S_OK);
-    n = 3;
-    EXPECT_EQ(set.Set(&n), S_OK) << oledb::LastErrorText();
-    EXPECT_EQ(database.Rows("SELECT n,rowid FROM t"), "3|7 2|7");
+    struct Case {
+        const char* drop;  ///< null: the table stays
+        const char* change;
+        const char* columns;
+        const char* rows;  ///< once n of the first row has become 4
+    };
+    const Case cases[] = {
+        {"DROP TABLE t",
+         "CREATE TABLE t(m PRIMARY KEY, n INTEGER) WITHOUT ROWID; INSERT INTO t VALUES('x',3)",
+         "m,n", "x|4"},
+        // A column that hides the row's number.
+        {nullptr, "ALTER TABLE t ADD COLUMN rowid INTEGER DEFAULT 7", "n,rowid", "4|7 2|7"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.change);
+        SqliteTestDatabase database;
+        database.Run("CREATE TABLE t(n INTEGER); INSERT INTO t VALUES(1),(2)");
+        const auto session = OpenSession(database.InitString());
+        const std::string sql = "SELECT n FROM t";
+        EXPECT_EQ(TestRowset().Open(*session.operator->(), sql), S_OK);
+        if (c.drop != nullptr) {
+            database.Run(c.drop);
+            EXPECT_EQ(TestRowset().Open(*session.operator->(), sql), DB_E_NOTABLE);
+        }
+        database.Run(c.change);
+        TestRowset set;
+        ASSERT_EQ(set.Open(*session.operator->(), sql), S_OK) << oledb::LastErrorText();
+        LONG n = 0;
+        ASSERT_EQ(set.ReadNumber(n), S_OK);
+        n = 4;
+        EXPECT_EQ(set.Set(&n), S_OK) << oledb::LastErrorText();
+        EXPECT_EQ(database.Rows(std::string("SELECT ") + c.columns + " FROM t"), c.rows);
+    }
 }
 
 }  // namespace

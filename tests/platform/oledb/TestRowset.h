@@ -1,5 +1,7 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <cstring>
 #include <initializer_list>
 #include <string>
@@ -7,6 +9,7 @@
 #include <vector>
 
 #include "platform/oledb/IDataInitialize.h"
+#include "platform/oledb/last_error.h"
 #include "platform/oledb/oledb.h"
 #include "platform/win32/code_page.h"
 
@@ -51,6 +54,18 @@ inline HRESULT MakeSource(const std::string& initString, Ref<IDBInitialize>& sou
                                        &out);
     source = Ref<IDBInitialize>(static_cast<IDBInitialize*>(out));
     return result;
+}
+
+/// A session over a data source that opens; fails the test when it does not.
+inline Ref<IDBCreateCommand> OpenSession(const std::string& initString) {
+    Ref<IDBInitialize> source;
+    EXPECT_EQ(MakeSource(initString, source), S_OK);
+    EXPECT_EQ(source->Initialize(), S_OK) << oledb::LastErrorText();
+    IUnknown* made = nullptr;
+    EXPECT_EQ(source.As<IDBCreateSession>(IID_IDBCreateSession)
+                  ->CreateSession(nullptr, IID_IDBCreateCommand, &made),
+              S_OK);
+    return Ref<IDBCreateCommand>(static_cast<IDBCreateCommand*>(made));
 }
 
 inline DBPROP MakeProperty(DBPROPID id, VARTYPE type, LONG value,
@@ -128,6 +143,11 @@ public:
     HRESULT MoveAndRead(void* record) {
         const HRESULT result = Move();
         return result == S_OK ? Read(record) : result;
+    }
+    /// Binds the first column as an integer and reads it from the next row.
+    HRESULT ReadNumber(LONG& number) {
+        const HRESULT bound = SetBindings({Bind(1, DBTYPE_I4, 0, 4)});
+        return bound == S_OK ? MoveAndRead(&number) : bound;
     }
     HRESULT Set(void* record) { return change->SetData(row, accessor, record); }
     HRESULT Insert(void* record) {

@@ -21,13 +21,13 @@ bool OpenTable() {
 TEST_F(ProjectDatabase, FailedStepsAreTriedAgainAndDoneOnesAreNot) {
     suite::CloseFolder();
     EXPECT_FALSE(OpenTable()) << "no initialisation string";
-    WriteSuiteFile("Provider=Nobody;Data Source=project.db");
+    project_.WriteSuiteFile("Provider=Nobody;Data Source=project.db");
     EXPECT_FALSE(OpenTable());
     EXPECT_NE(oledb::LastErrorText().find("Nobody"), std::string::npos);
-    WriteSuiteFile("Provider=SQLite;Data Source=missing.db");
+    project_.WriteSuiteFile("Provider=SQLite;Data Source=missing.db");
     EXPECT_FALSE(OpenTable());
     EXPECT_EQ(ProjectSession(), nullptr);
-    WriteSuiteFile("Provider=SQLite;Data Source=project.db");
+    project_.WriteSuiteFile("Provider=SQLite;Data Source=project.db");
     EXPECT_TRUE(OpenTable()) << oledb::LastErrorText();
     suite::CloseFolder();
     EXPECT_TRUE(OpenTable()) << "the string is asked for once";
