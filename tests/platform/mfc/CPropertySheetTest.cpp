@@ -7,10 +7,8 @@
 
 #include "platform/mfc/CButton.h"
 #include "platform/mfc/CDataExchange.h"
-#include "platform/mfc/CListBox.h"
 #include "platform/mfc/SheetModel.h"
 #include "platform/mfc/afx.h"
-#include "platform/mfc/message_box.h"
 #include "platform/win32/window_message.h"
 #include "tests/platform/mfc/TestModule.h"
 
@@ -57,8 +55,6 @@ public:
     LoggedPage options{TestModule::kOptions, 'O', log};
     LoggedPage notes{TestModule::kNotes, 'N', log};
     std::function<void(LoggedSheet&)> onInit;
-    /// Tells whether OK is swallowed.
-    std::function<bool(LoggedSheet&)> onOk;
 
     BOOL OnInitDialog() override {
         const BOOL result = CPropertySheet::OnInitDialog();
@@ -66,12 +62,6 @@ public:
             onInit(*this);
         }
         return result;
-    }
-    BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override {
-        if (nID == IDOK && nCode == CN_COMMAND && onOk && onOk(*this)) {
-            return TRUE;
-        }
-        return CPropertySheet::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
     }
 };
 
@@ -134,30 +124,6 @@ TEST(CPropertySheet, APageThatRefusesStopsOkAndComesToTheFront) {
     EXPECT_EQ(fronts, (std::vector<int>{0, 1, 0}));
     EXPECT_EQ(sheet.log, "initC initO initN okC refuseO refuseC okC okO okN ")
         << "a page that accepted before may refuse";
-}
-
-TEST(CPropertySheet, TheSheetMaySwallowOk) {
-    TestModule module;
-    module.Answer({"@press ok", "@select 2001 1-1", "@press ok"});
-    LoggedSheet sheet;
-    sheet.onInit = [](LoggedSheet& shown) {
-        static_cast<CListBox*>(shown.choice.GetDlgItem(2001))->AddString("1-1");
-        shown.SetActivePage(2);
-    };
-    sheet.onOk = [](LoggedSheet& shown) {
-        auto* list = static_cast<CListBox*>(shown.choice.GetDlgItem(2001));
-        if (list->GetSelCount() > 0) {
-            return false;
-        }
-        AfxMessageBox("请选择试样编号"_gbk);
-        shown.SetActivePage(&shown.choice);
-        return true;
-    };
-    EXPECT_EQ(sheet.DoModal(), IDOK);
-    EXPECT_EQ(sheet.log, "initC initN okC okN ") << "no page is asked before the sheet agrees";
-    ASSERT_EQ(module.windows.Shown().size(), 2U);
-    EXPECT_EQ(module.windows.Shown()[1].text, "请选择试样编号"_gbk);
-    EXPECT_EQ(module.windows.Error(), "");
 }
 
 TEST(CPropertySheet, LooksAreThoseOfHeaderTemplatesAndMessages) {

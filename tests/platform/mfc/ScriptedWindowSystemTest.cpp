@@ -151,14 +151,6 @@ TEST(ScriptedWindowSystem, WhatCannotBeAnsweredFailsTheRun) {
     }
 }
 
-TEST(ScriptedWindowSystem, DisabledControlsCannotBeUsed) {
-    TestModule module;
-    module.Answer({"@page 2008", "@check 2037 off"});
-    Sheet sheet;
-    EXPECT_EQ(sheet.DoModal(), IDCANCEL);
-    EXPECT_EQ(module.windows.Error(), "@check 2037 off: control 2037 is disabled");
-}
-
 TEST(ScriptedWindowSystem, AFailedRunCancelsAllThatFollows) {
     TestModule module;
     module.Answer({"@press 4711", "@press ok", "@answer no"});
