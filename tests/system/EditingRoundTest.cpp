@@ -10,12 +10,12 @@
 #include "host/Host.h"
 #include "host/model_space.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/db/AcDbKeptEntity.h"
 #include "platform/ed/command_line.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
 #include "tests/system/Program.h"
+#include "tests/system/SheetEntities.h"
 
 namespace {
 
@@ -127,23 +127,15 @@ protected:
 /// The labels of the curve in a sheet as programs without the plug-in show them: the texts "=…" of
 /// the proxy graphics in the file.
 std::vector<std::string> LabelsInFile(const std::filesystem::path& sheet) {
-    AcDbDatabase drawing(false);
-    std::string path;
-    EXPECT_TRUE(win32::WindowsPath(sheet.string(), path));
-    EXPECT_EQ(drawing.readDwgFile(path.c_str()), Acad::eOk) << drawing.lastFileError();
     std::vector<std::string> labels;
-    host::ForEachModelSpaceEntity(drawing, [&](AcDbEntity& entity) {
-        if (!entity.isKindOf(AcDbKeptEntity::desc())) {
-            return;
-        }
-        const auto& bytes = static_cast<const AcDbKeptEntity&>(entity).graphics();
+    for (const std::vector<std::uint8_t>& bytes : ReadCurveGraphics(sheet)) {
         const std::string text(bytes.begin(), bytes.end());
         for (std::size_t at = text.find('='); at != std::string::npos; at = text.find('=', at)) {
             const std::size_t end = text.find_first_not_of("0123456789.", at + 1);
             labels.push_back(text.substr(at + 1, end - at - 1));
             at = end;
         }
-    });
+    }
     return labels;
 }
 

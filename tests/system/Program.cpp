@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,6 +12,8 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+
+#include "tests/platform/oledb/SqliteTestDatabase.h"
 
 extern char** environ;
 
@@ -66,16 +67,6 @@ ProgramResult RunProgram(const std::vector<std::string>& arguments, int killAfte
     return result;
 }
 
-ScratchFolder::ScratchFolder() {
-    std::string pattern = std::filesystem::temp_directory_path() / "grdx-test-XXXXXX";
-    path_ = mkdtemp(pattern.data());
-}
-
-ScratchFolder::~ScratchFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-}
-
 std::string FileBytes(const std::filesystem::path& path) {
     EXPECT_TRUE(std::filesystem::is_regular_file(path)) << path;
     return ReadAll(path);
@@ -116,19 +107,11 @@ std::vector<std::filesystem::path> SampleSuite::Sheets() const {
 }
 
 std::string SampleSuite::Ask(const std::string& statement) const {
-    sqlite3* handle = nullptr;
-    EXPECT_EQ(sqlite3_open(Database().c_str(), &handle), SQLITE_OK);
-    std::string text;
-    const auto collect = [](void* target, int count, char** values, char**) {
-        for (int i = 0; i < count; ++i) {
-            static_cast<std::string*>(target)->append(values[i] != nullptr ? values[i] : "null");
-            static_cast<std::string*>(target)->append(i + 1 < count ? "|" : "\n");
-        }
-        return 0;
-    };
-    EXPECT_EQ(sqlite3_exec(handle, statement.c_str(), collect, &text, nullptr), SQLITE_OK);
-    sqlite3_close(handle);
-    return text;
+    std::string lines;
+    for (const std::string& row : SqliteTestDatabase(Database().c_str()).RowList(statement)) {
+        lines += row + "\n";
+    }
+    return lines;
 }
 
 std::vector<std::string> SampleBoreholes() {

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/platform/win32/ScratchFolder.h"
+
 /// What a finished program left behind.
 struct ProgramResult {
     int status = -1;  ///< exit status; -1 when it was ended by a signal
@@ -13,19 +15,6 @@ struct ProgramResult {
 
 /// Runs a program to its end. With `killAfterMicroseconds` at 0 or more it is killed by then.
 ProgramResult RunProgram(const std::vector<std::string>& arguments, int killAfterMicroseconds = -1);
-
-/// A folder of its own for one test, removed with everything in it at the end.
-class ScratchFolder {
-public:
-    ScratchFolder();
-    ~ScratchFolder();
-    ScratchFolder(const ScratchFolder&) = delete;
-    ScratchFolder& operator=(const ScratchFolder&) = delete;
-    const std::filesystem::path& Path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
 
 /// The bytes of a file; fails the running test when it cannot be read.
 std::string FileBytes(const std::filesystem::path& path);

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <memory>
 
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
@@ -15,6 +15,7 @@
 #include "platform/db/AcDbText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
+#include "tests/platform/db/Opened.h"
 
 namespace {
 
@@ -24,14 +25,11 @@ std::string WindowsPathOf(const std::filesystem::path& path) {
     return result;
 }
 
-std::string LayerName(AcDbObjectId id) {
-    AcDbLayerTableRecord* layer = nullptr;
-    if (acdbOpenObject(layer, id, AcDb::kForRead) != Acad::eOk) {
-        return {};
-    }
-    std::string name = win32::Utf8FromGbk(layer->name());
-    layer->close();
-    return name;
+std::unique_ptr<AcDbDatabase> Read(const std::filesystem::path& sheet) {
+    auto database = std::make_unique<AcDbDatabase>(false);
+    EXPECT_EQ(database->readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
+        << database->lastFileError();
+    return database;
 }
 
 void ReadContent(const AcDbBlockReference& reference, SheetEntity& result);
@@ -84,7 +82,8 @@ void ReadShape(const AcDbEntity& entity, SheetEntity& result) {
 SheetEntity ReadEntity(const AcDbEntity& entity) {
     SheetEntity result;
     result.handle = entity.objectId().handle();
-    result.layer = LayerName(entity.layerId());
+    result.layer =
+        win32::Utf8FromGbk(Opened<AcDbLayerTableRecord>(entity.layerId(), AcDb::kForRead)->name());
     result.color = entity.colorIndex();
     ReadShape(entity, result);
     return result;
@@ -92,71 +91,48 @@ SheetEntity ReadEntity(const AcDbEntity& entity) {
 
 /// What stands on layer "0" of a block appears on the layer of the reference.
 void ReadContent(const AcDbBlockReference& reference, SheetEntity& result) {
-    AcDbBlockTableRecord* block = nullptr;
-    ASSERT_EQ(acdbOpenObject(block, reference.blockTableRecord(), AcDb::kForRead), Acad::eOk);
+    const Opened<AcDbBlockTableRecord> block(reference.blockTableRecord(), AcDb::kForRead);
     for (const AcDbObjectId id : block->entityIds()) {
-        AcDbEntity* entity = nullptr;
-        ASSERT_EQ(acdbOpenObject(entity, id, AcDb::kForRead), Acad::eOk);
-        SheetEntity part = ReadEntity(*entity);
-        entity->close();
+        SheetEntity part = ReadEntity(*Opened(id, AcDb::kForRead));
         for (AcGePoint3d& point : part.points) {
             point.transformBy(reference.blockTransform());
         }
         part.layer = part.layer == "0" ? result.layer : part.layer;
         result.content.push_back(std::move(part));
     }
-    block->close();
-}
-
-void ForEachEntity(AcDbDatabase& database, AcDb::OpenMode mode,
-                   const std::function<void(AcDbEntity&)>& visit) {
-    AcDbBlockTable* blocks = nullptr;
-    ASSERT_EQ(database.getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
-    AcDbBlockTableRecord* space = nullptr;
-    ASSERT_EQ(blocks->getAt(ACDB_MODEL_SPACE, space, AcDb::kForRead), Acad::eOk);
-    for (const AcDbObjectId id : space->entityIds()) {
-        AcDbEntity* entity = nullptr;
-        ASSERT_EQ(acdbOpenObject(entity, id, mode), Acad::eOk);
-        visit(*entity);
-        entity->close();
-    }
-    space->close();
-    blocks->close();
 }
 
 }  // namespace
 
 std::vector<SheetEntity> ReadSheet(const std::filesystem::path& sheet) {
-    AcDbDatabase database(false);
-    EXPECT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
-        << database.lastFileError();
+    const auto database = Read(sheet);
     std::vector<SheetEntity> result;
-    ForEachEntity(database, AcDb::kForRead,
-                  [&](AcDbEntity& entity) { result.push_back(ReadEntity(entity)); });
+    VisitModelSpace(*database,
+                    [&](const AcDbEntity& entity) { result.push_back(ReadEntity(entity)); });
     return result;
 }
 
 std::vector<std::vector<std::uint8_t>> ReadCurveGraphics(const std::filesystem::path& sheet) {
-    AcDbDatabase database(false);
-    EXPECT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
-        << database.lastFileError();
+    const auto database = Read(sheet);
     std::vector<std::vector<std::uint8_t>> result;
-    ForEachEntity(database, AcDb::kForRead, [&](AcDbEntity& entity) {
+    VisitModelSpace(*database, [&](const AcDbEntity& entity) {
         if (entity.isKindOf(AcDbKeptEntity::desc())) {
-            result.push_back(static_cast<AcDbKeptEntity&>(entity).graphics());
+            result.push_back(static_cast<const AcDbKeptEntity&>(entity).graphics());
         }
     });
     return result;
 }
 
 void CopyWithoutCurves(const std::filesystem::path& sheet, const std::filesystem::path& copy) {
-    AcDbDatabase database(false);
-    ASSERT_EQ(database.readDwgFile(WindowsPathOf(sheet).c_str()), Acad::eOk)
-        << database.lastFileError();
-    ForEachEntity(database, AcDb::kForWrite, [](AcDbEntity& entity) {
-        if (entity.isKindOf(AcDbKeptEntity::desc())) {
-            EXPECT_EQ(entity.erase(), Acad::eOk);
-        }
-    });
-    ASSERT_EQ(database.saveAs(WindowsPathOf(copy).c_str()), Acad::eOk) << database.lastFileError();
+    const auto database = Read(sheet);
+    VisitModelSpace(
+        *database,
+        [](AcDbEntity& entity) {
+            if (entity.isKindOf(AcDbKeptEntity::desc())) {
+                EXPECT_EQ(entity.erase(), Acad::eOk);
+            }
+        },
+        AcDb::kForWrite);
+    ASSERT_EQ(database->saveAs(WindowsPathOf(copy).c_str()), Acad::eOk)
+        << database->lastFileError();
 }

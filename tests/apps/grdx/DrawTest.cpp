@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <filesystem>
 #include <fstream>
@@ -59,12 +58,6 @@ protected:
         }
         ADD_FAILURE() << borehole << " " << name << " is not listed";
         return {};
-    }
-    void Change(const std::string& statement) const {
-        sqlite3* database = nullptr;
-        ASSERT_EQ(sqlite3_open((folder_ / "project.db").c_str(), &database), SQLITE_OK);
-        EXPECT_EQ(sqlite3_exec(database, statement.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
-        sqlite3_close(database);
     }
     /// Replaces a text in a file of the suite folder.
     void Edit(const std::string& name, const std::string& from, const std::string& to) const {
@@ -153,7 +146,7 @@ TEST_F(DrawTest, WhatIsNotOfferedIsRefusedByNameBeforeAnythingIsDrawn) {
 }
 
 TEST_F(DrawTest, ChartsThatAreNotDrawnAreNamed) {
-    Change("DELETE FROM Z_c_KeFen WHERE ZKBH='ZK1' AND QYBH='4'");
+    suite_.Ask("DELETE FROM Z_c_KeFen WHERE ZKBH='ZK1' AND QYBH='4'");
     const ProgramResult missing = DrawSamples("ZK1", {"--all"});
     EXPECT_EQ(missing.status, 1);
     EXPECT_THAT(SheetNames(missing), ElementsAre("KFZK1-1~ZK1-2.dwg"));
@@ -162,16 +155,16 @@ TEST_F(DrawTest, ChartsThatAreNotDrawnAreNamed) {
         "grdx: 3 sheets not made; not drawn: 3, 4, 5, 6, 7, 8\n"
         "grdx: sample \"4\" of borehole \"ZK1\": it has no row of results (table Z_c_KeFen)\n");
 
-    Change("UPDATE Z_c_KeFen SET KLTYZL = NULL WHERE QYBH='5'");
+    suite_.Ask("UPDATE Z_c_KeFen SET KLTYZL = NULL WHERE QYBH='5'");
     EXPECT_THAT(DrawSamples("ZK1", {"--sample", "5"}).errors, HasSubstr("has no total mass"));
-    Change("UPDATE Z_c_KeFen SET KLTYZL = 1 WHERE QYBH='6'");
+    suite_.Ask("UPDATE Z_c_KeFen SET KLTYZL = 1 WHERE QYBH='6'");
     EXPECT_EQ(DrawSamples("ZK1", {"--sample", "6"}).errors,
               "筛余质量的和大于试样的总质量，请检查数据表中的数据！\n"
               "grdx: 1 sheet not made; not drawn: 6\n");
 }
 
 TEST_F(DrawTest, ALayerThatIsGoneWhenItsTurnComesIsNamed) {
-    Change(
+    suite_.Ask(
         "CREATE TRIGGER lose AFTER INSERT ON x_SheJi WHEN NEW.ZCBH=2 AND NEW.YCBH=1 "
         "BEGIN DELETE FROM x_SheJi WHERE ZCBH=3; END");
     const ProgramResult run = Grdx({"draw", "layers", "--all"});
@@ -212,7 +205,7 @@ TEST_F(DrawTest, FaultsOfFilesAreNamedOnce) {
 
 TEST_F(DrawTest, ResultsThatCannotBeStoredFailTheRun) {
     // The row is there when the chart reads it and gone when the percentages are stored.
-    Change(
+    suite_.Ask(
         "CREATE TRIGGER lose AFTER UPDATE OF KLD60 ON Z_c_KeFen "
         "BEGIN DELETE FROM Z_c_KeFen WHERE QYBH = NEW.QYBH; END");
     const ProgramResult run = DrawSamples("ZK1", {"--sample", "8"});

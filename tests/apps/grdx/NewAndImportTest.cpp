@@ -2,12 +2,12 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <filesystem>
 #include <fstream>
 
 #include "platform/win32/code_page.h"
+#include "tests/platform/oledb/SqliteTestDatabase.h"
 #include "tests/system/Program.h"
 
 namespace fs = std::filesystem;
@@ -18,25 +18,6 @@ using testing::StartsWith;
 namespace {
 void Write(const fs::path& path, const std::string& content) {
     std::ofstream(path, std::ios::binary) << content;
-}
-
-/// The rows of a select, columns joined by "|", rows by blanks.
-std::string Ask(const fs::path& suite, const std::string& select) {
-    sqlite3* database = nullptr;
-    EXPECT_EQ(sqlite3_open((suite / "project.db").c_str(), &database), SQLITE_OK);
-    std::string rows;
-    const auto addRow = [](void* out, int count, char** values, char** /*names*/) {
-        auto& text = *static_cast<std::string*>(out);
-        text += text.empty() ? "" : " ";
-        for (int i = 0; i < count; ++i) {
-            text += (i == 0 ? "" : "|") + std::string(values[i] != nullptr ? values[i] : "null");
-        }
-        return 0;
-    };
-    EXPECT_EQ(sqlite3_exec(database, select.c_str(), addRow, &rows, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(database);
-    sqlite3_close(database);
-    return rows;
 }
 
 class NewAndImportTest : public testing::Test {
@@ -51,6 +32,10 @@ protected:
         return Grdx({"import", "samples", scratch_.Path() / "data.csv", "-s", Suite()});
     }
     fs::path Suite() const { return scratch_.Path() / "suite"; }
+    /// The rows that statements on the database give, columns joined by "|", rows by blanks.
+    std::string Ask(const std::string& statements) const {
+        return SqliteTestDatabase((Suite() / "project.db").c_str()).Rows(statements);
+    }
     void MakeSuite() const { ASSERT_EQ(Grdx({"new", Suite()}).status, 0); }
 
     ScratchFolder scratch_;
@@ -70,7 +55,7 @@ TEST_F(NewAndImportTest, ANewSuiteHasItsFilesAndAProjectThatReadsBack) {
     const std::string project =
         R"("project":{"index":1,"number":"A 1","name":" \"桥\" ","code":2})";
     EXPECT_THAT(Grdx({"list", "--json", "-s", Suite()}).output, HasSubstr(project));
-    EXPECT_EQ(Ask(Suite(), "SELECT * FROM x_GongCheng"), "1|A 1| \"桥\" |2|0");
+    EXPECT_EQ(Ask("SELECT * FROM x_GongCheng"), "1|A 1| \"桥\" |2|0");
 
     const ProgramResult listed =
         RunProgram({"env", "GRDX_SUITE=" + Suite().string(), GRDX_PROGRAM, "list"});
@@ -145,22 +130,22 @@ TEST_F(NewAndImportTest, SamplesReachTheirThreeTables) {
                                                  "K,2,,,,30,0,0.5\n");
     EXPECT_EQ(imported.status, 0) << imported.errors;
     EXPECT_EQ(imported.output, "2 samples, 3 sieve items\n");
-    EXPECT_EQ(Ask(Suite(), "SELECT * FROM z_c_QuYang"), "1|K|1|1.2|0.2 1|K|2|null|null");
-    EXPECT_EQ(Ask(Suite(), "SELECT QYBH, KLSYFF, KLTYZL, KL2, KLD10, KLQLXS FROM Z_c_KeFen"),
+    EXPECT_EQ(Ask("SELECT * FROM z_c_QuYang"), "1|K|1|1.2|0.2 1|K|2|null|null");
+    EXPECT_EQ(Ask("SELECT QYBH, KLSYFF, KLTYZL, KL2, KLD10, KLQLXS FROM Z_c_KeFen"),
               "1|筛析法|161.6|null|null|null 2||30.0|null|null|null");
-    EXPECT_EQ(Ask(Suite(), "SELECT QYBH, XH, KLLJ, KLSYZL FROM Z_c_KeFenCSXM"),
+    EXPECT_EQ(Ask("SELECT QYBH, XH, KLLJ, KLSYZL FROM Z_c_KeFenCSXM"),
               "1|1|2.0|100.1 1|2|0.5|61.5 2|1|0.0|0.5");
 }
 
 TEST_F(NewAndImportTest, ASampleImportedAgainIsReplacedWithItsResults) {
     MakeSuite();
     ImportSamples(kHeader + "K,1,1,1,m,10,2,4\nK,1,1,1,m,10,0.5,6\nK,2,1,1,m,10,2,1\n");
-    Ask(Suite(), "UPDATE Z_c_KeFen SET KLD10 = 0.5");
+    Ask("UPDATE Z_c_KeFen SET KLD10 = 0.5");
     EXPECT_EQ(ImportSamples(kHeader + "K,1,3,,n,20,5,20\n").status, 0);
-    EXPECT_EQ(Ask(Suite(), "SELECT QYSD, QYHD FROM z_c_QuYang"), "1.0|1.0 3.0|null");
-    EXPECT_EQ(Ask(Suite(), "SELECT QYBH, KLTYZL, KLD10 FROM Z_c_KeFen ORDER BY QYBH"),
+    EXPECT_EQ(Ask("SELECT QYSD, QYHD FROM z_c_QuYang"), "1.0|1.0 3.0|null");
+    EXPECT_EQ(Ask("SELECT QYBH, KLTYZL, KLD10 FROM Z_c_KeFen ORDER BY QYBH"),
               "1|20.0|null 2|10.0|0.5");
-    EXPECT_EQ(Ask(Suite(), "SELECT XH, KLLJ FROM Z_c_KeFenCSXM WHERE QYBH='1'"), "1|5.0");
+    EXPECT_EQ(Ask("SELECT XH, KLLJ FROM Z_c_KeFenCSXM WHERE QYBH='1'"), "1|5.0");
 }
 
 TEST_F(NewAndImportTest, ABadFileIsRefusedWholeAndEachBadLineNamed) {
@@ -173,20 +158,19 @@ TEST_F(NewAndImportTest, ABadFileIsRefusedWholeAndEachBadLineNamed) {
     EXPECT_EQ(refused.output, "");
     EXPECT_EQ(refused.errors, "grdx: " + file + ":3: total \"x\": not a number\n" + file +
                                   ":4: method \"한\": a character that GBK does not have\n");
-    EXPECT_EQ(Ask(Suite(), "SELECT QYBH, KLTYZL FROM Z_c_KeFen"), "1|10.0");
+    EXPECT_EQ(Ask("SELECT QYBH, KLTYZL FROM Z_c_KeFen"), "1|10.0");
 }
 
 TEST_F(NewAndImportTest, AFailureOfTheDatabaseTakesBackWhatWasStored) {
     MakeSuite();
     ImportSamples(kHeader + "K,1,1,1,m,10,2,4\n");
-    Ask(Suite(),
-        "CREATE TRIGGER refuse BEFORE INSERT ON Z_c_KeFenCSXM WHEN NEW.QYBH = '3' "
+    Ask("CREATE TRIGGER refuse BEFORE INSERT ON Z_c_KeFenCSXM WHEN NEW.QYBH = '3' "
         "BEGIN SELECT RAISE(ABORT, 'no third sample'); END");
     const ProgramResult failed =
         ImportSamples(kHeader + "K,1,1,1,m,99,2,4\nK,2,1,1,m,10,2,4\nK,3,1,1,m,10,2,4\n");
     EXPECT_EQ(failed.status, 1);
     EXPECT_THAT(failed.errors, HasSubstr("project.db: no third sample"));
-    EXPECT_EQ(Ask(Suite(), "SELECT QYBH, KLTYZL FROM Z_c_KeFen"), "1|10.0");
+    EXPECT_EQ(Ask("SELECT QYBH, KLTYZL FROM Z_c_KeFen"), "1|10.0");
 }
 
 TEST_F(NewAndImportTest, GbkFilesSayTheSame) {
@@ -194,19 +178,18 @@ TEST_F(NewAndImportTest, GbkFilesSayTheSame) {
     const ProgramResult imported =
         ImportSamples(win32::GbkFromUtf8(kHeader + "探井1,扰动样,1,1,筛析法,10,2,4\r\n"));
     EXPECT_EQ(imported.status, 0) << imported.errors;
-    EXPECT_EQ(Ask(Suite(), "SELECT ZKBH, QYBH, KLSYFF FROM Z_c_KeFen"), "探井1|扰动样|筛析法");
+    EXPECT_EQ(Ask("SELECT ZKBH, QYBH, KLSYFF FROM Z_c_KeFen"), "探井1|扰动样|筛析法");
 }
 
 TEST_F(NewAndImportTest, LayersReplaceTheirGradingAndLeaveOtherValues) {
     MakeSuite();
-    Ask(Suite(),
-        "INSERT INTO x_SheJi VALUES (1,2,1,1100,'9'), (1,2,1,1128,'9'), (1,2,1,1129,'9'), "
+    Ask("INSERT INTO x_SheJi VALUES (1,2,1,1100,'9'), (1,2,1,1128,'9'), (1,2,1,1129,'9'), "
         "(1,2,1,17,'9'), (1,3,0,1100,'9'), (2,2,1,1100,'9')");
     Write(scratch_.Path() / "layers.csv", "main,sub,size,percent\n2,1,20,25\n2,1,0,75.0\n");
     const ProgramResult imported =
         Grdx({"import", "layers", scratch_.Path() / "layers.csv", "-s", Suite()});
     EXPECT_EQ(imported.status, 0) << imported.errors;
     EXPECT_EQ(imported.output, "1 layer\n");
-    EXPECT_EQ(Ask(Suite(), "SELECT GCSY, ZCBH, CSLX, CSV FROM x_SheJi ORDER BY GCSY, ZCBH, CSLX"),
+    EXPECT_EQ(Ask("SELECT GCSY, ZCBH, CSLX, CSV FROM x_SheJi ORDER BY GCSY, ZCBH, CSLX"),
               "1|2|17|9 1|2|1105|25 1|2|1118|75.0 1|2|1129|9 1|3|1100|9 2|2|1100|9");
 }

@@ -29,14 +29,13 @@ public:
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
 
+    const std::filesystem::path& Path() const { return path_; }
     /// UTF-8 path of an entry of the folder.
-    std::string Path(const std::string& name = "") const {
-        return name.empty() ? path_ : path_ + "/" + name;
-    }
+    std::string Path(const std::string& name) const { return path_ / name; }
     /// GBK path with backslashes; `gbkName` is appended as it is.
     std::string Windows(const std::string& gbkName = "") const {
         std::string folder;
-        if (!win32::WindowsPath(path_, folder)) {
+        if (!win32::WindowsPath(path_.string(), folder)) {
             throw std::runtime_error("the scratch folder cannot be written in GBK");
         }
         return gbkName.empty() ? folder : folder + "\\" + gbkName;
@@ -62,5 +61,5 @@ public:
     }
 
 private:
-    std::string path_;
+    std::filesystem::path path_;
 };
