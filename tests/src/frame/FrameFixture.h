@@ -2,11 +2,11 @@
 
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/AcEdCommandStack.h"
-#include "platform/ed/file_search.h"
 #include "platform/ed/system_variables.h"
 #include "platform/win32/window_message.h"
 #include "platform/win32/windows_path.h"
 #include "src/frame/entry_point.h"
+#include "tests/src/chart/FoundFonts.h"
 #include "tests/src/ui/ProjectFixture.h"
 
 /// The plug-in, loaded, in a host with one untitled drawing open. The suite folder has the blank
@@ -71,10 +71,7 @@ protected:
         ProjectFixture::SetUp();
         std::filesystem::create_directory(Folder() / "Support");
         MakeDrawing("Support/Drawing.dwg");
-        WriteText("Support/fonts.ini",
-                  "[Fonts]\r\nComFont.shx=Sans\r\nst64f.shx=Sans\r\nHztxt.shx=Sans\r\n");
-        ed::LoadFontMapping(Path("Support/fonts.ini"));
-        ed::SetSearchFolders({Path("Support")});
+        fonts_.emplace(Path("Support"));
         NewDocument();
         acrxEntryPoint(AcRx::kInitAppMsg, nullptr);
     }
@@ -85,9 +82,11 @@ protected:
                 acDocManager->closeDocument(document);
             }
         });
-        ed::SetSearchFolders({});
-        ed::LoadFontMapping("");
+        fonts_.reset();
         SetDocumentMode(0);
         ProjectFixture::TearDown();
     }
+
+private:
+    std::optional<FoundFonts> fonts_;
 };

@@ -42,6 +42,7 @@ TEST_F(ChartOpenersTest, SingleDocumentModeOpensTheFirstOnly) {
     RunCommand("ELGRDX");
     EXPECT_EQ(acDocManager->documentCount(), 1);
     EXPECT_EQ(CurrentDrawing(), "KFSJ1.dwg");
+    EXPECT_EQ(acDocManager->takePendingInput(), "zoom e ");
     EXPECT_EQ(Printed(), "当前是单文档状态,只能打开一个文档");
 }
 

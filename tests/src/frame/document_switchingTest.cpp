@@ -15,15 +15,6 @@ protected:
     std::string Both() const { return Path("a.dwg") + "|" + Path("b.dwg"); }
 };
 
-TEST_F(DocumentSwitchingTest, SingleModeOpensTheFirstInPlaceAndSaysSo) {
-    SetDocumentMode(1);
-    EXPECT_EQ(OpenDocument(Both(), kZoomExtents, false), Acad::eOk);
-    EXPECT_EQ(acDocManager->documentCount(), 1);
-    EXPECT_EQ(CurrentDrawing(), "a.dwg");
-    EXPECT_EQ(acDocManager->takePendingInput(), "zoom e ");
-    EXPECT_EQ(Printed(), "当前是单文档状态,只能打开一个文档");
-}
-
 TEST_F(DocumentSwitchingTest, MultiModeOpensEachFromEitherContext) {
     EXPECT_EQ(OpenDocument(Both(), kZoomAll, false), Acad::eOk);
     EXPECT_EQ(acDocManager->documentCount(), 3);

@@ -41,7 +41,7 @@ protected:
 };
 
 TEST_F(CGcbhPageTest, ListsBoreholesSortedAndTheSamplesOfTheFirst) {
-    for (const char* sample : {"1-10", "1-2", "2-1", "A1", "B"}) {
+    for (const char* sample : {"1-10", "1-2", "2-1", "A1", "B", "上"}) {
         AddSample("ZK3", sample);
     }
     AddSample("ZK10", "7");
@@ -54,7 +54,7 @@ TEST_F(CGcbhPageTest, ListsBoreholesSortedAndTheSamplesOfTheFirst) {
         return {Select(IDC_BOREHOLES, {"ZK3"})};
     });
     Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
-        EXPECT_EQ(Items(window, IDC_SAMPLES), (Texts{"B", "A1", "1-2", "1-10", "2-1"}));
+        EXPECT_EQ(Items(window, IDC_SAMPLES), (Texts{"B", "上", "A1", "1-2", "1-10", "2-1"}));
         EXPECT_EQ(CurrentBorehole, "ZK3");
         return {Select(IDC_SAMPLES, {"1-10", "1-2"}), Press(IDOK)};
     });

@@ -28,11 +28,4 @@ TEST(SampleSortKeyTest, TakesTheLastNumberAndTheOneBeforeTheCharacterInFrontOfIt
     }
 }
 
-TEST(OrderedSamplesTest, PutsNumbersWithoutADigitAtTheEndFirstAndTheOthersByKey) {
-    const std::vector<std::string> ordered =
-        OrderedSamples({"1-10", "1-2", "2-1", "A1", "B", "上"});
-    EXPECT_EQ(ordered, (std::vector<std::string>{"B", "上", "A1", "1-2", "1-10", "2-1"}));
-    EXPECT_TRUE(OrderedSamples({}).empty());
-}
-
 }  // namespace
