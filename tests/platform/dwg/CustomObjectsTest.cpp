@@ -56,8 +56,9 @@ TEST_F(CustomObjectsTest, WithoutItsClassACurveIsKeptAsItIs) {
         file = save();
     }
     auto stranger = read();
-    const auto* kept = entities<AcDbKeptEntity>(*stranger)[1];
-    ASSERT_EQ(kept->isA(), AcDbKeptEntity::desc());
+    const AcDbEntity* const unknown = entities(*stranger)[1];
+    ASSERT_EQ(unknown->isA(), AcDbKeptEntity::desc());
+    const auto* const kept = static_cast<const AcDbKeptEntity*>(unknown);
     EXPECT_EQ(kept->graphics(), drawn.bytes());
     const std::string object = objects(file)[kept->objectId().handle()];
     DwgBitReader reader(dwg::BytesOf(object), 0, 8 * object.size());
