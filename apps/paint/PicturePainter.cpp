@@ -61,7 +61,7 @@ public:
             highlighted_ = emphasis == Emphasis::kHighlighted;
             const bool whole = view.contains(item.box);
             for (const Shape& shape : list_.shapes(item)) {
-                if (whole || shape.box.meets(view)) {
+                if ((shape.printed || !look_.onPaper) && (whole || shape.box.meets(view))) {
                     draw(shape);
                 }
             }
@@ -82,11 +82,10 @@ private:
 
     QPen penOf(const Shape& shape) const {
         const double weight =
-            look_.paperLineWeights
-                ? (shape.lineWeight < 0.0F ? kDefaultLineWeight
-                                           : static_cast<double>(shape.lineWeight)) *
-                      pixelsPerUnit_
-                : 1.0;
+            look_.onPaper ? (shape.lineWeight < 0.0F ? kDefaultLineWeight
+                                                     : static_cast<double>(shape.lineWeight)) *
+                                pixelsPerUnit_
+                          : 1.0;
         return QPen(colorOf(shape), highlighted_ ? weight + 1.5 : weight, Qt::SolidLine,
                     Qt::RoundCap, Qt::RoundJoin);
     }
@@ -125,7 +124,14 @@ private:
     /// On a screen, level and plumb lines stand on whole pixels: neither blurred over two of them
     /// nor of two widths. Those of one pen that follow each other, as in grids, are drawn at once.
     void drawPolyline(const Shape& shape, const QPolygonF& points) {
-        if (look_.paperLineWeights || !IsAxisParallel(points)) {
+        // Of a line without length Qt draws nothing.
+        if (shape.box.width() == 0.0 && shape.box.height() == 0.0) {
+            drawLevelLines();
+            usePen(shape);
+            painter_.drawPoint(points.front());
+            return;
+        }
+        if (look_.onPaper || !IsAxisParallel(points)) {
             drawLevelLines();
             usePen(shape);
             painter_.drawPolyline(points);

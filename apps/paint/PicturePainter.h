@@ -19,9 +19,10 @@ enum class Emphasis { kNone, kHighlighted, kLeftOut };
 struct Look {
     picture::Background background = picture::Background::kLight;
     bool monochrome = false;  ///< everything in the colour of index 7
-    /// False: lines are one device pixel wide at any zoom, as on a screen. True: as wide as their
-    /// weights say, in millimetres of a drawing whose unit is one.
-    bool paperLineWeights = false;
+    /// False, on a screen: lines are one device pixel wide at any zoom. True: they are as wide as
+    /// their weights say, in millimetres of a drawing whose unit is one, and what is on layers
+    /// that are not printed is left out.
+    bool onPaper = false;
     /// Characters as filled outlines, for devices that cannot carry fonts.
     bool textAsOutlines = false;
     /// Asked for each entity in view when set.

@@ -26,7 +26,7 @@ Page RealSize(const picture::Box& view) {
 Look PaperLook(const PlotOptions& options, bool textAsOutlines) {
     Look look;
     look.monochrome = options.monochrome;
-    look.paperLineWeights = true;
+    look.onPaper = true;
     look.textAsOutlines = textAsOutlines;
     return look;
 }
@@ -46,7 +46,7 @@ QPageSize PageSizeOf(const Page& page) {
 }  // namespace
 
 Page PageOf(const picture::DisplayList& list) {
-    const picture::Box& box = list.box();
+    const picture::Box& box = list.printedBox();
     if (box.isEmpty()) {
         return RealSize({0.0, 0.0, kShortSide, kLongSide});
     }

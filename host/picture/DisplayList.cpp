@@ -70,12 +70,11 @@ void DisplayList::addPoints(ShapeKind kind, std::span<const Point> points, int c
     if (points.empty()) {
         return;
     }
-    Shape shape{kind,
-                0,
-                lineWeight,
-                static_cast<std::uint32_t>(points_.size()),
-                static_cast<std::uint32_t>(points.size()),
-                {}};
+    Shape shape;
+    shape.kind = kind;
+    shape.lineWeight = lineWeight;
+    shape.first = static_cast<std::uint32_t>(points_.size());
+    shape.count = static_cast<std::uint32_t>(points.size());
     for (const Point point : points) {
         shape.box.add(point);
     }
@@ -84,20 +83,27 @@ void DisplayList::addPoints(ShapeKind kind, std::span<const Point> points, int c
 }
 
 void DisplayList::addArc(const Arc& arc, int colorIndex, float lineWeight) {
+    Shape shape;
+    shape.kind = ShapeKind::kArc;
+    shape.lineWeight = lineWeight;
+    shape.first = static_cast<std::uint32_t>(arcs_.size());
+    shape.count = 1;
+    shape.box = BoxOf(arc);
     arcs_.push_back(arc);
-    add({ShapeKind::kArc, 0, lineWeight, static_cast<std::uint32_t>(arcs_.size() - 1), 1,
-         BoxOf(arc)},
-        colorIndex);
+    add(shape, colorIndex);
 }
 
 void DisplayList::addGlyphs(GlyphRun run, int colorIndex) {
     if (run.cells.empty()) {
         return;
     }
-    const Box box = BoxOf(run);
+    Shape shape;
+    shape.kind = ShapeKind::kGlyphs;
+    shape.first = static_cast<std::uint32_t>(runs_.size());
+    shape.count = 1;
+    shape.box = BoxOf(run);
     runs_.push_back(std::move(run));
-    add({ShapeKind::kGlyphs, 0, 0.0F, static_cast<std::uint32_t>(runs_.size() - 1), 1, box},
-        colorIndex);
+    add(shape, colorIndex);
 }
 
 void DisplayList::add(Shape shape, int colorIndex) {
@@ -108,7 +114,11 @@ void DisplayList::add(Shape shape, int colorIndex) {
     }
     shape.colorIndex =
         static_cast<std::uint8_t>(colorIndex >= 1 && colorIndex <= 255 ? colorIndex : kForeground);
+    shape.printed = printed_;
     shapes_.push_back(shape);
+    if (printed_) {
+        printedBox_.add(box);
+    }
     Item& item = items_.back();
     ++item.shapeCount;
     item.box.add(box);

@@ -22,6 +22,7 @@ struct Shape {
     ShapeKind kind = ShapeKind::kPolyline;
     std::uint8_t colorIndex = 7;  ///< 1 to 255; "by layer" and "by block" are resolved
     float lineWeight = 0.0F;      ///< of lines, millimetres of paper; below 0 the default
+    bool printed = true;          ///< false: for the screen only
     std::uint32_t first = 0;      ///< where its points, arc or characters start in the list
     std::uint32_t count = 0;      ///< of points; 1 for arcs and runs of characters
     Box box;
@@ -68,6 +69,8 @@ public:
     /// Ends the item; one without shapes is dropped.
     void endItem();
 
+    /// Whether what is added from now on is printed.
+    void setPrinted(bool printed) { printed_ = printed; }
     void addPolyline(std::span<const Point> points, int colorIndex, float lineWeight);
     void addFill(std::span<const Point> points, int colorIndex);
     void addArc(const Arc& arc, int colorIndex, float lineWeight);
@@ -90,6 +93,8 @@ public:
     const GlyphRun& glyphs(const Shape& shape) const { return runs_[shape.first]; }
     /// Around everything drawn; empty for an empty list.
     const Box& box() const { return box_; }
+    /// Around what is printed.
+    const Box& printedBox() const { return printedBox_; }
 
 private:
     void addPoints(ShapeKind kind, std::span<const Point> points, int colorIndex, float lineWeight);
@@ -101,6 +106,8 @@ private:
     std::vector<Arc> arcs_;
     std::vector<GlyphRun> runs_;
     Box box_;
+    Box printedBox_;
+    bool printed_ = true;
     bool endedEarly_ = false;
 };
 

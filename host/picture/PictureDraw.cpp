@@ -2,14 +2,22 @@
 
 #include <cmath>
 #include <numbers>
+#include <string_view>
 
 #include "host/picture/TextDrawing.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbLayerTable.h"
+#include "platform/db/AcDbLinetypeTable.h"
 #include "platform/gi/shape_outline.h"
+#include "platform/win32/gbk_text.h"
 
 namespace picture {
 
 namespace {
 constexpr double kTurn = 2.0 * std::numbers::pi;
+constexpr int kForeground = 7;
+/// The layer of what guides the drawing of dimensions, which no program prints.
+constexpr std::string_view kNeverPrinted = "DEFPOINTS";
 
 Point Flat(const AcGePoint3d& point) {
     return {point.x, point.y};
@@ -26,14 +34,71 @@ Adesk::Boolean PictureDraw::regenAbort() const {
            list_.pointCount() > kMostPointsOfShape * mostShapes_;
 }
 
-void PictureDraw::startEntity(int layerColor, float lineWeight) {
-    layerColor_ = color_ = layerColor;
-    lineWeight_ = lineWeight;
+void PictureDraw::draw(AcDbEntity& entity) {
+    byLayer_ = lookOf(entity.layerId());
+    if (!byLayer_.shown || entity.visibility() != AcDb::kVisible) {
+        return;
+    }
+    list_.beginItem(entity.objectId());
+    entity.setTraits(*this);
+    entity.worldDraw(this);
+    endWideLine();
+    list_.endItem();
+}
+
+const PictureDraw::LayerLook& PictureDraw::lookOf(AcDbObjectId id) {
+    const auto [found, isNew] = layers_.try_emplace(id.handle());
+    AcDbLayerTableRecord* layer = nullptr;
+    if (isNew && acdbOpenObject(layer, id, AcDb::kForRead) == Acad::eOk) {
+        found->second = {!layer->isOff() && !layer->isFrozen(),
+                         layer->isPlottable() && !win32::EqualNoCase(layer->name(), kNeverPrinted),
+                         layer->color().colorIndex(), layer->lineWeight(),
+                         layer->linetypeObjectId()};
+        layer->close();
+    }
+    return found->second;
+}
+
+const LinePattern* PictureDraw::patternOf(AcDbObjectId id) {
+    const auto [found, isNew] = patterns_.try_emplace(id.handle());
+    AcDbLinetypeTableRecord* linetype = nullptr;
+    if (isNew && acdbOpenObject(linetype, id, AcDb::kForRead) == Acad::eOk) {
+        std::vector<double> lengths;
+        for (const AcDbLinetypeTableRecord::Dash& dash : linetype->dashes()) {
+            lengths.push_back(dash.length);
+        }
+        found->second = LinePattern(std::move(lengths));
+        linetype->close();
+    }
+    return found->second.isBroken() ? &found->second : nullptr;
 }
 
 void PictureDraw::setColor(Adesk::UInt16 colorIndex) {
     endWideLine();
-    color_ = colorIndex >= 1 && colorIndex <= 255 ? colorIndex : layerColor_;
+    pen_.colorIndex = colorIndex == AcCmColor::kByBlock  ? kForeground
+                      : colorIndex < AcCmColor::kByLayer ? colorIndex
+                                                         : byLayer_.colorIndex;
+}
+
+void PictureDraw::setLayer(const AcDbObjectId& layer) {
+    endWideLine();
+    list_.setPrinted(lookOf(layer).printed);
+}
+
+void PictureDraw::setLineType(const AcDbObjectId& linetype) {
+    const AcDbDatabase* const database = linetype.database();
+    const bool isByLayer = database == nullptr || linetype == database->byLayerLinetype();
+    pen_.pattern = patternOf(isByLayer ? byLayer_.linetype : linetype);
+}
+
+void PictureDraw::setLineTypeScale(double scale) {
+    pen_.patternScale = scale * lineTypeScale_;
+}
+
+void PictureDraw::setLineWeight(Adesk::Int16 lineWeight) {
+    constexpr float kHundredths = 100.0F;
+    const Adesk::Int16 weight = lineWeight == AcDb::kLnWtByLayer ? byLayer_.lineWeight : lineWeight;
+    pen_.lineWeight = static_cast<float>(weight) / kHundredths;
 }
 
 const std::vector<Point>& PictureDraw::flat(Adesk::UInt32 count, const AcGePoint3d* points) {
@@ -46,13 +111,13 @@ const std::vector<Point>& PictureDraw::flat(Adesk::UInt32 count, const AcGePoint
 
 Adesk::Boolean PictureDraw::polyline(Adesk::UInt32 count, const AcGePoint3d* points) {
     endWideLine();
-    list_.addPolyline(flat(count, points), color_, lineWeight_);
+    pen_.drawPolyline(flat(count, points));
     return true;
 }
 
 Adesk::Boolean PictureDraw::polygon(Adesk::UInt32 count, const AcGePoint3d* points) {
     endWideLine();
-    list_.addFill(flat(count, points), color_);
+    list_.addFill(flat(count, points), pen_.colorIndex);
     return true;
 }
 
@@ -60,7 +125,7 @@ Adesk::Boolean PictureDraw::circle(const AcGePoint3d& center, double radius,
                                    const AcGeVector3d& normal) {
     endWideLine();
     if (normal.x == 0.0 && normal.y == 0.0) {
-        list_.addArc({Flat(center), radius, 0.0, kTurn}, color_, lineWeight_);
+        pen_.drawArc({Flat(center), radius, 0.0, kTurn});
         return true;
     }
     const std::vector<AcGePoint3d> points = gi::CirclePoints(center, radius, normal);
@@ -70,23 +135,25 @@ Adesk::Boolean PictureDraw::circle(const AcGePoint3d& center, double radius,
 Adesk::Boolean PictureDraw::circularArc(const AcGePoint3d& center, double radius, double startAngle,
                                         double sweepAngle) {
     endWideLine();
-    list_.addArc({Flat(center), radius, startAngle, sweepAngle}, color_, lineWeight_);
+    pen_.drawArc({Flat(center), radius, startAngle, sweepAngle});
     return true;
 }
 
 Adesk::Boolean PictureDraw::wideLine(const AcGePoint3d& start, const AcGePoint3d& end,
                                      double startWidth, double endWidth) {
-    const WideLineRun::Segment segment{Flat(start), Flat(end), startWidth, endWidth};
-    if (!wideLine_.continues(segment)) {
-        endWideLine();
+    for (const WideLineRun::Segment& part :
+         pen_.dashesOf({Flat(start), Flat(end), startWidth, endWidth})) {
+        if (!wideLine_.continues(part)) {
+            endWideLine();
+        }
+        wideLine_.add(part);
     }
-    wideLine_.add(segment);
     return true;
 }
 
 void PictureDraw::endWideLine() {
     if (!wideLine_.isEmpty()) {
-        list_.addFill(wideLine_.take(), color_);
+        list_.addFill(wideLine_.take(), pen_.colorIndex);
     }
 }
 
@@ -100,7 +167,7 @@ Adesk::Boolean PictureDraw::text(const AcGePoint3d& position, const AcGeVector3d
         normal.crossProduct(along).normal() + along * std::tan(style.obliquingAngle());
     const Affine frame{Flat(position), Flat(along * (style.textSize() * style.xScale())),
                        Flat(stem * style.textSize())};
-    TextDrawing(list_, fonts_, style, frame, color_, lineWeight_)
+    TextDrawing(list_, fonts_, style, frame, pen_.colorIndex, pen_.lineWeight)
         .draw(CharactersOf(gi::TextPart(message, length), raw));
     return true;
 }

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <map>
+
 #include "host/picture/DisplayList.h"
+#include "host/picture/LinePen.h"
 #include "host/picture/WideLineRun.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/gi/AcGiWorldDraw.h"
 
 namespace picture {
@@ -11,9 +15,15 @@ class FontLibrary;
 /// The drawing context that turns what entities tell of themselves into shapes of a display list.
 class PictureDraw : public AcGiWorldDraw, private AcGiWorldGeometry, private AcGiSubEntityTraits {
 public:
-    /// Draws about `mostShapes` at most.
-    PictureDraw(DisplayList& list, FontLibrary& fonts, double chordError, std::size_t mostShapes)
-        : list_(list), mostShapes_(mostShapes), fonts_(fonts), chordError_(chordError) {}
+    /// Draws about `mostShapes` at most. `lineTypeScale` is the drawing's own.
+    PictureDraw(DisplayList& list, FontLibrary& fonts, double chordError, double lineTypeScale,
+                std::size_t mostShapes)
+        : list_(list),
+          mostShapes_(mostShapes),
+          fonts_(fonts),
+          chordError_(chordError),
+          lineTypeScale_(lineTypeScale),
+          pen_(list, mostShapes) {}
 
     /// True when the list is full, or filling it has taken long enough.
     Adesk::Boolean regenAbort() const override;
@@ -23,13 +33,24 @@ public:
         return const_cast<PictureDraw&>(*this);
     }
 
-    /// What "by layer" means from now on, and the weight of the lines in millimetres.
-    void startEntity(int layerColor, float lineWeight);
-    /// To be called after each entity.
-    void endEntity() { endWideLine(); }
+    /// Draws an entity, unless it or its layer is hidden, as an item of the list.
+    void draw(AcDbEntity& entity);
 
 private:
+    /// What entities take from their layer.
+    struct LayerLook {
+        bool shown = true;
+        bool printed = true;
+        int colorIndex = 7;
+        Adesk::Int16 lineWeight = AcDb::kLnWtByLwDefault;
+        AcDbObjectId linetype;
+    };
+
     void setColor(Adesk::UInt16 colorIndex) override;
+    void setLayer(const AcDbObjectId& layer) override;
+    void setLineType(const AcDbObjectId& linetype) override;
+    void setLineTypeScale(double scale) override;
+    void setLineWeight(Adesk::Int16 lineWeight) override;
     void setSelectionMarker(Adesk::Int32) override {}
 
     Adesk::Boolean polyline(Adesk::UInt32 count, const AcGePoint3d* points) override;
@@ -44,6 +65,9 @@ private:
                         const AcGeVector3d& direction, const char* message, Adesk::Int32 length,
                         Adesk::Boolean raw, const AcGiTextStyle& style) override;
 
+    const LayerLook& lookOf(AcDbObjectId layer);
+    /// Null for a line type that is not broken.
+    const LinePattern* patternOf(AcDbObjectId linetype);
     void endWideLine();
     const std::vector<Point>& flat(Adesk::UInt32 count, const AcGePoint3d* points);
 
@@ -52,9 +76,11 @@ private:
     mutable std::size_t steps_ = 0;
     FontLibrary& fonts_;
     double chordError_;
-    int layerColor_ = 7;
-    int color_ = 7;
-    float lineWeight_ = 0.0F;
+    double lineTypeScale_;
+    std::map<AcDbHandle, LayerLook> layers_;
+    std::map<AcDbHandle, LinePattern> patterns_;
+    LayerLook byLayer_;
+    LinePen pen_;
     WideLineRun wideLine_;
     std::vector<Point> flat_;
 };

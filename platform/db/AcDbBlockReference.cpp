@@ -84,7 +84,7 @@ Adesk::Boolean AcDbBlockReference::worldDraw(AcGiWorldDraw* context) {
     if (block == nullptr || BlockWorldDraw::isDrawing(*context, block_)) {
         return true;
     }
-    BlockWorldDraw inBlock(*context, blockTransform(), block_, colorIndex());
+    BlockWorldDraw inBlock(*context, blockTransform(), block_, *this);
     for (const AcDbObjectId entity : block->entityIds()) {
         if (context->regenAbort()) {
             break;

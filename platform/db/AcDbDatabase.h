@@ -44,6 +44,7 @@ public:
     Acad::ErrorStatus setTextstyle(AcDbObjectId style);
     AcDbObjectId continuousLinetype() const { return header_.LTYPE_CONTINUOUS; }
     AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
+    AcDbObjectId byBlockLinetype() const { return header_.LTYPE_BYBLOCK; }
 
     /// Writes the drawing as AC1015 under a Windows path: whole or not at all. Reactors of
     /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError(), also for a

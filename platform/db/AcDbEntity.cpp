@@ -2,6 +2,7 @@
 
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/entity_drawing.h"
+#include "platform/db/line_weight.h"
 
 ACRX_DEFINE_MEMBERS(AcDbEntity, AcDbObject, nullptr);
 
@@ -67,6 +68,28 @@ void AcDbEntity::takeProperties(const AcDbEntity& source) {
     linetypeScale_ = source.linetypeScale_;
     visibility_ = source.visibility_;
     lineWeight_ = source.lineWeight_;
+}
+
+AcDb::LineWeight AcDbEntity::lineWeight() const {
+    return db::LineWeightOf(lineWeight_);
+}
+
+Acad::ErrorStatus AcDbEntity::setLineWeight(AcDb::LineWeight weight, Adesk::Boolean /*doSubents*/) {
+    const std::optional<std::uint8_t> code = db::CodeOf(weight);
+    if (!code) {
+        return Acad::eInvalidInput;
+    }
+    assertWriteEnabled();
+    lineWeight_ = *code;
+    return Acad::eOk;
+}
+
+void AcDbEntity::setTraits(AcGiSubEntityTraits& traits) const {
+    traits.setLayer(layerId_);
+    traits.setColor(colorIndex());
+    traits.setLineType(linetypeId_);
+    traits.setLineTypeScale(linetypeScale_);
+    traits.setLineWeight(lineWeight());
 }
 
 void AcDbEntity::startDrawing(const AcGiWorldDraw& context) const {

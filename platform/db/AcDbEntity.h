@@ -4,11 +4,13 @@
 #include <vector>
 
 #include "platform/db/AcCmColor.h"
+#include "platform/db/AcDb.h"
 #include "platform/db/AcDbExtents.h"
 #include "platform/db/AcDbObject.h"
 #include "platform/ge/AcGeMatrix3d.h"
 #include "platform/ge/AcGePoint3dArray.h"
 
+class AcGiSubEntityTraits;
 class AcGiWorldDraw;
 
 /// An object that is drawn.
@@ -32,8 +34,9 @@ public:
     Acad::ErrorStatus setLinetype(AcDbObjectId linetype, Adesk::Boolean doSubents = true);
     double linetypeScale() const { return linetypeScale_; }
     AcDb::Visibility visibility() const { return visibility_; }
-    /// Code of the file format: 29 by layer, 30 by block, 31 default, else an index of widths.
-    std::uint8_t lineWeight() const { return lineWeight_; }
+    AcDb::LineWeight lineWeight() const;
+    /// eInvalidInput, and no change, for a width that lines cannot have.
+    Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight, Adesk::Boolean doSubents = true);
 
     /// Shows the entity as picked, and as usual again. Kept while the drawing is open, never filed.
     Acad::ErrorStatus highlight() const {
@@ -52,6 +55,9 @@ public:
     /// Appending calls it.
     virtual void setDatabaseDefaults(AcDbDatabase* database);
 
+    /// Tells a drawing context what the entity is drawn with. Whoever has an entity drawn does so
+    /// before; what the entity then draws may differ in colour.
+    void setTraits(AcGiSubEntityTraits& traits) const;
     /// Tells the entity's shape to a drawing context. True: nothing depends on the view. The
     /// layer's own entities start with their colour when they are in a drawing; a free one takes
     /// the traits in force, so that an entity can draw itself by means of others.
@@ -95,6 +101,6 @@ private:
     AcDbObjectId linetypeId_;
     double linetypeScale_ = 1.0;
     AcDb::Visibility visibility_ = AcDb::kVisible;
-    std::uint8_t lineWeight_ = 29;
+    std::uint8_t lineWeight_ = 29;  ///< code of the file format
     mutable bool highlighted_ = false;
 };

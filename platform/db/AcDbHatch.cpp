@@ -176,6 +176,9 @@ void AcDbHatch::drawSolid(const AcGiWorldDraw& context,
 
 void AcDbHatch::drawPattern(const AcGiWorldDraw& context,
                             const std::vector<std::vector<AcGePoint2d>>& outlines) const {
+    if (database() != nullptr) {  // the pattern says where its lines are broken
+        context.subEntityTraits().setLineType(database()->continuousLinetype());
+    }
     for (const PatternLine& family : patternLines_) {
         for (const db::Stroke& stroke : db::StrokesWithin(family, outlines, context)) {
             if (context.regenAbort()) {

@@ -1,6 +1,7 @@
 #include "platform/db/AcDbLayerTable.h"
 
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/line_weight.h"
 
 namespace {
 AcRxObject* makeLayerTable() {
@@ -27,6 +28,30 @@ void AcDbLayerTableRecord::setIsOff(bool off) {
 void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
     assertWriteEnabled();
     color_ = color;
+}
+
+void AcDbLayerTableRecord::setIsPlottable(bool plottable) {
+    assertWriteEnabled();
+    plottable_ = plottable;
+}
+
+AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
+    return db::LineWeightOf(lineWeight_);
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) {
+    const std::optional<std::uint8_t> code = db::CodeOf(weight);
+    if (!code) {
+        return Acad::eInvalidInput;
+    }
+    assertWriteEnabled();
+    lineWeight_ = *code;
+    return Acad::eOk;
+}
+
+void AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId linetype) {
+    assertWriteEnabled();
+    linetypeId_ = linetype;
 }
 
 void AcDbLayerTableRecord::takeDefaults(const AcDbDatabase& database) {

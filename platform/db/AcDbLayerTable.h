@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/db/AcCmColor.h"
+#include "platform/db/AcDb.h"
 #include "platform/db/AcDbSymbolTable.h"
 
 /// A layer; new ones are on, thawed, unlocked, plotted, colour 7, continuous.
@@ -15,9 +16,14 @@ public:
     bool isLocked() const { return locked_; }
     AcCmColor color() const { return color_; }
     void setColor(const AcCmColor& color);
-    /// Code of the file format: 31 default, else an index of widths.
-    std::uint8_t lineWeight() const { return lineWeight_; }
+    /// False for a layer that is shown but not printed.
+    bool isPlottable() const { return plottable_; }
+    void setIsPlottable(bool plottable);
+    AcDb::LineWeight lineWeight() const;
+    /// eInvalidInput, and no change, for a width that lines cannot have.
+    Acad::ErrorStatus setLineWeight(AcDb::LineWeight weight);
     AcDbObjectId linetypeObjectId() const { return linetypeId_; }
+    void setLinetypeObjectId(AcDbObjectId linetype);
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:
@@ -31,7 +37,7 @@ private:
     bool frozenInNewViewports_ = false;
     bool locked_ = false;
     bool plottable_ = true;
-    std::uint8_t lineWeight_ = 31;
+    std::uint8_t lineWeight_ = 31;  ///< code of the file format
     AcCmColor color_;
     AcDbObjectId plotStyleId_;
     AcDbObjectId linetypeId_;  ///< null until added, then the drawing's "Continuous"

@@ -25,6 +25,8 @@ public:
     const char* comments() const { return description_.c_str(); }
     double patternLength() const { return patternLength_; }
     const std::vector<Dash>& dashes() const { return dashes_; }
+    /// Makes the line type a row of dashes and gaps, drawing units, as `Dash::length` has them.
+    void setDashLengths(const std::vector<double>& lengths);
     std::unique_ptr<AcDbObject> clone() const override;
 
 private:

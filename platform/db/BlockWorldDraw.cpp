@@ -7,11 +7,15 @@
 
 namespace {
 
-const AcDbLayerTableRecord* layerOf(const AcDbEntity& entity) {
-    const AcDbObject* const object = AcDbDatabase::objectOf(entity.layerId());
-    return object != nullptr && object->isKindOf(AcDbLayerTableRecord::desc())
-               ? static_cast<const AcDbLayerTableRecord*>(object)
-               : nullptr;
+/// The layer whose look the entities on it have; null for layer "0", whose entities look as the
+/// reference does.
+const AcDbLayerTableRecord* ownLayer(AcDbObjectId id) {
+    const AcDbObject* const object = AcDbDatabase::objectOf(id);
+    if (object == nullptr || !object->isKindOf(AcDbLayerTableRecord::desc())) {
+        return nullptr;
+    }
+    const auto* const layer = static_cast<const AcDbLayerTableRecord*>(object);
+    return std::string_view(layer->name()) == "0" ? nullptr : layer;
 }
 
 /// Opens an entity to draw it. One that somebody has open for write is drawn as it stands.
@@ -48,14 +52,58 @@ private:
 
 }  // namespace
 
+BlockWorldDraw::BlockWorldDraw(AcGiWorldDraw& target, const AcGeMatrix3d& transform,
+                               AcDbObjectId block, const AcDbEntity& reference)
+    : TransformingWorldDraw(target, transform),
+      block_(block),
+      traits_(target, reference, AcGeVector3d(1.0, 0.0, 0.0).transformBy(transform).length()) {}
+
+BlockWorldDraw::Traits::Traits(const AcGiWorldDraw& target, const AcDbEntity& reference,
+                               double lineTypeScale)
+    : target_(target.subEntityTraits()),
+      reference_{reference.colorIndex(), reference.linetypeId(), reference.lineWeight()},
+      referenceLayer_(reference.layerId()),
+      lineTypeScale_(lineTypeScale) {}
+
 void BlockWorldDraw::Traits::setColor(Adesk::UInt16 colorIndex) {
     if (colorIndex == AcCmColor::kByBlock) {
-        target_.setColor(referenceColor_);
+        target_.setColor(reference_.colorIndex);
     } else if (colorIndex == AcCmColor::kByLayer || colorIndex == AcCmColor::kNone) {
-        target_.setColor(layerColor_);
+        target_.setColor(layer_.colorIndex);
     } else {
         target_.setColor(colorIndex);
     }
+}
+
+void BlockWorldDraw::Traits::setLayer(const AcDbObjectId& layer) {
+    if (const AcDbLayerTableRecord* const own = ownLayer(layer)) {
+        layer_ = {own->color().colorIndex(), own->linetypeObjectId(), own->lineWeight()};
+        target_.setLayer(layer);
+    } else {
+        layer_ = {};
+        target_.setLayer(referenceLayer_);
+    }
+}
+
+void BlockWorldDraw::Traits::setLineType(const AcDbObjectId& linetype) {
+    const AcDbDatabase* const database = linetype.database();
+    if (database == nullptr || linetype == database->byLayerLinetype()) {
+        target_.setLineType(layer_.linetype);
+    } else if (linetype == database->byBlockLinetype()) {
+        target_.setLineType(reference_.linetype);
+    } else {
+        target_.setLineType(linetype);
+    }
+}
+
+void BlockWorldDraw::Traits::setLineTypeScale(double scale) {
+    target_.setLineTypeScale(scale * lineTypeScale_);
+}
+
+void BlockWorldDraw::Traits::setLineWeight(Adesk::Int16 lineWeight) {
+    target_.setLineWeight(lineWeight == AcDb::kLnWtByBlock   ? reference_.lineWeight
+                          : lineWeight == AcDb::kLnWtByLayer ? layer_.lineWeight
+                                                             : lineWeight);
 }
 
 bool BlockWorldDraw::isDrawing(const AcGiWorldDraw& target, AcDbObjectId block) {
@@ -78,15 +126,10 @@ void BlockWorldDraw::draw(AcDbObjectId id) {
     if (entity == nullptr || entity->visibility() == AcDb::kInvisible) {
         return;
     }
-    Adesk::UInt16 layerColor = AcCmColor::kByLayer;
-    if (const AcDbLayerTableRecord* const layer = layerOf(*entity);
-        layer != nullptr && std::string_view(layer->name()) != "0") {
-        if (layer->isOff() || layer->isFrozen()) {
-            return;
-        }
-        layerColor = layer->color().colorIndex();
+    const AcDbLayerTableRecord* const layer = ownLayer(entity->layerId());
+    if (layer != nullptr && (layer->isOff() || layer->isFrozen())) {
+        return;
     }
-    traits_.setLayerColor(layerColor);
-    traits_.setColor(entity->colorIndex());
+    entity->setTraits(traits_);
     entity->worldDraw(this);
 }

@@ -6,11 +6,9 @@
 /// The drawing context of a block's entities where the block is referred to.
 class BlockWorldDraw : public TransformingWorldDraw {
 public:
+    /// Draws `block` as `reference` shows it.
     BlockWorldDraw(AcGiWorldDraw& target, const AcGeMatrix3d& transform, AcDbObjectId block,
-                   Adesk::UInt16 referenceColor)
-        : TransformingWorldDraw(target, transform),
-          block_(block),
-          traits_(target, referenceColor) {}
+                   const AcDbEntity& reference);
 
     AcGiSubEntityTraits& subEntityTraits() const override { return traits_; }
 
@@ -21,22 +19,33 @@ public:
     void draw(AcDbObjectId entity);
 
 private:
-    /// Colours as they mean at the reference what they mean in the block.
+    /// What "by block" or "by layer" stands for.
+    struct Source {
+        Adesk::UInt16 colorIndex = AcCmColor::kByLayer;
+        AcDbObjectId linetype;
+        Adesk::Int16 lineWeight = AcDb::kLnWtByLayer;
+    };
+
+    /// Traits as they mean at the reference what they mean in the block.
     class Traits : public AcGiSubEntityTraits {
     public:
-        Traits(const AcGiWorldDraw& target, Adesk::UInt16 referenceColor)
-            : target_(target.subEntityTraits()), referenceColor_(referenceColor) {}
+        Traits(const AcGiWorldDraw& target, const AcDbEntity& reference, double lineTypeScale);
         void setColor(Adesk::UInt16 colorIndex) override;
         void setSelectionMarker(Adesk::Int32 marker) override {
             target_.setSelectionMarker(marker);
         }
-        /// What "by layer" is for the entity that is drawn.
-        void setLayerColor(Adesk::UInt16 colorIndex) { layerColor_ = colorIndex; }
+        /// Also settles what "by layer" is from now on.
+        void setLayer(const AcDbObjectId& layer) override;
+        void setLineType(const AcDbObjectId& linetype) override;
+        void setLineTypeScale(double scale) override;
+        void setLineWeight(Adesk::Int16 lineWeight) override;
 
     private:
         AcGiSubEntityTraits& target_;
-        Adesk::UInt16 referenceColor_;
-        Adesk::UInt16 layerColor_ = AcCmColor::kByLayer;
+        Source reference_;
+        AcDbObjectId referenceLayer_;
+        double lineTypeScale_;
+        Source layer_;
     };
 
     AcDbObjectId block_;

@@ -1,5 +1,7 @@
 // Class records and copies of the objects that a drawing has beside its entities, layers and
 // styles.
+#include <cmath>
+
 #include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbDimStyleTable.h"
 #include "platform/db/AcDbLayout.h"
@@ -39,6 +41,16 @@ ACRX_DEFINE_MEMBERS(AcDbPlotSettings, AcDbObject, make<AcDbPlotSettings>);
 ACRX_DEFINE_MEMBERS(AcDbLayout, AcDbPlotSettings, make<AcDbLayout>);
 ACRX_DEFINE_MEMBERS(AcDbMlineStyle, AcDbObject, make<AcDbMlineStyle>);
 ACRX_DEFINE_MEMBERS(AcDbPlaceHolder, AcDbObject, make<AcDbPlaceHolder>);
+
+void AcDbLinetypeTableRecord::setDashLengths(const std::vector<double>& lengths) {
+    assertWriteEnabled();
+    dashes_.assign(lengths.size(), {});
+    patternLength_ = 0.0;
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        dashes_[i].length = lengths[i];
+        patternLength_ += std::abs(lengths[i]);
+    }
+}
 
 std::unique_ptr<AcDbObject> AcDbLinetypeTableRecord::clone() const {
     return std::make_unique<AcDbLinetypeTableRecord>(*this);

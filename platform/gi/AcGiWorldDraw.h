@@ -5,6 +5,8 @@
 #include "platform/gi/AcGiTextStyle.h"
 #include "platform/rx/Acad.h"
 
+class AcDbObjectId;
+
 /// Properties of what is drawn next.
 class AcGiSubEntityTraits {
 public:
@@ -13,6 +15,15 @@ public:
     virtual void setColor(Adesk::UInt16 colorIndex) = 0;
     /// Number by which a selection tells the parts of an entity apart.
     virtual void setSelectionMarker(Adesk::Int32 marker) = 0;
+    /// Layer of what is drawn next, which decides whether it is printed. What is "by layer" follows
+    /// the entity that the context draws as a whole, also where its parts stand on other layers.
+    virtual void setLayer(const AcDbObjectId& /*layer*/) {}
+    /// Null and the record "ByLayer" mean by layer.
+    virtual void setLineType(const AcDbObjectId& /*linetype*/) {}
+    /// Factor of the lengths of a line type, on top of the drawing's own.
+    virtual void setLineTypeScale(double /*scale*/) {}
+    /// Hundredths of a millimetre of paper, -1 by layer, -2 by block, -3 the default.
+    virtual void setLineWeight(Adesk::Int16 /*lineWeight*/) {}
 };
 
 /// The shapes a drawing context takes, in world coordinates. Every shape takes the traits in force.

@@ -95,7 +95,7 @@ picture::Box InkOf(const QImage& image) {
 
 TEST(PicturePainter, ShapesStandWhereTheDrawingHasThemInTheirColoursAndWeights) {
     paint::Look paper;
-    paper.paperLineWeights = true;
+    paper.onPaper = true;
     const QImage image = Painted(Sample(), paper);
     EXPECT_EQ(At(image, 50, 10.4), QColor(255, 0, 0)) << "half of a millimetre up";
     EXPECT_EQ(At(image, 50, 10.7), QColor(Qt::white));
@@ -115,6 +115,24 @@ TEST(PicturePainter, ShapesStandWhereTheDrawingHasThemInTheirColoursAndWeights) 
         red += thin.pixelColor(500, y) == QColor(255, 0, 0) ? 1 : 0;
     }
     EXPECT_EQ(red, 1) << "neither blurred nor doubled";
+}
+
+TEST(PicturePainter, DotsAreSeenAndPaperLacksWhatIsNotPrinted) {
+    DisplayList list;
+    list.beginItem(kFirst);
+    const Point dots[] = {{50, 10}, {50, 10}};
+    list.addPolyline(dots, 1, 1.0F);
+    list.setPrinted(false);
+    const Point guide[] = {{10, 30}, {90, 30}};
+    list.addPolyline(guide, 1, 1.0F);
+    list.endItem();
+    paint::Look look;
+    for (const bool paper : {false, true}) {
+        look.onPaper = paper;
+        const QImage image = Painted(list, look);
+        EXPECT_NE(At(image, 50, 10), QColor(Qt::white)) << paper;
+        EXPECT_EQ(At(image, 50, 30) == QColor(Qt::white), paper);
+    }
 }
 
 TEST(PicturePainter, EntitiesAreHighlightedLeftOutAndTurnedOver) {
