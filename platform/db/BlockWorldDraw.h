@@ -6,7 +6,7 @@
 /// The drawing context of a block's entities where the block is referred to.
 class BlockWorldDraw : public TransformingWorldDraw {
 public:
-    /// Draws `block` as `reference` shows it.
+    /// Draws what is in `block` as `reference` shows it; null for parts that stand in none.
     BlockWorldDraw(AcGiWorldDraw& target, const AcGeMatrix3d& transform, AcDbObjectId block,
                    const AcDbEntity& reference);
 

@@ -8,7 +8,6 @@
 #include "platform/db/BlockWorldDraw.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/DwgCodec.h"
-#include "platform/dwg/DwgCustomObjects.h"
 #include "platform/dwg/DwgObjectReader.h"
 #include "platform/dwg/entity_types.h"
 #include "platform/dwg/kept_bits.h"
@@ -157,10 +156,11 @@ bool drawBlockReference(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bo
         reference->setPosition(first + offset.transformBy(turned));
         reference->worldDraw(&context);
     }
-    for (AcDbKeptEntity* attribute : PartsOf(entity, 1)) {
+    // Their place is that of the drawing, their look that of what stands in the block.
+    BlockWorldDraw attributes(context, AcGeMatrix3d(), AcDbObjectId::kNull, entity);
+    for (const AcDbKeptEntity* attribute : PartsOf(entity, 1)) {
         if (attribute->keptClass().type == dwg::kAttribute) {
-            const DwgReadAccess access(*attribute);
-            attribute->worldDraw(&context);
+            attributes.draw(attribute->objectId());
         }
     }
     return true;
