@@ -147,7 +147,8 @@ TEST_F(LineTypesTest, CornersHaveDashesOnBothSidesAndCurvesRunOn) {
     }
 
     Opened(list_.items()[0].entity)->setLinetype(center_);
-    EXPECT_EQ(list_.points(shapes()[1]).front(), list_.points(shapes()[1]).back()) << "a dot";
+    const Shape dot = shapes()[1];
+    EXPECT_EQ(list_.points(dot).front(), list_.points(dot).back());
 
     Opened(list_.items()[0].entity)->erase();
     const AcGePoint3dArray fit{{0, 0, 0}, {20, 10, 0}, {40, 0, 0}};
