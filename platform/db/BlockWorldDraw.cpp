@@ -52,70 +52,111 @@ private:
 
 }  // namespace
 
-BlockWorldDraw::BlockWorldDraw(AcGiWorldDraw& target, const AcGeMatrix3d& transform,
-                               AcDbObjectId block, const AcDbEntity& reference)
-    : TransformingWorldDraw(target, transform),
-      block_(block),
-      traits_(target, reference, AcGeVector3d(1.0, 0.0, 0.0).transformBy(transform).length()) {}
-
-BlockWorldDraw::Traits::Traits(const AcGiWorldDraw& target, const AcDbEntity& reference,
-                               double lineTypeScale)
-    : target_(target.subEntityTraits()),
+BlockWorldDraw::Traits::Traits(AcGiSubEntityTraits& end, const Traits* outer,
+                               const AcDbEntity& reference, double lineTypeScale)
+    : end_(end),
       reference_{reference.colorIndex(), reference.linetypeId(), reference.lineWeight()},
       referenceLayer_(reference.layerId()),
-      lineTypeScale_(lineTypeScale) {}
+      lineTypeScale_(lineTypeScale) {
+    if (outer != nullptr) {
+        reference_ = {outer->resolved(reference_.colorIndex), outer->resolved(reference_.linetype),
+                      outer->resolved(reference_.lineWeight)};
+        if (ownLayer(referenceLayer_) == nullptr) {
+            referenceLayer_ = outer->referenceLayer_;
+        }
+        layer_ = zeroLayer_ = outer->layer_;
+        lineTypeScale_ *= outer->lineTypeScale_;
+    }
+}
+
+Adesk::UInt16 BlockWorldDraw::Traits::resolved(Adesk::UInt16 colorIndex) const {
+    switch (colorIndex) {
+        case AcCmColor::kByBlock:
+            return reference_.colorIndex;
+        case AcCmColor::kByLayer:
+        case AcCmColor::kNone:
+            return layer_.colorIndex;
+        default:
+            return colorIndex;
+    }
+}
+
+AcDbObjectId BlockWorldDraw::Traits::resolved(AcDbObjectId linetype) const {
+    const AcDbDatabase* const database = linetype.database();
+    if (database == nullptr || linetype == database->byLayerLinetype()) {
+        return layer_.linetype;
+    }
+    return linetype == database->byBlockLinetype() ? reference_.linetype : linetype;
+}
+
+Adesk::Int16 BlockWorldDraw::Traits::resolved(Adesk::Int16 lineWeight) const {
+    switch (lineWeight) {
+        case AcDb::kLnWtByBlock:
+            return reference_.lineWeight;
+        case AcDb::kLnWtByLayer:
+            return layer_.lineWeight;
+        default:
+            return lineWeight;
+    }
+}
 
 void BlockWorldDraw::Traits::setColor(Adesk::UInt16 colorIndex) {
-    if (colorIndex == AcCmColor::kByBlock) {
-        target_.setColor(reference_.colorIndex);
-    } else if (colorIndex == AcCmColor::kByLayer || colorIndex == AcCmColor::kNone) {
-        target_.setColor(layer_.colorIndex);
-    } else {
-        target_.setColor(colorIndex);
-    }
+    end_.setColor(resolved(colorIndex));
 }
 
 void BlockWorldDraw::Traits::setLayer(const AcDbObjectId& layer) {
     if (const AcDbLayerTableRecord* const own = ownLayer(layer)) {
         layer_ = {own->color().colorIndex(), own->linetypeObjectId(), own->lineWeight()};
-        target_.setLayer(layer);
+        end_.setLayer(layer);
     } else {
-        layer_ = {};
-        target_.setLayer(referenceLayer_);
+        layer_ = zeroLayer_;
+        end_.setLayer(referenceLayer_);
     }
 }
 
 void BlockWorldDraw::Traits::setLineType(const AcDbObjectId& linetype) {
-    const AcDbDatabase* const database = linetype.database();
-    if (database == nullptr || linetype == database->byLayerLinetype()) {
-        target_.setLineType(layer_.linetype);
-    } else if (linetype == database->byBlockLinetype()) {
-        target_.setLineType(reference_.linetype);
-    } else {
-        target_.setLineType(linetype);
-    }
+    end_.setLineType(resolved(linetype));
 }
 
 void BlockWorldDraw::Traits::setLineTypeScale(double scale) {
-    target_.setLineTypeScale(scale * lineTypeScale_);
+    end_.setLineTypeScale(scale * lineTypeScale_);
 }
 
 void BlockWorldDraw::Traits::setLineWeight(Adesk::Int16 lineWeight) {
-    target_.setLineWeight(lineWeight == AcDb::kLnWtByBlock   ? reference_.lineWeight
-                          : lineWeight == AcDb::kLnWtByLayer ? layer_.lineWeight
-                                                             : lineWeight);
+    end_.setLineWeight(resolved(lineWeight));
+}
+
+BlockWorldDraw::BlockWorldDraw(AcGiWorldDraw& target, const AcGeMatrix3d& transform,
+                               AcDbObjectId block, const AcDbEntity& reference)
+    : BlockWorldDraw(target, blockOf(target), transform, block, reference) {}
+
+BlockWorldDraw::BlockWorldDraw(AcGiWorldDraw& target, const BlockWorldDraw* outer,
+                               const AcGeMatrix3d& transform, AcDbObjectId block,
+                               const AcDbEntity& reference)
+    : TransformingWorldDraw(target, transform),
+      outer_(outer),
+      block_(block),
+      traits_(end().subEntityTraits(), outer != nullptr ? &outer->traits_ : nullptr, reference,
+              AcGeVector3d(1.0, 0.0, 0.0).transformBy(transform).length()) {}
+
+const BlockWorldDraw* BlockWorldDraw::blockOf(const AcGiWorldDraw& context) {
+    const auto* through = dynamic_cast<const TransformingWorldDraw*>(&context);
+    while (through != nullptr) {
+        if (const auto* const block = dynamic_cast<const BlockWorldDraw*>(through)) {
+            return block;
+        }
+        through = dynamic_cast<const TransformingWorldDraw*>(&through->target());
+    }
+    return nullptr;
 }
 
 bool BlockWorldDraw::isDrawing(const AcGiWorldDraw& target, AcDbObjectId block) {
     constexpr int kDeepest = 50;
     int depth = 0;
-    const AcGiWorldDraw* context = &target;
-    while (const auto* const through = dynamic_cast<const TransformingWorldDraw*>(context)) {
-        const auto* const inBlock = dynamic_cast<const BlockWorldDraw*>(through);
-        if (++depth > kDeepest || (inBlock != nullptr && inBlock->block_ == block)) {
+    for (const BlockWorldDraw* in = blockOf(target); in != nullptr; in = in->outer_) {
+        if (++depth > kDeepest || in->block_ == block) {
             return true;
         }
-        context = &through->target();
     }
     return false;
 }

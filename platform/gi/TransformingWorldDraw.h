@@ -7,22 +7,32 @@
 
 /// A drawing context that draws into another one through a map: a block's definition at the place
 /// of its reference, a plane that is not level. Shapes that the map distorts arrive as polylines
-/// and polygons. The target must outlive it.
+/// and polygons. Maps within maps are one map, so that depth costs nothing. The target must outlive
+/// it.
 class TransformingWorldDraw : public AcGiWorldDraw {
 public:
     TransformingWorldDraw(AcGiWorldDraw& target, const AcGeMatrix3d& transform)
-        : target_(target), geometry_(target.geometry(), transform) {}
+        : TransformingWorldDraw(target, dynamic_cast<TransformingWorldDraw*>(&target), transform) {}
 
-    Adesk::Boolean isDragging() const override { return target_.isDragging(); }
-    Adesk::Boolean regenAbort() const override { return target_.regenAbort(); }
+    Adesk::Boolean isDragging() const override { return end_.isDragging(); }
+    Adesk::Boolean regenAbort() const override { return end_.regenAbort(); }
     double deviation(AcGiDeviationType type, const AcGePoint3d& point) const override {
-        return geometry_.ownDeviation(target_.deviation(type, geometry_.map(point)));
+        return geometry_.ownDeviation(end_.deviation(type, geometry_.map(point)));
     }
     AcGiWorldGeometry& geometry() const override { return geometry_; }
     AcGiSubEntityTraits& subEntityTraits() const override { return target_.subEntityTraits(); }
     AcGiWorldDraw& target() const { return target_; }
+    /// The context behind all maps.
+    AcGiWorldDraw& end() const { return end_; }
 
 private:
+    TransformingWorldDraw(AcGiWorldDraw& target, TransformingWorldDraw* outer,
+                          const AcGeMatrix3d& transform)
+        : target_(target),
+          end_(outer != nullptr ? outer->end_ : target),
+          geometry_(end_.geometry(),
+                    outer != nullptr ? outer->geometry_.transform() * transform : transform) {}
+
     class Geometry : public AcGiWorldGeometry {
     public:
         Geometry(AcGiWorldGeometry& target, const AcGeMatrix3d& transform);
@@ -38,6 +48,7 @@ private:
                             const AcGeVector3d& direction, const char* message, Adesk::Int32 length,
                             Adesk::Boolean raw, const AcGiTextStyle& style) override;
 
+        const AcGeMatrix3d& transform() const { return transform_; }
         AcGePoint3d map(AcGePoint3d point) const { return point.transformBy(transform_); }
         /// What an error of the target's is before the map enlarges it.
         double ownDeviation(double deviation) const {
@@ -58,5 +69,6 @@ private:
     };
 
     AcGiWorldDraw& target_;
+    AcGiWorldDraw& end_;
     mutable Geometry geometry_;
 };

@@ -50,8 +50,8 @@ protected:
         Opened(appended->objectId())->setLinetype(linetype);
         return appended;
     }
-    void appendReference(const char* block, AcDbObjectId layer, AcDbObjectId linetype,
-                         double scale) {
+    void appendReference(const char* block, AcDbObjectId layer, AcDbObjectId linetype, double scale,
+                         const char* into = ACDB_MODEL_SPACE) {
         AcDbObjectId definition;
         Opened<AcDbBlockTable>(database_.header().BLOCK_CONTROL_OBJECT, AcDb::kForRead)
             ->getAt(block, definition);
@@ -59,7 +59,7 @@ protected:
         reference->setScaleFactors({scale, scale, scale});
         reference->setLayer(layer);
         reference->setLinetype(linetype);
-        append(std::move(reference));
+        append(std::move(reference), into);
     }
 
     std::vector<Shape> shapes() {
@@ -194,6 +194,14 @@ TEST_F(LineTypesTest, BlocksTakeTypesAndWeightsAsTheyTakeColours) {
     EXPECT_THAT(dashes(), ElementsAre(dash(0, 2), dash(4, 6), dash(0, 10), dash(0, 2), dash(4, 6)));
     Opened(list_.items()[0].entity)->setLineWeight(AcDb::kLnWt013);
     EXPECT_FLOAT_EQ(shapes().back().lineWeight, 0.13F);
+
+    // The same through a block around it: by block and layer "0" lead to the outer reference.
+    Opened(list_.items()[0].entity)->erase();
+    addBlock("C");
+    appendReference("B", database_.clayer(), database_.byBlockLinetype(), 2, "C");
+    appendReference("C", outer, dashed_, 1);
+    EXPECT_THAT(dashes(), ElementsAre(dash(0, 2), dash(4, 6), dash(0, 10), dash(0, 2), dash(4, 6)));
+    EXPECT_FLOAT_EQ(shapes()[2].lineWeight, 1.0F);
 }
 
 TEST_F(LineTypesTest, LayersThatAreNotPrintedStayOffThePaper) {
