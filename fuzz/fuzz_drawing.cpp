@@ -1,16 +1,18 @@
-// The fuzzer's target: reads a drawing from any bytes and writes it back. What was written must
-// read again, without anything missing.
+// The fuzzer's target: reads a drawing from any bytes, draws it and writes it back. What was
+// written must read again, without anything missing.
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <optional>
 
 #include "fuzz/DrawingMutator.h"
+#include "host/picture/FontLibrary.h"
+#include "host/picture/picture_of.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/DwgFileWriter.h"
-#include "platform/gi/ExtentsWorldDraw.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "src/entity/CKFCurve.h"
 
@@ -49,16 +51,9 @@ std::optional<std::string> Write(AcDbDatabase& database) {
     }
 }
 
-void Draw(const AcDbDatabase& database) {
-    ExtentsWorldDraw context;
-    const AcDbObject& space = *AcDbDatabase::objectOf(database.header().BLOCK_RECORD_MODEL_SPACE);
-    for (const AcDbObjectId id : static_cast<const AcDbBlockTableRecord&>(space).entityIds()) {
-        AcDbEntity* entity = nullptr;
-        if (acdbOpenObject(entity, id, AcDb::kForRead) == Acad::eOk) {
-            entity->worldDraw(&context);
-            entity->close();
-        }
-    }
+void Draw(AcDbDatabase& database) {
+    static picture::FontLibrary fonts;
+    (void)picture::PictureOf(database, fonts);
 }
 
 void WriteAndReadAgain(AcDbDatabase& database) {
@@ -108,6 +103,6 @@ extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t s
     if (file.size() > most) {
         return size;
     }
-    std::memcpy(data, file.data(), file.size());
+    std::copy(file.begin(), file.end(), data);
     return file.size();
 }

@@ -14,6 +14,7 @@
 #include "platform/db/AcDbHatch.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbLine.h"
+#include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
 #include "platform/db/AcDbText.h"
@@ -40,7 +41,24 @@ AcDbObjectId Make(AcDbDatabase& drawing, Argument... arguments) {
     return Add(drawing, std::make_unique<T>(arguments...));
 }
 
-void MakeCurrentLayer(AcDbDatabase& drawing, const char* name) {
+AcDbObjectId MakeLinetype(const AcDbDatabase& drawing) {
+    AcDbLinetypeTable* linetypes = nullptr;
+    if (acdbOpenObject(linetypes, drawing.header().LTYPE_CONTROL_OBJECT, AcDb::kForWrite) !=
+        Acad::eOk) {
+        throw std::runtime_error("a drawing has no line types");
+    }
+    auto* const linetype = new AcDbLinetypeTableRecord;
+    AcDbObjectId id;
+    linetype->setName("DASHDOT");
+    linetype->setDashLengths({0.01, -0.005, 0.0, -0.005});
+    linetypes->add(id, linetype);
+    linetype->close();
+    linetypes->close();
+    return id;
+}
+
+void MakeCurrentLayer(AcDbDatabase& drawing, const char* name,
+                      AcDbObjectId linetype = AcDbObjectId::kNull) {
     AcDbLayerTable* layers = nullptr;
     if (drawing.getSymbolTable(layers, AcDb::kForWrite) != Acad::eOk) {
         throw std::runtime_error("a drawing has no layers");
@@ -48,6 +66,7 @@ void MakeCurrentLayer(AcDbDatabase& drawing, const char* name) {
     auto* const layer = new AcDbLayerTableRecord;
     AcDbObjectId id;
     layer->setName(name);
+    layer->setLinetypeObjectId(linetype);
     layers->add(id, layer);
     layer->close();
     layers->close();
@@ -55,7 +74,7 @@ void MakeCurrentLayer(AcDbDatabase& drawing, const char* name) {
 }
 
 void DrawTemplate(AcDbDatabase& drawing) {
-    MakeCurrentLayer(drawing, "FRAME");
+    MakeCurrentLayer(drawing, "FRAME", MakeLinetype(drawing));
     auto frame = std::make_unique<AcDbPolyline>();
     frame->addVertexAt(0, {0, 0}, 0.0, 0.0007, 0.0007);
     frame->addVertexAt(1, {0.42, 0}, 0.25);

@@ -61,7 +61,10 @@ std::string ClassName(const AcDbEntity& entity) {
         return entity.isA()->name();
     }
     const AcDbKeptClass& kept = static_cast<const AcDbKeptEntity&>(entity).keptClass();
-    return kept.record != nullptr ? kept.record->className : kept.name;
+    if (kept.record == nullptr) {
+        return kept.name;
+    }
+    return kept.record->className;
 }
 
 std::string StyleName(AcDbObjectId id) {

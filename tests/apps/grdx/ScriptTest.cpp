@@ -69,8 +69,8 @@ TEST_F(ScriptTest, TheExampleReshapesAndStoresACurve) {
     EXPECT_THAT(drawn.output, HasSubstr("KFZK1-3~ZK1-4.dwg\n"));
     EXPECT_TRUE(ResultsOfSample4()["d10"].is_null()) << "the curve ends above 10 %";
 
-    const ProgramResult edited =
-        RunProgram({GRDX_PROGRAM, "script", GRDX_SAMPLES "/reshape.scr", "-s", folder_});
+    const ProgramResult edited = RunProgram(
+        {GRDX_PROGRAM, "script", std::string(GRDX_SAMPLES) + "/reshape.scr", "-s", folder_});
     EXPECT_EQ(edited.status, 0);
     EXPECT_EQ(edited.errors, "请选择颗分试样曲线:\n颗分数据存储成功!\n");
     EXPECT_EQ(edited.output, drawn.output) << "the sheet is saved";

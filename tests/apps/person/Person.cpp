@@ -34,7 +34,7 @@ void Person::Then(const std::string& what, std::function<bool()> step) {
 }
 
 void Person::In(const QString& title, std::function<void(QWidget&)> step) {
-    Then("in " + title.toStdString(), [title, step] {
+    Then("in " + title.toStdString(), [title, step = std::move(step)] {
         QWidget* const window = Front();
         if (window == nullptr || window->windowTitle() != title) {
             return false;
