@@ -13,11 +13,13 @@ public:
 };
 ACRX_DEFINE_MEMBERS(AbstractEntity, AcDbEntity, nullptr);
 
-/// Files less than it reads.
+/// Files less than its copy reads.
 class ShortenedCurve : public TestCurve {
 public:
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override {
-        return AcDbEntity::dwgOutFields(filer);
+        const Acad::ErrorStatus status = TestCurve::dwgOutFields(filer);
+        filesLayers() = true;
+        return status;
     }
 };
 
