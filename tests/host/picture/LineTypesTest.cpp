@@ -4,15 +4,13 @@
 
 #include <cmath>
 
-#include "host/picture/FontLibrary.h"
-#include "host/picture/picture_of.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
-#include "tests/platform/db/DrawingFixture.h"
+#include "tests/host/picture/PictureFixture.h"
 
 namespace {
 
@@ -24,7 +22,7 @@ using testing::ElementsAre;
 using testing::Pair;
 using testing::SizeIs;
 
-class LineTypesTest : public DrawingFixture {
+class LineTypesTest : public PictureFixture {
 protected:
     AcDbObjectId addLinetype(const char* name, const std::vector<double>& lengths) {
         auto* const record = new AcDbLinetypeTableRecord;
@@ -62,15 +60,6 @@ protected:
         append(std::move(reference), into);
     }
 
-    std::vector<Shape> shapes() {
-        list_ = picture::PictureOf(database_, fonts_);
-        std::vector<Shape> all;
-        for (const picture::Item& item : list_.items()) {
-            const auto own = list_.shapes(item);
-            all.insert(all.end(), own.begin(), own.end());
-        }
-        return all;
-    }
     /// Where the drawn parts of level lines start and end.
     std::vector<std::pair<double, double>> dashes() {
         std::vector<std::pair<double, double>> found;
@@ -85,8 +74,6 @@ protected:
 
     const AcDbObjectId dashed_ = addLinetype("DASHED", {2, -1});
     const AcDbObjectId center_ = addLinetype("CENTER", {4, -1, 0, -1});
-    picture::FontLibrary fonts_;
-    picture::DisplayList list_;
 };
 
 TEST_F(LineTypesTest, LinesStartAndEndWithDashes) {

@@ -2,9 +2,7 @@
 
 #include <fstream>
 
-#include "host/picture/FontLibrary.h"
 #include "host/picture/color_index.h"
-#include "host/picture/picture_of.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbLine.h"
@@ -14,8 +12,8 @@
 #include "platform/dwg/DwgFileWriter.h"
 #include "platform/ed/file_search.h"
 #include "platform/win32/gbk_literal.h"
+#include "tests/host/picture/PictureFixture.h"
 #include "tests/host/picture/ShapeFontBytes.h"
-#include "tests/platform/db/DrawingFixture.h"
 #include "tests/platform/win32/ScratchFolder.h"
 
 namespace {
@@ -25,20 +23,8 @@ using picture::Point;
 using picture::Shape;
 using picture::ShapeKind;
 
-class PictureTest : public DrawingFixture {
+class PictureTest : public PictureFixture {
 protected:
-    ~PictureTest() override { ed::SetSearchFolders({}); }
-
-    std::vector<Shape> shapes() {
-        list_ = picture::PictureOf(database_, fonts_);
-        std::vector<Shape> all;
-        for (const picture::Item& item : list_.items()) {
-            const auto own = list_.shapes(item);
-            all.insert(all.end(), own.begin(), own.end());
-        }
-        return all;
-    }
-
     /// The characters of all runs with where they stand in the drawing.
     std::vector<std::pair<char32_t, Point>> characters() {
         std::vector<std::pair<char32_t, Point>> all;
@@ -59,9 +45,6 @@ protected:
         entity->setWidthFactor(widthFactor);
         return append(std::move(entity));
     }
-
-    picture::FontLibrary fonts_;
-    DisplayList list_;
 };
 
 TEST_F(PictureTest, ColoursAreResolvedByLayerAndBlockAndHiddenLayersLeftOut) {
