@@ -67,7 +67,7 @@ void DisplayList::addFill(std::span<const Point> points, int colorIndex) {
 
 void DisplayList::addPoints(ShapeKind kind, std::span<const Point> points, int colorIndex,
                             float lineWeight) {
-    if (points.empty()) {
+    if (points.empty() || !shown_) {
         return;
     }
     Shape shape;
@@ -83,6 +83,9 @@ void DisplayList::addPoints(ShapeKind kind, std::span<const Point> points, int c
 }
 
 void DisplayList::addArc(const Arc& arc, int colorIndex, float lineWeight) {
+    if (!shown_) {
+        return;
+    }
     Shape shape;
     shape.kind = ShapeKind::kArc;
     shape.lineWeight = lineWeight;
@@ -94,7 +97,7 @@ void DisplayList::addArc(const Arc& arc, int colorIndex, float lineWeight) {
 }
 
 void DisplayList::addGlyphs(GlyphRun run, int colorIndex) {
-    if (run.cells.empty()) {
+    if (run.cells.empty() || !shown_) {
         return;
     }
     Shape shape;

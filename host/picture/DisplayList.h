@@ -69,6 +69,8 @@ public:
     /// Ends the item; one without shapes is dropped.
     void endItem();
 
+    /// Whether what is added from now on is kept at all.
+    void setShown(bool shown) { shown_ = shown; }
     /// Whether what is added from now on is printed.
     void setPrinted(bool printed) { printed_ = printed; }
     void addPolyline(std::span<const Point> points, int colorIndex, float lineWeight);
@@ -107,6 +109,7 @@ private:
     std::vector<GlyphRun> runs_;
     Box box_;
     Box printedBox_;
+    bool shown_ = true;
     bool printed_ = true;
     bool endedEarly_ = false;
 };

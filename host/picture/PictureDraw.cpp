@@ -36,7 +36,7 @@ Adesk::Boolean PictureDraw::regenAbort() const {
 
 void PictureDraw::draw(AcDbEntity& entity) {
     byLayer_ = lookOf(entity.layerId());
-    if (!byLayer_.shown || entity.visibility() != AcDb::kVisible) {
+    if (byLayer_.frozen || entity.visibility() != AcDb::kVisible) {
         return;
     }
     list_.beginItem(entity.objectId());
@@ -50,9 +50,11 @@ const PictureDraw::LayerLook& PictureDraw::lookOf(AcDbObjectId id) {
     const auto [found, isNew] = layers_.try_emplace(id.handle());
     AcDbLayerTableRecord* layer = nullptr;
     if (isNew && acdbOpenObject(layer, id, AcDb::kForRead) == Acad::eOk) {
-        found->second = {!layer->isOff() && !layer->isFrozen(),
+        found->second = {layer->isFrozen(),
+                         layer->isOff(),
                          layer->isPlottable() && !win32::EqualNoCase(layer->name(), kNeverPrinted),
-                         layer->color().colorIndex(), layer->lineWeight(),
+                         layer->color().colorIndex(),
+                         layer->lineWeight(),
                          layer->linetypeObjectId()};
         layer->close();
     }
@@ -82,7 +84,9 @@ void PictureDraw::setColor(Adesk::UInt16 colorIndex) {
 
 void PictureDraw::setLayer(const AcDbObjectId& layer) {
     endWideLine();
-    list_.setPrinted(lookOf(layer).printed);
+    const LayerLook& look = lookOf(layer);
+    list_.setShown(!look.off);
+    list_.setPrinted(look.printed);
 }
 
 void PictureDraw::setLineType(const AcDbObjectId& linetype) {

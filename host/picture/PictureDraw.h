@@ -33,13 +33,14 @@ public:
         return const_cast<PictureDraw&>(*this);
     }
 
-    /// Draws an entity, unless it or its layer is hidden, as an item of the list.
+    /// Draws an entity, unless it is hidden or its layer frozen, as an item of the list.
     void draw(AcDbEntity& entity);
 
 private:
     /// What entities take from their layer.
     struct LayerLook {
-        bool shown = true;
+        bool frozen = false;  ///< what is on it is not there at all
+        bool off = false;     ///< it is there, but nothing of it on this layer is seen
         bool printed = true;
         int colorIndex = 7;
         Adesk::Int16 lineWeight = AcDb::kLnWtByLwDefault;

@@ -25,6 +25,11 @@ void AcDbLayerTableRecord::setIsOff(bool off) {
     off_ = off;
 }
 
+void AcDbLayerTableRecord::setIsFrozen(bool frozen) {
+    assertWriteEnabled();
+    frozen_ = frozen;
+}
+
 void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
     assertWriteEnabled();
     color_ = color;

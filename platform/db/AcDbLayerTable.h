@@ -13,6 +13,7 @@ public:
     bool isOff() const { return off_; }
     void setIsOff(bool off);
     bool isFrozen() const { return frozen_; }
+    void setIsFrozen(bool frozen);
     bool isLocked() const { return locked_; }
     AcCmColor color() const { return color_; }
     void setColor(const AcCmColor& color);

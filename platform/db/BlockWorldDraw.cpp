@@ -168,7 +168,7 @@ void BlockWorldDraw::draw(AcDbObjectId id) {
         return;
     }
     const AcDbLayerTableRecord* const layer = ownLayer(entity->layerId());
-    if (layer != nullptr && (layer->isOff() || layer->isFrozen())) {
+    if (layer != nullptr && layer->isFrozen()) {
         return;
     }
     entity->setTraits(traits_);

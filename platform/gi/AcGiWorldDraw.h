@@ -15,8 +15,9 @@ public:
     virtual void setColor(Adesk::UInt16 colorIndex) = 0;
     /// Number by which a selection tells the parts of an entity apart.
     virtual void setSelectionMarker(Adesk::Int32 marker) = 0;
-    /// Layer of what is drawn next, which decides whether it is printed. What is "by layer" follows
-    /// the entity that the context draws as a whole, also where its parts stand on other layers.
+    /// Layer of what is drawn next, which decides whether it is seen and printed. What is "by
+    /// layer" follows the entity that the context draws as a whole, also where its parts stand on
+    /// other layers.
     virtual void setLayer(const AcDbObjectId& /*layer*/) {}
     /// Null and the record "ByLayer" mean by layer.
     virtual void setLineType(const AcDbObjectId& /*linetype*/) {}

@@ -1,4 +1,4 @@
-// Line types, line weights and what is not printed.
+// Line types, line weights, and layers that are off, frozen or not printed.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -10,6 +10,7 @@
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
+#include "platform/db/AcDbText.h"
 #include "tests/host/picture/PictureFixture.h"
 
 namespace {
@@ -19,6 +20,7 @@ using picture::Shape;
 using picture::ShapeKind;
 using testing::DoubleNear;
 using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::Pair;
 using testing::SizeIs;
 
@@ -189,6 +191,20 @@ TEST_F(LineTypesTest, BlocksTakeTypesAndWeightsAsTheyTakeColours) {
     appendReference("C", outer, dashed_, 1);
     EXPECT_THAT(dashes(), ElementsAre(dash(0, 2), dash(4, 6), dash(0, 10), dash(0, 2), dash(4, 6)));
     EXPECT_FLOAT_EQ(shapes()[2].lineWeight, 1.0F);
+}
+
+TEST_F(LineTypesTest, OfAReferenceOnALayerThatIsOffTheOtherLayersAreSeen) {
+    const AcDbObjectId layer = addLayer("sheet", 3, true);
+    addBlock("B");
+    append(std::make_unique<AcDbCircle>(AcGePoint3d(), AcGeVector3d::kZAxis, 5.0), "B");
+    append(std::make_unique<AcDbText>(AcGePoint3d(), "A3", AcDbObjectId::kNull, 2), "B");
+    Opened(appendLine({0, 2, 0}, {1, 2, 0}, "B")->objectId())->setLayer(addLayer("frame", 3));
+    appendReference("B", layer, database_.byLayerLinetype(), 1);
+    Opened(appendLine({}, {1, 0, 0})->objectId())->setLayer(layer);
+    ASSERT_THAT(shapes(), SizeIs(1));
+    EXPECT_EQ(list_.box().top, 2.0);
+    Opened<AcDbLayerTableRecord>(layer)->setIsFrozen(true);
+    EXPECT_THAT(shapes(), IsEmpty());
 }
 
 TEST_F(LineTypesTest, LayersThatAreNotPrintedStayOffThePaper) {

@@ -110,13 +110,14 @@ TEST_F(AcDbBlockReferenceTest, ExplodesIntoCopiesWhereTheyWereDrawn) {
 TEST_F(AcDbBlockReferenceTest, ColoursAndLayersMeanWhatTheyMeanAtTheReference) {
     const AcDbObjectId block = addBlock("dots");
     const AcDbObjectId red = addLayer("red", 1);
-    const AcDbObjectId off = addLayer("off", 2, true);
+    const AcDbObjectId frozen = addLayer("frozen", 2);
+    Opened<AcDbLayerTableRecord>(frozen)->setIsFrozen(true);
     addLine("dots", 3);
     addLine("dots", 0);                        // by block
     addLine("dots", 256, red);                 // by layer
     addLine("dots", 256, database_.clayer());  // by layer, on layer "0"
     addLine("dots", 257, red);
-    addLine("dots", 4, off);
+    addLine("dots", 4, frozen);
     auto reference = referenceTo(block);
     reference->setColorIndex(5);
     EXPECT_THAT(drawn(append(std::move(reference))),
