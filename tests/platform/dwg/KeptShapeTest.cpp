@@ -37,7 +37,7 @@ protected:
 TEST_F(KeptShapeTest, CommonTypesAreDrawnByTheirFields) {
     const AcDbObjectId style = addTextStyle("NOTE", "a.shx", "b.shx");
     const auto drawnOf = [&](std::uint16_t type, const kept::Fill& fill) {
-        const std::vector<std::string> whole = drawn(add(type, fill, {{5, style}}));
+        std::vector<std::string> whole = drawn(add(type, fill, {{5, style}}));
         // Fields that end too early draw what they would, or nothing.
         DwgBitWriter bits;
         fill(bits);
@@ -178,10 +178,9 @@ TEST_F(KeptShapeTest, UnknownClassesAreDrawnByTheirProxyGraphicsAndStayWhereThey
     style.setFileName("a.shx");
     recorder.geometry().text({1, 1, 0}, AcGeVector3d::kZAxis, AcGeVector3d::kYAxis, "颗粒"_gbk, -1,
                              false, style);
-    const std::vector<std::string> shapes{
-        "[3] polyline 0,0 4,0 4,3", "circle 1,2 r 5", "[1] polygon 0,0 4,0 4,3",
-        "arc 0,0 r 2 from 90 by 90",
-        std::string("text ") + "颗粒"_gbk + " at 1,1 towards 90 h 2.5 w 1 a.shx,"};
+    std::vector<std::string> shapes{"[3] polyline 0,0 4,0 4,3", "circle 1,2 r 5",
+                                    "[1] polygon 0,0 4,0 4,3", "arc 0,0 r 2 from 90 by 90"};
+    shapes.push_back(std::string("text ") + "颗粒"_gbk + " at 1,1 towards 90 h 2.5 w 1 a.shx,");
     RecordingWorldDraw picture;
     const std::vector<std::uint8_t> stream = recorder.bytes();
     EXPECT_TRUE(PlayProxyGraphics(stream, picture));
