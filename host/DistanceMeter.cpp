@@ -6,6 +6,8 @@
 #include <numbers>
 #include <string_view>
 
+#include "host/model_space.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/win32/code_page.h"
 
 namespace host {
@@ -37,8 +39,28 @@ std::size_t CharacterCount(std::string_view gbk) {
 }
 }  // namespace
 
+double DistanceMeter::Measure(AcDbEntity& entity) {
+    distance_ = std::numeric_limits<double>::infinity();
+    if (IsThere(entity)) {
+        entity.setTraits(*this);
+        entity.worldDraw(this);
+    }
+    return distance_;
+}
+
+void DistanceMeter::setLayer(const AcDbObjectId& id) {
+    isSeen_ = true;
+    AcDbLayerTableRecord* layer = nullptr;
+    if (acdbOpenObject(layer, id, AcDb::kForRead) == Acad::eOk) {
+        isSeen_ = !layer->isOff();
+        layer->close();
+    }
+}
+
 Adesk::Boolean DistanceMeter::Note(double distance) {
-    distance_ = std::min(distance_, distance);
+    if (isSeen_) {
+        distance_ = std::min(distance_, distance);
+    }
     return true;
 }
 

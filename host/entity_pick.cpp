@@ -25,18 +25,23 @@ bool PickHandle(AcDbDatabase& database, const std::string& pick, AcDbObjectId& i
     return true;
 }
 
-bool PickNearest(AcApDocument& document, const AcGePoint3d& point, AcDbObjectId& id) {
+bool PickNearest(AcApDocument& document, const AcGePoint3d& point, const std::string& pick,
+                 AcDbObjectId& id) {
     double nearest = document.view().height * kReachPerViewHeight;
     id.setNull();
+    DistanceMeter meter(point);
     ForEachModelSpaceEntity(*document.database(), [&](AcDbEntity& entity) {
-        DistanceMeter meter(point);
-        entity.worldDraw(&meter);
-        if (meter.Distance() <= nearest) {
-            nearest = meter.Distance();
+        const double distance = meter.Measure(entity);
+        if (distance <= nearest) {
+            nearest = distance;
             id = entity.objectId();
         }
     });
-    return !id.isNull();
+    if (meter.regenAbort()) {
+        return Complain("The blocks of this drawing hold too much to look at " + pick +
+                        "; pick by #HANDLE.");
+    }
+    return !id.isNull() || Complain("There is no entity at " + pick + ".");
 }
 }  // namespace
 
@@ -51,7 +56,7 @@ bool PickEntity(AcApDocument& document, const std::string& pick, AcDbObjectId& i
         return Complain("A pick is x,y or #HANDLE, not \"" + pick + "\".");
     }
     point = *where;
-    return PickNearest(document, point, id) || Complain("There is no entity at " + pick + ".");
+    return PickNearest(document, point, pick, id);
 }
 
 }  // namespace host

@@ -7,7 +7,7 @@
 namespace host {
 
 /// The entity of the document's model space that a pick names: "#HANDLE" (hexadecimal), or "x,y"
-/// for the one drawn nearest to that point, of several the one drawn last. A point must be no
+/// for the one seen nearest to that point, of several the one drawn last. A point must be no
 /// farther off than a hundredth of the view's height. `point` receives where was picked, (0, 0, 0)
 /// for a handle. False, with the reason on the command line, when the pick names nothing.
 bool PickEntity(AcApDocument& document, const std::string& pick, AcDbObjectId& id,

@@ -2,6 +2,9 @@
 
 #include <vector>
 
+#include "platform/db/AcDbLayerTable.h"
+#include "platform/db/ExtentsMeter.h"
+
 namespace host {
 
 namespace {
@@ -32,12 +35,22 @@ void ForEachModelSpaceEntity(AcDbDatabase& database,
     }
 }
 
+bool IsThere(const AcDbEntity& entity) {
+    bool isFrozen = false;
+    AcDbLayerTableRecord* layer = nullptr;
+    if (acdbOpenObject(layer, entity.layerId(), AcDb::kForRead) == Acad::eOk) {
+        isFrozen = layer->isFrozen();
+        layer->close();
+    }
+    return !isFrozen && entity.visibility() == AcDb::kVisible;
+}
+
 AcDbExtents ModelSpaceExtents(AcDbDatabase& database) {
     AcDbExtents all;
+    ExtentsMeter meter;
     ForEachModelSpaceEntity(database, [&](AcDbEntity& entity) {
-        AcDbExtents own;
-        if (entity.getGeomExtents(own) == Acad::eOk) {
-            all.addExt(own);
+        if (IsThere(entity)) {
+            meter.add(entity, all);
         }
     });
     return all;

@@ -12,7 +12,11 @@ namespace host {
 void ForEachModelSpaceEntity(AcDbDatabase& database,
                              const std::function<void(AcDbEntity& entity)>& visit);
 
-/// The box around everything drawn in model space; empty for an empty drawing.
+/// False for an entity that is hidden or whose layer is frozen.
+bool IsThere(const AcDbEntity& entity);
+
+/// The box around everything in model space that is there, on layers that are off as well, as far
+/// as it can be told in bounded time; empty for an empty drawing.
 AcDbExtents ModelSpaceExtents(AcDbDatabase& database);
 
 }  // namespace host

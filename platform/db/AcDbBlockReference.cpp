@@ -94,10 +94,6 @@ Adesk::Boolean AcDbBlockReference::worldDraw(AcGiWorldDraw* context) {
     return true;
 }
 
-Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const {
-    return AcDbEntity::getGeomExtents(extents);
-}
-
 Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& transform) {
     const auto planar = PlanarTransform::of(transform, normal_);
     if (!planar) {

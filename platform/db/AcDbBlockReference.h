@@ -29,7 +29,6 @@ public:
     /// frozen not, colours by block as the reference's own, colours by layer as the layer's, except
     /// on layer "0", which means the reference's. A definition that contains itself ends there.
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     /// Copies of the definition's entities where they are drawn, colours and layers as in the

@@ -28,10 +28,6 @@ Adesk::Boolean AcDbCircle::worldDraw(AcGiWorldDraw* context) {
     return true;
 }
 
-Acad::ErrorStatus AcDbCircle::getGeomExtents(AcDbExtents& extents) const {
-    return AcDbEntity::getGeomExtents(extents);
-}
-
 Acad::ErrorStatus AcDbCircle::transformBy(const AcGeMatrix3d& transform) {
     const auto planar = PlanarTransform::of(transform, normal_);
     if (!planar) {

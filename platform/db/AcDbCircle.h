@@ -14,7 +14,6 @@ public:
     AcGeVector3d normal() const { return normal_; }
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     std::unique_ptr<AcDbObject> clone() const override;

@@ -115,10 +115,6 @@ Adesk::Boolean AcDbPolyline::worldDraw(AcGiWorldDraw* context) {
     return true;
 }
 
-Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const {
-    return AcDbEntity::getGeomExtents(extents);
-}
-
 Acad::ErrorStatus AcDbPolyline::transformBy(const AcGeMatrix3d& transform) {
     const auto planar = PlanarTransform::of(transform, normal_);
     if (!planar) {

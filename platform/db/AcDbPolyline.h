@@ -29,7 +29,6 @@ public:
     double elevation() const { return elevation_; }
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     /// A line a segment, widths dropped. eNotApplicable where a segment bulges.

@@ -50,10 +50,6 @@ Adesk::Boolean AcDbSpline::worldDraw(AcGiWorldDraw* context) {
     return true;
 }
 
-Acad::ErrorStatus AcDbSpline::getGeomExtents(AcDbExtents& extents) const {
-    return AcDbEntity::getGeomExtents(extents);
-}
-
 Acad::ErrorStatus AcDbSpline::transformBy(const AcGeMatrix3d& transform) {
     assertWriteEnabled();
     for (std::vector<AcGePoint3d>* const points : {&fitPoints_, &controlPoints_}) {

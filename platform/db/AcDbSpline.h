@@ -23,7 +23,6 @@ public:
     }
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     /// With a line: both as bounded curves, points in order along the spline. eDegenerateGeometry
     /// for fewer than two distinct fit points, eInvalidInput for coordinates that are not finite,

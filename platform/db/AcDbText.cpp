@@ -119,10 +119,6 @@ Adesk::Boolean AcDbText::worldDraw(AcGiWorldDraw* context) {
     return true;
 }
 
-Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
-    return AcDbEntity::getGeomExtents(extents);
-}
-
 Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& transform) {
     const auto planar = PlanarTransform::of(transform, normal_);
     if (!planar) {

@@ -34,7 +34,6 @@ public:
 
     void setDatabaseDefaults(AcDbDatabase* database) override;
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
-    Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
     /// eNotApplicable for maps that do not scale the text's plane evenly. A mirrored text stands in
     /// the image of its frame and stays readable.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;

@@ -56,6 +56,34 @@ protected:
         });
         return lines;
     }
+
+    template <class Table>
+    static AcDbObjectId Add(AcDbObjectId table, AcDbSymbolTableRecord* record, const char* name) {
+        record->setName(name);
+        AcDbObjectId id;
+        EXPECT_EQ(Opened<Table>(table)->add(id, record), Acad::eOk);
+        record->close();
+        return id;
+    }
+    static AcDbObjectId AddLayer(const char* name) {
+        return Add<AcDbLayerTable>(Current()->database()->header().LAYER_CONTROL_OBJECT,
+                                   new AcDbLayerTableRecord, name);
+    }
+    static AcDbObjectId AddBlock(const char* name) {
+        return Add<AcDbBlockTable>(Current()->database()->header().BLOCK_CONTROL_OBJECT,
+                                   new AcDbBlockTableRecord, name);
+    }
+    static void AppendToBlock(AcDbObjectId block, std::unique_ptr<AcDbEntity> entity) {
+        ASSERT_EQ(Opened<AcDbBlockTableRecord>(block)->appendAcDbEntity(entity.get()), Acad::eOk);
+        entity.release()->close();
+    }
+    static std::unique_ptr<AcDbLine> LevelLine(double y, AcDbObjectId layer) {
+        auto line = std::make_unique<AcDbLine>(AcGePoint3d(0, y, 0), AcGePoint3d(100, y, 0));
+        if (!layer.isNull()) {
+            line->setLayer(layer);
+        }
+        return line;
+    }
 };
 }  // namespace
 
@@ -213,6 +241,48 @@ TEST_F(BuiltInCommandsTest, EntitiesAreTransformed) {
     }
     EXPECT_TRUE(Run("COPY " + DrawLine(0, 0, 10, 0) + " 0,0 0,5"));
     EXPECT_THAT(Lines(), ElementsAre("0,0 10,0", "0,5 10,5"));
+}
+
+TEST_F(BuiltInCommandsTest, WhatIsNotSeenIsNotPickedAtItsPlace) {
+    const AcDbObjectId off = AddLayer("off");
+    const AcDbObjectId frozen = AddLayer("frozen");
+    Opened<AcDbLayerTableRecord>(off)->setIsOff(true);
+    Opened<AcDbLayerTableRecord>(frozen)->setIsFrozen(true);
+    const AcDbObjectId mark = AddBlock("mark");
+    AppendToBlock(mark, LevelLine(0, off));
+    AppendToBlock(mark, LevelLine(20, {}));
+
+    Draw(LevelLine(0, off));
+    Draw(LevelLine(900, frozen));
+    Draw(std::make_unique<AcDbBlockReference>(AcGePoint3d(0, 40, 0), mark));
+    for (const char* const place : {"50,0", "50,900", "50,40"}) {
+        printed_.clear();
+        EXPECT_FALSE(Run(std::string("ERASE ") + place)) << place;
+        EXPECT_THAT(printed_, HasSubstr("no entity")) << place;
+    }
+    EXPECT_TRUE(Run("LIST 50,60"));
+    EXPECT_THAT(printed_, HasSubstr("AcDbBlockReference"));
+    EXPECT_TRUE(Run("ZOOM E"));
+    EXPECT_EQ(Current()->view().height, 60.0) << "what is off still has its place";
+}
+
+TEST_F(BuiltInCommandsTest, BlocksThatMultiplyBeyondMeasureAreGivenUp) {
+    AcDbObjectId block = AddBlock("0 deep");
+    AppendToBlock(block, LevelLine(0, {}));
+    for (const char* const name : {"1", "2", "3", "4", "5", "6", "7", "8", "9"}) {
+        const AcDbObjectId outer = AddBlock(name);
+        for (int i = 0; i < 10; ++i) {
+            AppendToBlock(outer, std::make_unique<AcDbBlockReference>(AcGePoint3d(), block));
+        }
+        block = outer;
+    }
+    for (int i = 0; i < 100; ++i) {
+        Draw(std::make_unique<AcDbBlockReference>(AcGePoint3d(), block));
+    }
+    EXPECT_TRUE(Run("ZOOM E"));
+    EXPECT_EQ(Current()->view().width, 100.0);
+    EXPECT_FALSE(Run("ERASE 50,0"));
+    EXPECT_THAT(printed_, HasSubstr("pick by #HANDLE"));
 }
 
 TEST_F(BuiltInCommandsTest, BadArgumentsAreNamedAndChangeNothing) {
