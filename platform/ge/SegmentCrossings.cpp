@@ -120,13 +120,6 @@ void SegmentCrossings::hold(const SplinePiece& piece, const Node& node, Pending 
     pendingPoint_ = piece.at(node.u);
 }
 
-void SegmentCrossings::settle() {
-    if (pending_ != Pending::kNothing) {
-        report(pendingPoint_);
-        pending_ = Pending::kNothing;
-    }
-}
-
 /// The piece runs along the segment's line: its ends, and the segment's ends where they are on it.
 void SegmentCrossings::reportLyingPiece(const SplinePiece& piece) {
     std::vector<double> places{0.0, 1.0};

@@ -35,7 +35,12 @@ private:
     void enter(const SplinePiece& piece, const Node& node, bool curveStart);
     void advance(const SplinePiece& piece, const CubicValues& distance, const Node& node);
     void hold(const SplinePiece& piece, const Node& node, Pending as);
-    void settle();
+    void settle() {
+        if (pending_ != Pending::kNothing) {
+            report(pendingPoint_);
+            pending_ = Pending::kNothing;
+        }
+    }
     void reportLyingPiece(const SplinePiece& piece);
     void report(const AcGePoint3d& point);
     Node nodeAt(const CubicValues& distance, double u) const;

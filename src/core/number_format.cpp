@@ -2,7 +2,9 @@
 
 #include <charconv>
 #include <cmath>
+#include <iterator>
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -29,6 +31,27 @@ struct DecimalsRow {
 constexpr DecimalsRow kDiameterRows[] = {{99.999, 0}, {9.999, 1}, {0.999, 2}, {-0.0001, 3}};
 constexpr DecimalsRow kCoefficientRows[] = {{999.9, 0}, {99.999, 1}, {9.999, 2}, {-0.0001, 3}};
 
+constexpr double kPowersOfTen[] = {1.0, 10.0, 100.0, 1000.0, 10000.0};
+
+/// The rounded value without the way through text, which is many times as long; nothing where
+/// that way could come to another result. Scaling is off by far less than the distance kept from
+/// the halves, and dividing one exact number by another gives the double nearest to the printed
+/// digits.
+std::optional<double> RoundAwayFromHalves(double value, int decimals) {
+    constexpr double kLargest = 1e12;
+    constexpr double kNearHalf = 0.499;
+    if (decimals < 0 || decimals >= static_cast<int>(std::size(kPowersOfTen))) {
+        return std::nullopt;
+    }
+    const double power = kPowersOfTen[decimals];
+    const double scaled = value * power;
+    const double whole = std::nearbyint(scaled);
+    if (!(std::abs(scaled) < kLargest) || std::abs(scaled - whole) > kNearHalf) {
+        return std::nullopt;
+    }
+    return whole / power;
+}
+
 }  // namespace
 
 std::string FormatFixed(double value, int decimals) {
@@ -37,6 +60,9 @@ std::string FormatFixed(double value, int decimals) {
 }
 
 double RoundAsPrinted(double value, int decimals) {
+    if (const std::optional<double> rounded = RoundAwayFromHalves(value, decimals)) {
+        return *rounded;
+    }
     const FixedText text(value, decimals);
     double read = value;
     std::from_chars(text.bytes, text.bytes + text.length, read);
