@@ -3,22 +3,17 @@
 #include <sqlite3.h>
 
 #include "apps/grdx/Failure.h"
+#include "platform/oledb/providers/sqlite/write_protected.h"
 
 namespace console {
 
 namespace {
 constexpr int kLockWaitMilliseconds = 5000;
 
+/// Also what is only read is opened for writing, as the last one to close a database can then
+/// clear its log away.
 int FlagsOf(SqliteDatabase::Mode mode) {
-    switch (mode) {
-        case SqliteDatabase::Mode::Create:
-            return SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
-        case SqliteDatabase::Mode::ReadWrite:
-            return SQLITE_OPEN_READWRITE;
-        case SqliteDatabase::Mode::ReadOnly:
-            break;
-    }
-    return SQLITE_OPEN_READONLY;
+    return SQLITE_OPEN_READWRITE | (mode == SqliteDatabase::Mode::Create ? SQLITE_OPEN_CREATE : 0);
 }
 }  // namespace
 
@@ -34,6 +29,21 @@ SqliteDatabase::SqliteDatabase(const std::string& path, Mode mode) : path_(path)
         Fail();
     }
     sqlite3_busy_timeout(handle, kLockWaitMilliseconds);
+    if (mode == Mode::ReadOnly) {
+        KeepFromWriting();
+    }
+}
+
+void SqliteDatabase::KeepFromWriting() {
+    const char* const kLook = "PRAGMA query_only = ON; PRAGMA schema_version";
+    const int result = sqlite3_exec(handle_.get(), kLook, nullptr, nullptr, nullptr);
+    sqlite3* const snapshot =
+        oledb::sqlite::MayBeWriteProtected(result) ? oledb::sqlite::OpenSnapshot(path_) : nullptr;
+    if (snapshot != nullptr) {
+        handle_.reset(snapshot);
+    } else if (result != SQLITE_OK) {
+        Fail();
+    }
 }
 
 void SqliteDatabase::Execute(const char* sql) {

@@ -15,7 +15,8 @@ class SqliteDatabase {
 public:
     enum class Mode { Create, ReadWrite, ReadOnly };
 
-    /// `path` is UTF-8. Only Create makes a file that is not there.
+    /// `path` is UTF-8. Only Create makes a file that is not there. ReadOnly also reads where
+    /// nothing can be written.
     SqliteDatabase(const std::string& path, Mode mode);
 
     /// Runs statements that give no rows.
@@ -28,6 +29,8 @@ private:
     struct Closer {
         void operator()(sqlite3* handle) const;
     };
+    void KeepFromWriting();
+
     std::string path_;
     std::unique_ptr<sqlite3, Closer> handle_;
 };

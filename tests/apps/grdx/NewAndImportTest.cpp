@@ -60,6 +60,7 @@ TEST_F(NewAndImportTest, ANewSuiteHasItsFilesAndAProjectThatReadsBack) {
     const ProgramResult listed =
         RunProgram({"env", "GRDX_SUITE=" + Suite().string(), GRDX_PROGRAM, "list"});
     EXPECT_THAT(listed.output, StartsWith("project 1 A 1"));
+    EXPECT_FALSE(fs::exists(Suite() / "project.db-wal")) << "reading leaves nothing behind";
 }
 
 TEST_F(NewAndImportTest, AFolderWithContentIsLeftAlone) {

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -9,6 +10,7 @@
 #include "platform/oledb/trace.h"
 #include "tests/platform/oledb/SqliteTestDatabase.h"
 #include "tests/platform/oledb/TestRowset.h"
+#include "tests/platform/win32/OrdinaryUser.h"
 
 namespace {
 
@@ -97,6 +99,39 @@ TEST(SqliteProvider, TheFileIsFoundByItsWindowsPathAndClosedWithTheLastObject) {
         EXPECT_TRUE(fs::exists(path + "-wal"));
     }
     EXPECT_FALSE(fs::exists(path + "-wal"));
+}
+
+TEST(SqliteProvider, WhereNothingCanBeWrittenRowsAreReadAndChangesRefused) {
+    const ScratchFolder folder;
+    const std::string path = folder.Path("closed.db");
+    SqliteTestDatabase(path.c_str()).Run("CREATE TABLE t(x); INSERT INTO t VALUES(7)");
+    const SqliteTestDatabase writer(folder.Path("written.db").c_str());
+    writer.Run("CREATE TABLE t(x)");
+    fs::copy_file(writer.Path(), folder.Path("cut.db"));
+    fs::copy_file(writer.Path() + "-wal", folder.Path("cut.db-wal"));
+    for (const mode_t mode : {0444, 0666}) {
+        chmod(path.c_str(), mode);
+        chmod(folder.Path().c_str(), 0555);
+        EXPECT_EQ(AsOrdinaryUser([&] {
+                      const auto session = OpenSession("Provider=SQLite;Data Source=" + path);
+                      TestRowset set;
+                      LONG x = 0;
+                      if (FAILED(set.Open(*session.operator->(), "SELECT x FROM t")) ||
+                          FAILED(set.ReadNumber(x)) || x++ != 7) {
+                          return 1;
+                      }
+                      return set.Set(&x) == DB_SEC_E_PERMISSIONDENIED ? 0 : 2;
+                  }),
+                  0);
+    }
+    EXPECT_EQ(AsOrdinaryUser([&] {
+                  Ref<IDBInitialize> source;
+                  MakeSource("Provider=SQLite;Data Source=" + folder.Path("cut.db"), source);
+                  return FAILED(source->Initialize()) ? 0 : 1;
+              }),
+              0)
+        << "the last changes are still in the log";
+    chmod(folder.Path().c_str(), 0755);
 }
 
 TEST(SqliteProvider, RowsAreToldApartByWhateverTheTableHas) {

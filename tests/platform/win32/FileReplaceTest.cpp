@@ -11,6 +11,7 @@
 
 #include <csignal>
 
+#include "tests/platform/win32/OrdinaryUser.h"
 #include "tests/platform/win32/ScratchFolder.h"
 
 using win32::Durability;
@@ -65,19 +66,6 @@ private:
     std::string folder_;
     bool there_;
 };
-
-/// What a call answers in a process without a superuser's rights.
-template <class Call>
-int AsOrdinaryUser(Call call) {
-    const pid_t child = fork();
-    if (child == 0) {
-        constexpr uid_t kNobody = 65534;
-        _exit(geteuid() == 0 && setresuid(kNobody, kNobody, kNobody) != 0 ? 99 : call());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 }  // namespace
 

@@ -7,6 +7,7 @@
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/lock_wait.h"
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
+#include "platform/oledb/providers/sqlite/write_protected.h"
 
 namespace oledb::sqlite {
 namespace {
@@ -64,31 +65,37 @@ HRESULT SqliteDatabase::Open(const std::string& path) {
     // Without a folder in front, ":memory:" would be a database and no file.
     const std::string file = path.starts_with('/') ? path : "./" + path;
     sqlite3* opened = nullptr;
-    const int code = SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened,
-                                 SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    int code = SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened,
+                           SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) return Failure(code, path);
     SQLITE_CALL(sqlite3_busy_handler, opened, WaitForLock, nullptr);
-    const HRESULT result = CheckContent(path);
-    if (FAILED(result)) return result;
+    std::int64_t pages = 0;
+    code = CountPages(pages);
+    sqlite3* const snapshot = MayBeWriteProtected(code) ? OpenSnapshot(file) : nullptr;
+    if (snapshot != nullptr) {
+        handle_.reset(snapshot);
+        code = CountPages(pages);
+    }
+    if (code != SQLITE_OK) return Failure(code, path);
+    if (pages == 0) return SetLastError(E_FAIL, path + ": file is empty");
     Prefer("PRAGMA journal_mode=WAL");
     Prefer("PRAGMA synchronous=NORMAL");
     return S_OK;
 }
 
 /// The library opens any file and looks into it at the first question.
-HRESULT SqliteDatabase::CheckContent(const std::string& path) {
-    SqliteStatement pages;
-    int code = pages.Prepare(Handle(), "PRAGMA page_count");
-    if (code != SQLITE_OK) return Failure(code, path);
-    code = pages.Step();
-    if (code != SQLITE_ROW) return Failure(code, path);
-    if (pages.Column(0).integer == 0) return SetLastError(E_FAIL, path + ": file is empty");
-    return S_OK;
+int SqliteDatabase::CountPages(std::int64_t& pages) {
+    SqliteStatement statement;
+    int code = statement.Prepare(Handle(), "PRAGMA page_count");
+    if (code == SQLITE_OK) code = statement.Step();
+    if (code != SQLITE_ROW) return code;
+    pages = statement.Column(0).integer;
+    return SQLITE_OK;
 }
 
-/// Sets what makes writing fast. Where the file does not allow it, such as on a write-protected
-/// disk, everything works as well without.
+/// Sets what makes writing fast. Where the file does not allow it, everything works as well
+/// without.
 void SqliteDatabase::Prefer(const char* pragma) {
     SqliteStatement statement;
     if (statement.Prepare(Handle(), pragma) == SQLITE_OK) statement.Step();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -19,7 +20,8 @@ namespace oledb::sqlite {
 class SqliteDatabase {
 public:
     /// Opens the file (UTF-8 path of the file system) for reading and writing, in WAL mode where
-    /// the file allows it. A file that is missing, empty or no database is refused, none is made.
+    /// the file allows it. Where nothing can be written it is read as it stands now, and changes
+    /// are refused. A file that is missing, empty or no database is refused, none is made.
     HRESULT Open(const std::string& path);
 
     sqlite3* Handle() const { return handle_.get(); }
@@ -38,7 +40,7 @@ private:
     struct Close {
         void operator()(sqlite3* database) const;
     };
-    HRESULT CheckContent(const std::string& path);
+    int CountPages(std::int64_t& pages);
     void Prefer(const char* pragma);
 
     std::unique_ptr<sqlite3, Close> handle_;
