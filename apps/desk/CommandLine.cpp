@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScopedValueRollback>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -17,6 +18,21 @@ namespace desk {
 namespace {
 constexpr int kHistoryLines = 3;
 constexpr int kKeptLines = 5000;
+
+/// Modifiers alone and function keys say nothing to the line.
+bool Speaks(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Escape:
+        case Qt::Key_Delete:
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+            return true;
+        default:
+            return !event.text().isEmpty();
+    }
+}
 
 QString IdlePrompt() {
     return windows::InterfaceText("Command:", "命令:");
@@ -79,6 +95,12 @@ QString CommandLine::History() const {
 }
 
 void CommandLine::Forward(QKeyEvent* event) {
+    // What the line has no use for goes up to the window, and the window forwards it again.
+    if (event == forwarded_ || !Speaks(*event)) {
+        event->ignore();
+        return;
+    }
+    const QScopedValueRollback<const QKeyEvent*> rollback(forwarded_, event);
     edit_->setFocus();
     QCoreApplication::sendEvent(edit_, event);
 }

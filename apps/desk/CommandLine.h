@@ -26,7 +26,7 @@ public:
     void Echo(const QString& line);
     /// Everything printed and entered so far.
     QString History() const;
-    /// Types a character that was typed elsewhere in the window.
+    /// Takes a key that was pressed elsewhere in the window; ignores one that says nothing here.
     void Forward(QKeyEvent* event);
     QLineEdit* Edit() const { return edit_; }
 
@@ -51,6 +51,7 @@ private:
     QString openLine_;  ///< printed and without a line break so far
     QStringList typed_;
     qsizetype recalled_ = 0;  ///< index in typed_, its size for the line being typed
+    const QKeyEvent* forwarded_ = nullptr;
     std::function<void(const QString&)> onLine_;
     std::function<void()> onEscape_;
     std::function<void()> onDelete_;

@@ -8,8 +8,8 @@ namespace desk {
 
 void SetUpApplication() {
     QApplication::setOrganizationName(QStringLiteral("GRDX"));
-    QApplication::setApplicationName(QStringLiteral("desk"));
-    QApplication::setApplicationDisplayName(QStringLiteral("GRDX"));
+    // No display name of its own: it would be appended to the caption of every window.
+    QApplication::setApplicationName(QStringLiteral("GRDX"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 

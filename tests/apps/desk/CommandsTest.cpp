@@ -53,6 +53,24 @@ TEST_F(Commands, AWaitingCommandTakesLinesClicksAndEsc) {
     EXPECT_TRUE(Said().contains("Unknown command \"nonsense\"."));
 }
 
+TEST_F(Commands, KeysThatSayNothingAreLeftAloneWhereverTheyArePressed) {
+    auto& line = *window_.findChild<QLineEdit*>("command");
+    auto& history = *window_.findChild<QWidget*>("history");
+    history.setFocus();
+    for (const Qt::Key key : {Qt::Key_Shift, Qt::Key_Control, Qt::Key_F5}) {
+        for (QWidget* const place : {&history, static_cast<QWidget*>(&View())}) {
+            QTest::keyClick(place, key);
+            EXPECT_EQ(window_.focusWidget(), &history) << "Ctrl+C would copy from elsewhere";
+        }
+        QTest::keyClick(&line, key);
+    }
+    QTest::keyClick(&View(), Qt::Key_Tab, Qt::ControlModifier);
+    QTest::keyClicks(&View(), "Sd");
+    EXPECT_EQ(line.text(), "Sd");
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    EXPECT_EQ(line.text(), "");
+}
+
 TEST_F(Commands, AnEmptyPickSelectsNothing) {
     person_.Then("Enter at the prompt", [this] {
         if (!session_.Feed().IsWaiting()) {
