@@ -11,8 +11,8 @@ packages=(
     clang-format-14 clang-tidy-14 clang-14
     # fuzzing, and the coverage it reaches
     libclang-rt-14-dev llvm-14
-    # desktop program and plotting, their Chinese font, and the tools that read plots in tests
-    qt6-base-dev qt6-svg-dev fonts-wqy-zenhei poppler-utils
+    # desktop program and plotting, their Chinese texts and font, and the tools that read plots in tests
+    qt6-base-dev qt6-svg-dev qt6-translations-l10n fonts-wqy-zenhei poppler-utils
     # independent readers of drawings, and the script that the benchmark compares with
     gdal-bin python3 python3-ezdxf nodejs npm
 )

@@ -14,10 +14,8 @@
 #include "apps/desk/part_missing.h"
 #include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
-#include "apps/windows/standard_button.h"
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
-#include "platform/mfc/message_box.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
 
@@ -70,8 +68,8 @@ PlotWindow::PlotWindow(std::vector<AcApDocument*> documents, AcApDocument* curre
     auto* const browse = new QPushButton(InterfaceText("Bro&wse...", "浏览(&W)..."), this);
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-    buttons->button(QDialogButtonBox::Ok)->setText(windows::StandardButtonText(IDOK));
-    buttons->button(QDialogButtonBox::Cancel)->setText(windows::StandardButtonText(IDCANCEL));
+    buttons->button(QDialogButtonBox::Ok)->setText(InterfaceText("OK", "确定"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(InterfaceText("Cancel", "取消"));
 
     auto* const form = new QFormLayout(this);
     form->addRow(InterfaceText("&Format:", "格式(&F):"), format_);
@@ -130,8 +128,8 @@ std::optional<QByteArray> PlotWindow::PagesOf(const std::vector<AcApDocument*>& 
                                               paint::PicturePainter& painter,
                                               const paint::PlotOptions& options) {
     QProgressDialog progress(InterfaceText("Plotting drawings...", "正在打印图形……"),
-                             windows::StandardButtonText(IDCANCEL), 0,
-                             static_cast<int>(documents.size()), this);
+                             InterfaceText("Cancel", "取消"), 0, static_cast<int>(documents.size()),
+                             this);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(kPatienceMilliseconds);
     paint::PdfPages pages(painter, options);

@@ -1,8 +1,11 @@
 #include "apps/desk/application.h"
 
 #include <QApplication>
-#include <QFont>
+#include <QLibraryInfo>
 #include <QStyleFactory>
+#include <QTranslator>
+
+#include "apps/windows/interface_text.h"
 
 namespace desk {
 
@@ -10,6 +13,13 @@ void SetUpApplication() {
     QApplication::setOrganizationName(QStringLiteral("GRDX"));
     // No display name of its own: it would be appended to the caption of every window.
     QApplication::setApplicationName(QStringLiteral("GRDX"));
+    if (windows::IsInterfaceChinese()) {
+        auto* const ofFileDialogs = new QTranslator(qApp);
+        if (ofFileDialogs->load(QStringLiteral("qtbase_zh_CN"),
+                                QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+            QApplication::installTranslator(ofFileDialogs);
+        }
+    }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 

@@ -2,7 +2,7 @@
 
 namespace desk {
 
-/// Name, style and font of the program; to be called once a QApplication exists.
+/// Name, language and style of the program; to be called once a QApplication exists.
 void SetUpApplication();
 
 }  // namespace desk

@@ -4,9 +4,13 @@
 
 namespace windows {
 
+bool IsInterfaceChinese() {
+    static const bool isChinese = QLocale::system().language() == QLocale::Chinese;
+    return isChinese;
+}
+
 QString InterfaceText(const char* english, const char* chinese) {
-    static const bool inChinese = QLocale::system().language() == QLocale::Chinese;
-    return QString::fromUtf8(inChinese ? chinese : english);
+    return QString::fromUtf8(IsInterfaceChinese() ? chinese : english);
 }
 
 }  // namespace windows
