@@ -8,6 +8,7 @@
 #include "platform/oledb/last_error.h"
 #include "platform/suite/suite_folder.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/file_fault.h"
 
 namespace desk {
 
@@ -19,6 +20,7 @@ Session::Session() {
     mfc::SetWindowSystem(&windows_);
     ed::SetCommandLineSink([this](const std::string& text) { OnText(text); });
     oledb::SetErrorListener([this](const std::string& fault) { OnFault(fault); });
+    win32::SetFileFaultListener([this](const std::string& fault) { OnFault(fault); });
     acrxAddEventReactor(this);
 }
 
@@ -27,6 +29,7 @@ Session::~Session() {
     feed_.reset();
     host_.reset();
     acrxRemoveEventReactor(this);
+    win32::SetFileFaultListener(nullptr);
     oledb::SetErrorListener(nullptr);
     ed::SetCommandLineSink(nullptr);
     mfc::SetWindowSystem(nullptr);

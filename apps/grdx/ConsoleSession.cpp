@@ -8,6 +8,7 @@
 #include "platform/ed/command_line.h"
 #include "platform/oledb/last_error.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/file_fault.h"
 #include "platform/win32/gbk_literal.h"
 #include "platform/win32/windows_path.h"
 
@@ -24,11 +25,13 @@ ConsoleSession::ConsoleSession(MessageStream& messages) : messages_(messages) {
     });
     ed::SetCommandLineSink([this](const std::string& text) { OnCommandLine(text); });
     oledb::SetErrorListener([this](const std::string& text) { NoteFault(text); });
+    win32::SetFileFaultListener([this](const std::string& text) { NoteFault(text); });
     acrxAddEventReactor(this);
 }
 
 ConsoleSession::~ConsoleSession() {
     acrxRemoveEventReactor(this);
+    win32::SetFileFaultListener(nullptr);
     oledb::SetErrorListener(nullptr);
     ed::SetCommandLineSink(nullptr);
     mfc::SetWindowSystem(nullptr);

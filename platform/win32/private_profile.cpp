@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/win32/code_page.h"
+#include "platform/win32/file_fault.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/gbk_text.h"
 #include "platform/win32/profile_text.h"
@@ -101,11 +102,16 @@ BOOL WritePrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR 
     std::string error;
     bool missing = false;
     if (!win32::ReadFileWhole(path, content, error, &missing) && !missing) {
+        win32::NoteFileFault(error);
         return FALSE;
     }
     win32::ProfileText profile(content);
     const bool changed = key == nullptr     ? profile.RemoveSection(section)
                          : value == nullptr ? profile.Remove(section, key)
                                             : profile.Set(section, key, value);
-    return !changed || win32::ReplaceFileWhole(path, profile.Text(), error) ? TRUE : FALSE;
+    if (changed && !win32::ReplaceFileWhole(path, profile.Text(), error)) {
+        win32::NoteFileFault(error);
+        return FALSE;
+    }
+    return TRUE;
 }

@@ -22,5 +22,6 @@ DWORD GetPrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR defaultValue, L
 
 /// Sets the key's value; a null value deletes the key, a null key the whole section. A file or
 /// section that is missing is made. All other lines stay byte for byte; the file is replaced whole.
-/// FALSE when the file cannot be read or written, or when a text has a line break in it.
+/// FALSE when the file cannot be read or written, which is a file fault, or when a text has a line
+/// break in it.
 BOOL WritePrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR fileName);

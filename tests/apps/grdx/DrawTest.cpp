@@ -187,6 +187,7 @@ TEST_F(DrawTest, WhatStandsInTheWayOfTheCommandIsToldAsItStands) {
     const ProgramResult noFolder = DrawSamples("ZK1", {"--sample", "1"});
     EXPECT_EQ(noFolder.status, 1);
     EXPECT_THAT(noFolder.errors, HasSubstr("不能新建目录."));
+    EXPECT_THAT(noFolder.errors, HasSubstr("output/2026-017: Not a directory"));
 }
 
 TEST_F(DrawTest, FaultsOfFilesAreNamedOnce) {
@@ -194,6 +195,14 @@ TEST_F(DrawTest, FaultsOfFilesAreNamedOnce) {
     const ProgramResult unsaved = DrawSamples("ZK1", {"--sample", "1"});
     EXPECT_EQ(unsaved.status, 1);
     EXPECT_THAT(unsaved.errors, HasSubstr((ChartFolder() / "KFZK1-1.dwg").string()));
+
+    fs::rename(folder_ / "marks.ini", folder_ / "kept.ini");
+    fs::create_directory(folder_ / "marks.ini");
+    const ProgramResult unmarked = DrawSamples("ZK1", {"--sample", "3"});
+    EXPECT_EQ(unmarked.status, 1) << "a mark is lost";
+    EXPECT_THAT(unmarked.errors, HasSubstr((folder_ / "marks.ini").string() + ": "));
+    fs::remove(folder_ / "marks.ini");
+    fs::rename(folder_ / "kept.ini", folder_ / "marks.ini");
 
     fs::remove(folder_ / "Support/Drawing.dwg");
     const ProgramResult noBlank = DrawSamples("ZK1", {"--sample", "2"});
