@@ -59,4 +59,15 @@ bool PickEntity(AcApDocument& document, const std::string& pick, AcDbObjectId& i
     return PickNearest(document, point, pick, id);
 }
 
+bool ForEachPick(const std::string& picks, const std::function<bool(const std::string&)>& change) {
+    bool good = true;
+    std::size_t start = 0;
+    while (start != std::string::npos) {
+        const std::size_t comma = picks.find(",#", start);
+        good = change(picks.substr(start, comma - start)) && good;
+        start = comma == std::string::npos ? comma : comma + 1;
+    }
+    return good;
+}
+
 }  // namespace host

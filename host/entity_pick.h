@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/ap/AcApDocument.h"
@@ -12,5 +13,9 @@ namespace host {
 /// for a handle. False, with the reason on the command line, when the pick names nothing.
 bool PickEntity(AcApDocument& document, const std::string& pick, AcDbObjectId& id,
                 AcGePoint3d& point);
+
+/// Calls `change` with each pick of a list "#HANDLE,#HANDLE...", or with the one that stands alone,
+/// also after one that failed. False when one did.
+bool ForEachPick(const std::string& picks, const std::function<bool(const std::string&)>& change);
 
 }  // namespace host

@@ -183,16 +183,13 @@ bool MainWindow::RunCommand(const QString& line, bool tell) {
 }
 
 void MainWindow::RunOnSelection(const char* command) {
-    const std::vector<AcDbObjectId> selection = view_->Selection();
+    QStringList picks;
+    for (const AcDbObjectId id : view_->Selection()) {
+        picks << QStringLiteral("#%1").arg(static_cast<qulonglong>(id.handle()), 0, 16);
+    }
     view_->Select({});
-    if (selection.empty()) {
-        RunCommand(QString::fromLatin1(command));
-    }
-    for (const AcDbObjectId id : selection) {
-        RunCommand(QStringLiteral("%1 #%2")
-                       .arg(QLatin1String(command))
-                       .arg(static_cast<qulonglong>(id.handle()), 0, 16));
-    }
+    RunCommand(
+        (QLatin1String(command) + QLatin1Char(' ') + picks.join(QLatin1Char(','))).trimmed());
 }
 
 void MainWindow::ShowState() {

@@ -60,10 +60,12 @@ bool Number(const std::string& word, double& number) {
     return parsed || Complain("\"" + word + "\" is no number.");
 }
 
-bool Transform(const std::string& pick, const AcGeMatrix3d& map) {
-    const PickedEntity entity(pick);
-    return entity && (entity->transformBy(map) == Acad::eOk ||
-                      Complain("The entity " + pick + " cannot be transformed."));
+bool Transform(const std::string& picks, const AcGeMatrix3d& map) {
+    return ForEachPick(picks, [&](const std::string& pick) {
+        const PickedEntity entity(pick);
+        return entity && (entity->transformBy(map) == Acad::eOk ||
+                          Complain("The entity " + pick + " cannot be transformed."));
+    });
 }
 
 /// Appends to the block that `model` stands in. The entity is lost when the block does not take it.
@@ -82,18 +84,20 @@ bool AppendBeside(const AcDbEntity& model, std::unique_ptr<AcDbEntity> entity) {
 }
 
 bool Erase(Host& /*host*/, const Arguments& arguments) {
-    const PickedEntity entity(arguments[0]);
-    return entity && entity->erase() == Acad::eOk;
+    return ForEachPick(arguments[0], [](const std::string& pick) {
+        const PickedEntity entity(pick);
+        return entity && entity->erase() == Acad::eOk;
+    });
 }
 
-bool Explode(Host& /*host*/, const Arguments& arguments) {
-    const PickedEntity entity(arguments[0]);
+bool ExplodeOne(const std::string& pick) {
+    const PickedEntity entity(pick);
     if (!entity) {
         return false;
     }
     AcDbVoidPtrArray pieces;
     if (entity->explode(pieces) != Acad::eOk || pieces.isEmpty()) {
-        return Complain("The entity " + arguments[0] + " is made of nothing simpler.");
+        return Complain("The entity " + pick + " is made of nothing simpler.");
     }
     bool good = true;
     for (void* piece : pieces) {
@@ -104,6 +108,10 @@ bool Explode(Host& /*host*/, const Arguments& arguments) {
     return good && entity->erase() == Acad::eOk;
 }
 
+bool Explode(Host& /*host*/, const Arguments& arguments) {
+    return ForEachPick(arguments[0], ExplodeOne);
+}
+
 bool Move(Host& /*host*/, const Arguments& arguments) {
     AcGePoint3d base;
     AcGePoint3d to;
@@ -111,24 +119,25 @@ bool Move(Host& /*host*/, const Arguments& arguments) {
            Transform(arguments[0], AcGeMatrix3d::translation(to - base));
 }
 
-bool Copy(Host& /*host*/, const Arguments& arguments) {
-    AcGePoint3d base;
-    AcGePoint3d to;
-    if (!Point(arguments[1], base) || !Point(arguments[2], to)) {
-        return false;
-    }
-    const PickedEntity entity(arguments[0]);
+bool CopyOne(const std::string& pick, const AcGeMatrix3d& map) {
+    const PickedEntity entity(pick);
     if (!entity) {
         return false;
     }
     std::unique_ptr<AcDbObject> made = entity->clone();
-    if (made == nullptr) {
-        return Complain("The entity " + arguments[0] + " cannot be copied.");
-    }
     std::unique_ptr<AcDbEntity> copy(static_cast<AcDbEntity*>(made.release()));
-    return (copy->transformBy(AcGeMatrix3d::translation(to - base)) == Acad::eOk &&
+    return (copy != nullptr && copy->transformBy(map) == Acad::eOk &&
             AppendBeside(*entity, std::move(copy))) ||
-           Complain("The entity " + arguments[0] + " cannot be copied.");
+           Complain("The entity " + pick + " cannot be copied.");
+}
+
+bool Copy(Host& /*host*/, const Arguments& arguments) {
+    AcGePoint3d base;
+    AcGePoint3d to;
+    return Point(arguments[1], base) && Point(arguments[2], to) &&
+           ForEachPick(arguments[0], [&](const std::string& pick) {
+               return CopyOne(pick, AcGeMatrix3d::translation(to - base));
+           });
 }
 
 bool Rotate(Host& /*host*/, const Arguments& arguments) {

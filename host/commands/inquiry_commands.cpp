@@ -27,17 +27,21 @@ void Describe(const AcDbEntity& entity) {
     }
 }
 
-bool List(Host& /*host*/, const BuiltInCommand::Arguments& arguments) {
+bool ListOne(const std::string& pick) {
     AcDbObjectId id;
     AcGePoint3d point;
     AcDbEntity* entity = nullptr;
-    if (!PickEntity(*acDocManager->curDocument(), arguments[0], id, point) ||
+    if (!PickEntity(*acDocManager->curDocument(), pick, id, point) ||
         acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
         return false;
     }
     Describe(*entity);
     entity->close();
     return true;
+}
+
+bool List(Host& /*host*/, const BuiltInCommand::Arguments& arguments) {
+    return ForEachPick(arguments[0], ListOne);
 }
 }  // namespace
 

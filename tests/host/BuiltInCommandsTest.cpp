@@ -241,6 +241,13 @@ TEST_F(BuiltInCommandsTest, EntitiesAreTransformed) {
     }
     EXPECT_TRUE(Run("COPY " + DrawLine(0, 0, 10, 0) + " 0,0 0,5"));
     EXPECT_THAT(Lines(), ElementsAre("0,0 10,0", "0,5 10,5"));
+
+    const std::string first = DrawLine(0, 20, 10, 20);
+    const std::string second = DrawLine(0, 30, 10, 30);
+    EXPECT_FALSE(Run("MOVE " + first + ",#FFFF," + second + " 0,0 5,0"))
+        << "one is not there, the others move";
+    EXPECT_THAT(printed_, HasSubstr("There is no entity #FFFF."));
+    EXPECT_THAT(Lines(), ElementsAre("0,0 10,0", "0,5 10,5", "5,20 15,20", "5,30 15,30"));
 }
 
 TEST_F(BuiltInCommandsTest, WhatIsNotSeenIsNotPickedAtItsPlace) {

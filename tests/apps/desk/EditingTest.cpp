@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <algorithm>
 #include <cmath>
 
 #include "platform/ap/AcApDocManager.h"
@@ -28,6 +29,25 @@ protected:
     Point GripAt(int index) const {
         const AcGePoint3d& point = View().Grips().Grips().at(static_cast<std::size_t>(index)).point;
         return {point.x, point.y};
+    }
+
+    /// Upper ends of what entities draw, in drawing order.
+    std::vector<double> TopsOf(const std::vector<AcDbObjectId>& entities) const {
+        std::vector<double> tops;
+        for (const picture::Item& item : View().Picture().items()) {
+            if (std::find(entities.begin(), entities.end(), item.entity) != entities.end()) {
+                tops.push_back(item.box.top);
+            }
+        }
+        return tops;
+    }
+    /// Types an answer as soon as a command waits for one.
+    bool Answer(const QString& line) {
+        if (session_.Feed().IsWaiting()) {
+            TypeLine(line);
+            return true;
+        }
+        return false;
     }
 
     AcDbObjectId curve_;
@@ -118,6 +138,33 @@ TEST_F(Editing, WindowsSelectWithinAndAcross) {
     EXPECT_GT(within, 10U);
     EXPECT_GT(across, within) << "the frame is touched and not contained";
     EXPECT_LT(across, View().Picture().items().size());
+
+    const std::vector<AcDbObjectId> moved = View().Selection();
+    const std::vector<double> tops = TopsOf(moved);
+    person_.Then("the base point is typed", [this] { return Answer("0,0"); });
+    person_.Then("the second point is typed", [this] { return Answer("0,100"); });
+    window_.RunOnSelection("MOVE");
+    person_.Finish();
+    const std::vector<double> now = TopsOf(moved);
+    ASSERT_EQ(now.size(), across);
+    for (std::size_t i = 0; i < across; ++i) {
+        EXPECT_NEAR(now[i], tops[i] + 100.0, 1e-6) << "asked once, all are moved";
+    }
+}
+
+TEST_F(Editing, ACommandOnTheSelectionEndsWithItsDrawing) {
+    person_.Then("the drawing is closed while MOVE waits", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        window_.RunCommand("CLOSE");
+        return true;
+    });
+    View().Select({curve_, View().Picture().items().front().entity});
+    window_.RunOnSelection("MOVE");
+    person_.Finish();
+    EXPECT_EQ(acDocManager->documentCount(), 0);
+    EXPECT_TRUE(View().Selection().empty());
 }
 
 }  // namespace
