@@ -67,7 +67,6 @@ private:
     void ShowDocuments();
     void ShowCursor(double x, double y);
     QString OpenDrawing(const QString& path);
-    bool CloseAllForSuite();
     void RememberSuite();
 
     Session& session_;

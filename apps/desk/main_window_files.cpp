@@ -154,7 +154,9 @@ bool MainWindow::OpenSuite(const QString& folder) {
     }
     const std::string path = QFileInfo(folder).absoluteFilePath().toStdString();
     std::string error;
-    if (!suite::CheckFolder(path, error) || !CloseAllForSuite() || !session_.Start(path, error)) {
+    // Changed drawings may be saved first; the user may also stay.
+    if (!suite::CheckFolder(path, error) || !RunCommand(QStringLiteral("CLOSEALL")) ||
+        !session_.Start(path, error)) {
         if (!error.empty()) {
             TellError(QString::fromStdString(error));
         }
@@ -166,16 +168,6 @@ bool MainWindow::OpenSuite(const QString& folder) {
 
 void MainWindow::customEvent(QEvent* /*event*/) {
     OpenSuite(nextSuite_);
-}
-
-/// Changed drawings may be saved first; the user may also stay.
-bool MainWindow::CloseAllForSuite() {
-    while (acDocManager->documentCount() > 0) {
-        if (!RunCommand(QStringLiteral("CLOSE"))) {
-            return false;
-        }
-    }
-    return true;
 }
 
 void MainWindow::RememberSuite() {

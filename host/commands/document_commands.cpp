@@ -111,12 +111,30 @@ bool Close(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
     return MayGo(*document) && acDocManager->closeDocument(document) == Acad::eOk;
 }
 
-bool Quit(Host& host, const BuiltInCommand::Arguments& /*arguments*/) {
+/// Asks for every changed document before any of them goes.
+bool AllMayGo() {
     const std::unique_ptr<AcApDocumentIterator> documents(acDocManager->newAcApDocumentIterator());
     for (; !documents->done(); documents->step()) {
         if (!MayGo(*documents->document())) {
             return false;
         }
+    }
+    return true;
+}
+
+bool CloseAll(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
+    if (!AllMayGo()) {
+        return false;
+    }
+    while (AcApDocument* const document = acDocManager->curDocument()) {
+        acDocManager->closeDocument(document);
+    }
+    return true;
+}
+
+bool Quit(Host& host, const BuiltInCommand::Arguments& /*arguments*/) {
+    if (!AllMayGo()) {
+        return false;
     }
     host.Quit();
     return true;
@@ -127,7 +145,8 @@ const std::vector<BuiltInCommand>& DocumentCommands() {
     static const std::vector<BuiltInCommand> commands = {
         {"NEW", true, {}, New},          {"OPEN", true, {"Drawing to open: "}, Open},
         {"QSAVE", false, {}, QuickSave}, {"SAVEAS", false, {"Save drawing as: "}, SaveAs},
-        {"CLOSE", true, {}, Close},      {"QUIT", true, {}, Quit},
+        {"CLOSE", true, {}, Close},      {"CLOSEALL", true, {}, CloseAll},
+        {"QUIT", true, {}, Quit},
     };
     return commands;
 }

@@ -188,14 +188,25 @@ TEST_F(BuiltInCommandsTest, AFileThatIsNoLongerTheOneReadIsOverwrittenOnlyWhenTh
     EXPECT_FALSE(std::filesystem::exists(path));
 }
 
-TEST_F(BuiltInCommandsTest, QuitAsksForEveryChangedDrawingAndStopsTheInput) {
+TEST_F(BuiltInCommandsTest, QuitAndCloseAllAskForEveryChangedDrawingBeforeOneGoes) {
     DrawLine(0, 0, 1, 0);
     ASSERT_TRUE(Run("NEW"));
     DrawLine(0, 0, 1, 0);
+    for (const char* command : {"CLOSEALL", "QUIT"}) {
+        AnswerBox(IDNO);
+        AnswerBox(IDCANCEL);
+        EXPECT_FALSE(Run(command));
+        EXPECT_EQ(acDocManager->documentCount(), 2) << command;
+        EXPECT_FALSE(host_->IsQuitting());
+    }
     AnswerBox(IDNO);
-    AnswerBox(IDCANCEL);
-    EXPECT_FALSE(Run("QUIT"));
-    EXPECT_FALSE(host_->IsQuitting());
+    AnswerBox(IDNO);
+    EXPECT_TRUE(Run("CLOSEALL"));
+    EXPECT_EQ(acDocManager->documentCount(), 0);
+    ASSERT_TRUE(Run("NEW"));
+    DrawLine(0, 0, 1, 0);
+    ASSERT_TRUE(Run("NEW"));
+    DrawLine(0, 0, 1, 0);
     AnswerBox(IDNO);
     AnswerBox(IDNO);
     EXPECT_TRUE(Run("QUIT\nNOSUCH\n")) << "what follows is not run";

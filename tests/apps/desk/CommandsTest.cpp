@@ -188,6 +188,32 @@ TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
     EXPECT_TRUE(suite_.Sheets().empty());
 }
 
+TEST_F(Commands, ANewcomersChartsWithoutASuiteLeadToOne) {
+    std::string error;
+    ASSERT_TRUE(session_.Start("", error)) << error;
+    person_.Answer("请首先启动【数据管理】并打开工程", IDOK);
+    window_.RunCommand("CGRDX");
+    person_.Finish();
+    EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(suite_.Folder())));
+
+    // Single-document mode, where there is always a drawing, and a command that waits.
+    TypeLine("SDI 1");
+    TypeLine("SAVEAS " + QString::fromStdString(scratch_.Path() / "kept.dwg"));
+    person_.Then("another folder is chosen while a command waits", [this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(suite_.Folder())));
+        return true;
+    });
+    TypeLine("MOVE");
+    person_.Then("it is open", [this] {
+        return !session_.Feed().IsRunning() && acDocManager->curDocument()->isUntitled();
+    });
+    person_.Finish();
+    EXPECT_EQ(acDocManager->documentCount(), 1);
+}
+
 TEST_F(Commands, TheWheelZoomsAtTheCursorAndTheMiddleButtonPans) {
     DrawSheet("ZK2", {"2-2"});
     const QPoint at(300, 200);
