@@ -108,7 +108,6 @@ MainWindow::~MainWindow() {
     acDocManager->removeReactor(this);
     oledb::SetLockWaitListener(nullptr);
     ed::SetBreakCheck(nullptr);
-    session_.Windows().SetShowListener(nullptr);
     session_.Windows().SetMainWindow(nullptr);
     session_.SetStateListener(nullptr);
     session_.SetTextSink(nullptr);
@@ -118,7 +117,6 @@ MainWindow::~MainWindow() {
 void MainWindow::Connect() {
     session_.SetTextSink([this](const std::string& gbk) { line_->Print(windows::FromGbk(gbk)); });
     session_.SetStateListener([this] { ShowState(); });
-    session_.Windows().SetShowListener([this] { work_.Pause(); });
     ed::SetBreakCheck([this] { return work_.Step(); });
     oledb::SetLockWaitListener([this] { return !work_.Wait(); });
     line_->SetLineHandler([this](const QString& text) { Submit(text); });

@@ -7,10 +7,10 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QMessageBox>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QSpinBox>
 
+#include "apps/desk/WorkProgress.h"
 #include "apps/desk/part_missing.h"
 #include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
@@ -29,7 +29,6 @@ constexpr const char* kEndings[] = {".pdf", ".svg", ".png"};
 constexpr int kLeastDpi = 50;
 constexpr int kGreatestDpi = 1200;
 constexpr int kUsualDpi = 200;
-constexpr int kPatienceMilliseconds = 300;
 
 /// The drawing's file without its ending, in the file system.
 QString BasePath(const AcApDocument& document) {
@@ -127,18 +126,14 @@ std::optional<QByteArray> PlotWindow::Bytes() {
 std::optional<QByteArray> PlotWindow::PagesOf(const std::vector<AcApDocument*>& documents,
                                               paint::PicturePainter& painter,
                                               const paint::PlotOptions& options) {
-    QProgressDialog progress(InterfaceText("Plotting drawings...", "正在打印图形……"),
-                             InterfaceText("Cancel", "取消"), 0, static_cast<int>(documents.size()),
-                             this);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kPatienceMilliseconds);
+    WorkProgress progress(this);
     paint::PdfPages pages(painter, options);
     for (const AcApDocument* document : documents) {
         const paint::Sheet sheet = SheetOf(*document);
         whole_ = whole_ && sheet.list.isWhole();
         pages.Add(sheet);
-        progress.setValue(progress.value() + 1);
-        if (progress.wasCanceled()) {
+        if (progress.Step(InterfaceText("Plotting drawings...", "正在打印图形……"),
+                          static_cast<int>(documents.size()))) {
             return std::nullopt;
         }
     }

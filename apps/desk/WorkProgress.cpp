@@ -1,6 +1,8 @@
 #include "apps/desk/WorkProgress.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QEvent>
+#include <QProgressBar>
 #include <utility>
 
 #include "apps/windows/interface_text.h"
@@ -12,6 +14,7 @@ using windows::InterfaceText;
 
 constexpr qint64 kPatienceMilliseconds = 300;
 constexpr qint64 kRefreshMilliseconds = 40;
+constexpr int kUnknownTotal = 0;
 }  // namespace
 
 WorkProgress::WorkProgress(QWidget* parent) : parent_(parent) {
@@ -21,12 +24,26 @@ WorkProgress::WorkProgress(QWidget* parent) : parent_(parent) {
             Pause();
         }
     });
+    qApp->installEventFilter(this);
+}
+
+WorkProgress::~WorkProgress() {
+    Pause();
 }
 
 bool WorkProgress::Step() {
     if (!ended_) {
         ++steps_;
-        Refresh(InterfaceText("At work: %1 done.", "正在处理：已完成 %1。").arg(steps_));
+        Refresh(InterfaceText("At work: %1 done.", "正在处理：已完成 %1。").arg(steps_),
+                kUnknownTotal);
+    }
+    return ended_;
+}
+
+bool WorkProgress::Step(const QString& label, int total) {
+    if (!ended_) {
+        ++steps_;
+        Refresh(label, total);
     }
     return ended_;
 }
@@ -34,12 +51,13 @@ bool WorkProgress::Step() {
 bool WorkProgress::Wait() {
     if (!ended_) {
         Refresh(InterfaceText("Waiting for the database, which another program has locked.",
-                              "数据库被其他程序锁定，正在等待。"));
+                              "数据库被其他程序锁定，正在等待。"),
+                kUnknownTotal);
     }
     return ended_;
 }
 
-void WorkProgress::Refresh(const QString& label) {
+void WorkProgress::Refresh(const QString& label, int total) {
     if (!running_.isValid()) {
         running_.start();
     }
@@ -48,24 +66,46 @@ void WorkProgress::Refresh(const QString& label) {
         return;
     }
     if (window_ == nullptr) {
-        window_ = std::make_unique<QProgressDialog>(parent_);
-        window_->setWindowTitle(InterfaceText("Please Wait", "请稍候"));
-        window_->setCancelButtonText(InterfaceText("Cancel", "取消"));
-        window_->setRange(0, 0);  // nobody knows how much there is
-        window_->setWindowModality(Qt::ApplicationModal);
-        window_->show();
+        MakeWindow();
     }
     window_->setLabelText(label);
+    window_->setRange(0, total);
+    // The dialog's own setValue runs events, in which the dialog may go.
+    window_->findChild<QProgressBar*>()->setValue(total == kUnknownTotal ? 0 : steps_);
     refreshing_ = true;
     QCoreApplication::processEvents();
     refreshing_ = false;
+    if (window_ == nullptr) {  // has given way meanwhile
+        return;
+    }
     ended_ = window_->wasCanceled();
     shown_.start();
     idle_.start();
 }
 
+void WorkProgress::MakeWindow() {
+    QWidget* const front = QApplication::activeModalWidget();
+    window_ = new QProgressDialog(front != nullptr ? front : parent_);
+    window_->setWindowTitle(InterfaceText("Please Wait", "请稍候"));
+    window_->setCancelButtonText(InterfaceText("Cancel", "取消"));
+    window_->setAutoReset(false);
+    window_->setWindowModality(Qt::ApplicationModal);
+    window_->show();
+}
+
+/// A window that wants an answer could not get one while this one takes the input.
+bool WorkProgress::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Show && watched->isWidgetType() && watched != window_) {
+        const auto* const window = static_cast<QWidget*>(watched);
+        if (window->isWindow() && window->isModal()) {
+            Pause();
+        }
+    }
+    return false;
+}
+
 void WorkProgress::Pause() {
-    window_.reset();
+    delete window_;
     running_.invalidate();
     shown_.invalidate();
 }

@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QFileDialog>
 #include <QMenu>
-#include <QProgressDialog>
 #include <QSettings>
 #include <optional>
 
@@ -23,7 +22,6 @@ namespace desk {
 namespace {
 constexpr const char* kRecentSuites = "recentSuites";
 constexpr qsizetype kRecentCount = 8;
-constexpr int kPatienceMilliseconds = 300;
 constexpr qsizetype kToldFaults = 20;  ///< more do not fit on a screen
 
 QString DrawingFilter() {
@@ -59,21 +57,18 @@ QString StartFolder(const Session& session) {
 }  // namespace
 
 void MainWindow::OpenDrawings(const QStringList& paths) {
-    QProgressDialog progress(windows::InterfaceText("Opening drawings...", "正在打开图形……"),
-                             windows::InterfaceText("Cancel", "取消"), 0,
-                             static_cast<int>(paths.size()), this);
-    progress.setWindowModality(Qt::WindowModal);
-    progress.setMinimumDuration(kPatienceMilliseconds);
+    WorkProgress progress(this);
     QStringList failed;
     for (const QString& path : paths) {
         if (const QString fault = OpenDrawing(path); !fault.isEmpty()) {
             failed << fault;
         }
-        progress.setValue(progress.value() + 1);
-        if (progress.wasCanceled()) {
+        if (progress.Step(windows::InterfaceText("Opening drawings...", "正在打开图形……"),
+                          static_cast<int>(paths.size()))) {
             break;
         }
     }
+    progress.End();
     if (!failed.isEmpty()) {
         TellError(failed.mid(0, kToldFaults).join(QLatin1Char('\n')));
     }

@@ -1,6 +1,7 @@
 #include "apps/windows/QtWindowSystem.h"
 
 #include <QApplication>
+#include <QProgressDialog>
 
 #include "apps/windows/DialogWindow.h"
 #include "apps/windows/MessageBoxWindow.h"
@@ -8,19 +9,16 @@
 
 namespace windows {
 
+/// A progress window gives way to what comes to the front, so it can own nothing.
 QWidget* QtWindowSystem::Owner() const {
-    QWidget* const modal = QApplication::activeModalWidget();
-    return modal != nullptr ? modal : mainWindow_;
-}
-
-void QtWindowSystem::TellOfShowing() const {
-    if (showListener_) {
-        showListener_();
+    QWidget* front = QApplication::activeModalWidget();
+    while (qobject_cast<QProgressDialog*>(front) != nullptr) {
+        front = front->parentWidget();
     }
+    return front != nullptr ? front : mainWindow_;
 }
 
 void QtWindowSystem::RunModal(mfc::FrameModel& window) {
-    TellOfShowing();
     if (auto* sheet = dynamic_cast<mfc::SheetModel*>(&window)) {
         SheetWindow(*sheet, Owner()).exec();
     } else {
@@ -29,7 +27,6 @@ void QtWindowSystem::RunModal(mfc::FrameModel& window) {
 }
 
 int QtWindowSystem::ShowMessageBox(const mfc::MessageBoxRequest& request) {
-    TellOfShowing();
     return MessageBoxWindow(request, Owner()).Ask();
 }
 

@@ -1,7 +1,9 @@
 // Commands typed, repeated, cancelled and chosen; drawings opened, shown as tabs and closed.
 
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QProgressDialog>
 #include <QTabBar>
 #include <QTest>
@@ -134,6 +136,14 @@ TEST_F(Commands, DrawingsAreTabsAndChangedOnesAskBeforeTheyGo) {
 TEST_F(Commands, WhatCannotBeOpenedIsToldInABox) {
     const std::string file = scratch_.Path() / "letter.dwg";
     std::ofstream(file) << "no drawing";
+    QElapsedTimer asking;
+    person_.Then("the reader takes his time", [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box != nullptr && !asking.isValid()) {
+            asking.start();
+        }
+        return asking.isValid() && asking.elapsed() > 400;
+    });
     person_.Answer("letter.dwg", IDOK);
     window_.OpenDrawings({QString::fromStdString(file)});
     person_.Answer("suite.ini", IDOK);

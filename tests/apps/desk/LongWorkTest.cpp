@@ -91,16 +91,31 @@ TEST_F(LongWork, ShowsItselfAndCanBeEnded) {
     }
 }
 
-TEST_F(LongWork, WhatHasWaitedAndGoesBackToItsWindowLeavesItFree) {
+TEST_F(LongWork, GivesWayToABoxAndIsBackWhenItGoesOn) {
     desk::WorkProgress work(&window_);
     const auto shown = [this] { return window_.findChild<QProgressDialog*>() != nullptr; };
-    for (int tries = 0; !shown() && tries < 200; ++tries) {
-        EXPECT_FALSE(work.Wait());
-        QThread::msleep(5);
-    }
-    EXPECT_TRUE(shown());
+    const auto goOn = [&] {
+        for (int tries = 0; !shown() && tries < 200; ++tries) {
+            EXPECT_FALSE(work.Step("Counting", 1000));
+            QThread::msleep(5);
+        }
+        EXPECT_TRUE(shown());
+    };
+    goOn();
+    person_.Then("the box is answered", [&] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr) {
+            return false;
+        }
+        EXPECT_FALSE(shown());
+        EXPECT_EQ(box->parentWidget(), &window_);
+        box->accept();
+        return true;
+    });
+    session_.Windows().ShowMessageBox({"?", "", MB_OK});
+    goOn();
     QTest::qWait(10);
-    EXPECT_FALSE(shown());
+    EXPECT_FALSE(shown()) << "the work has gone back to its window";
     EXPECT_EQ(work.End(), std::nullopt);
 }
 
