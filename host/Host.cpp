@@ -1,7 +1,5 @@
 #include "host/Host.h"
 
-#include <filesystem>
-
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/entity_selection.h"
 #include "platform/ed/file_search.h"
@@ -90,10 +88,17 @@ bool Host::LoadModule(const std::string& path, std::string& error) {
     return true;
 }
 
+std::filesystem::path Host::ProgramFolder() {
+    std::error_code untold;
+    return std::filesystem::read_symlink("/proc/self/exe", untold).parent_path();
+}
+
 std::string Host::FindModule(const std::string& name) {
     std::error_code fault;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", fault);
-    const std::filesystem::path folder = program.parent_path();
+    const std::filesystem::path folder = ProgramFolder();
+    if (folder.empty()) {
+        return {};  // a name alone would be one in the current folder
+    }
     for (const auto& candidate : {folder / name, folder.parent_path() / "lib" / name}) {
         if (std::filesystem::is_regular_file(candidate, fault)) {
             return candidate.string();

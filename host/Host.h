@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ public:
     bool OpenSuite(const std::string& folder, std::string& error);
     /// Loads a module; modules are unloaded in the reverse order at the end.
     bool LoadModule(const std::string& path, std::string& error);
+    /// The running program's own folder; empty when the system does not tell it.
+    static std::filesystem::path ProgramFolder();
     /// The module `name` beside the running program, or in the folder "lib" beside the program's;
     /// empty when it is in neither.
     static std::string FindModule(const std::string& name);

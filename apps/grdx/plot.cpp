@@ -3,10 +3,10 @@
 #include <unistd.h>
 #include <cerrno>
 #include <cstring>
-#include <filesystem>
 #include <string>
 
 #include "apps/grdx/Failure.h"
+#include "host/Host.h"
 
 namespace console {
 
@@ -15,9 +15,12 @@ constexpr const char* kProgram = "grdx-plot";
 }  // namespace
 
 void HandOverToPlotting(char** arguments) {
-    std::error_code ignored;
-    const std::filesystem::path own = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    const std::string program = (own.parent_path() / kProgram).string();
+    const std::filesystem::path folder = host::Host::ProgramFolder();
+    if (folder.empty()) {
+        throw Failure(std::string(kProgram) +
+                      " cannot be found: the system does not tell this program's own folder");
+    }
+    const std::string program = (folder / kProgram).string();
     execv(program.c_str(), arguments);
     throw Failure(program + ": " + std::strerror(errno) +
                   "; the program that plots belongs beside this one");
