@@ -4,6 +4,13 @@
 
 namespace {
 
+/// Masses that add up on paper add up here: their sum in binary may be off in its last digits.
+constexpr double kTolerance = 1e-9;
+
+bool IsAbove(double share, double bound) {
+    return share - bound > kTolerance;
+}
+
 double ShareCoarserThan(double size, const GrainSizeRecord& record) {
     double sum = 0.0;
     for (std::size_t i = 0; i < record.sizes.size(); ++i) {
@@ -16,13 +23,13 @@ double ShareCoarserThan(double size, const GrainSizeRecord& record) {
 
 std::string ClassifyFineSand(const GrainSizeRecord& record, int standardCode) {
     if (standardCode == 1) {
-        return ShareCoarserThan(0.09, record) > 0.75 ? "细砂"_gbk : "粉砂"_gbk;
+        return IsAbove(ShareCoarserThan(0.09, record), 0.75) ? "细砂"_gbk : "粉砂"_gbk;
     }
     const double share = ShareCoarserThan(0.0749, record);
-    if (share > 0.85) {
+    if (IsAbove(share, 0.85)) {
         return "细砂"_gbk;
     }
-    return share > 0.5 ? "粉砂"_gbk : "";
+    return IsAbove(share, 0.5) ? "粉砂"_gbk : "";
 }
 
 }  // namespace
@@ -30,7 +37,7 @@ std::string ClassifyFineSand(const GrainSizeRecord& record, int standardCode) {
 std::string ClassifySoil(const GrainSizeRecord& record, int standardCode) {
     // The bounds lie just under the sieve sizes, so that a sieve of the size itself counts.
     const auto mostlyCoarserThan = [&record](double size) {
-        return ShareCoarserThan(size, record) > 0.5;
+        return IsAbove(ShareCoarserThan(size, record), 0.5);
     };
     if (mostlyCoarserThan(199.99)) {
         return "漂石,块石"_gbk;
@@ -39,10 +46,11 @@ std::string ClassifySoil(const GrainSizeRecord& record, int standardCode) {
         return "卵石,碎石"_gbk;
     }
     const double gravelShare = ShareCoarserThan(1.99, record);
-    if (gravelShare > 0.5) {
+    if (IsAbove(gravelShare, 0.5)) {
         return "圆砾,角砾"_gbk;
     }
-    if (gravelShare > 0.24999 && gravelShare < 0.50001) {
+    // Up to 0.50001, which is more than is left here.
+    if (IsAbove(gravelShare, 0.24999)) {
         return "砾砂"_gbk;
     }
     if (mostlyCoarserThan(0.49)) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "platform/win32/code_page.h"
 
 namespace {
@@ -48,6 +50,58 @@ TEST(SoilClassification, TakesTheFirstRuleThatHolds) {
     for (const auto& c : cases) {
         EXPECT_EQ(ClassOf(c.sizes, c.shares, c.code), c.soilClass) << c.reason;
         EXPECT_EQ(ClassOf(c.sizes, c.shares, c.code, 512.0), c.soilClass) << c.reason;
+    }
+}
+
+// Masses in tenths, split at random over five sieves that are coarse enough to count, around each
+// bound: the class is that of the whole numbers.
+TEST(SoilClassification, MassesThatAddUpOnPaperAddUpHere) {
+    const struct {
+        std::vector<double> sizes;
+        long long bound, of;  ///< as a fraction
+        int code;
+        const char* above;
+        const char* notAbove;
+    } cases[] = {
+        {{900, 800, 600, 400, 200, 0}, 1, 2, 0, "漂石,块石", "砾砂"},
+        {{100, 60, 40, 30, 20, 0}, 1, 2, 0, "卵石,碎石", "砾砂"},
+        {{10, 5, 4, 3, 2, 0}, 1, 2, 0, "圆砾,角砾", "砾砂"},
+        {{10, 5, 4, 3, 2, 0}, 24999, 100000, 0, "砾砂", ""},
+        {{1, 0.9, 0.7, 0.6, 0.5, 0}, 1, 2, 0, "粗砂", ""},
+        {{0.45, 0.4, 0.35, 0.3, 0.25, 0}, 1, 2, 0, "中砂", ""},
+        {{0.2, 0.15, 0.1, 0.08, 0.075, 0}, 17, 20, 0, "细砂", "粉砂"},
+        {{0.2, 0.15, 0.1, 0.08, 0.075, 0}, 1, 2, 0, "粉砂", ""},
+        {{0.2, 0.18, 0.15, 0.12, 0.1, 0}, 3, 4, 1, "细砂", "粉砂"},
+    };
+    std::mt19937 random(20260520);
+    const auto upTo = [&random](long long most) {
+        return std::uniform_int_distribution<long long>(0, most)(random);
+    };
+    for (const auto& c : cases) {
+        int wrong = 0;
+        for (int round = 0; round < 20000; ++round) {
+            const long long total = c.of * (1 + upTo(c.of > 1000 ? 3 : 5000)) * 2;
+            const long long coarse = total * c.bound / c.of - 1 + upTo(2);
+            const bool above = coarse * c.of > total * c.bound;
+            std::vector<double> masses;
+            long long left = coarse;
+            for (int sieve = 0; sieve < 4; ++sieve) {
+                const long long part = upTo(left);
+                masses.push_back(static_cast<double>(part) / 10.0);
+                left -= part;
+            }
+            masses.push_back(static_cast<double>(left) / 10.0);
+            masses.push_back(static_cast<double>(total - coarse) / 10.0);
+            GrainSizeRecord record;
+            record.totalMass = static_cast<double>(total) / 10.0;
+            record.sizes = c.sizes;
+            record.amounts = masses;
+            wrong +=
+                win32::Utf8FromGbk(ClassifySoil(record, c.code)) != (above ? c.above : c.notAbove)
+                    ? 1
+                    : 0;
+        }
+        EXPECT_EQ(wrong, 0) << c.above << " at " << c.bound << "/" << c.of;
     }
 }
 
