@@ -75,27 +75,45 @@ void ListBoxView::Refresh() {
     }
 }
 
+QItemSelectionModel::SelectionFlags ListBoxView::selectionCommand(const QModelIndex& /*index*/,
+                                                                  const QEvent* /*event*/) const {
+    return QItemSelectionModel::NoUpdate;
+}
+
 void ListBoxView::mousePressEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->pos());
-    if (event->button() == Qt::LeftButton && index.isValid()) {
+    if (event->button() != Qt::LeftButton || !index.isValid()) {
+        return;
+    }
+    if (event->modifiers().testFlag(Qt::ShiftModifier)) {
+        list_.ClickTo(index.row());
+    } else {
         list_.Click(index.row());
     }
 }
 
-// Dragging over a list and double clicks do no more than a click, which a press has done.
+// Dragging over a list does no more than a click, which a press has done.
 void ListBoxView::mouseMoveEvent(QMouseEvent* /*event*/) {}
 void ListBoxView::mouseReleaseEvent(QMouseEvent* /*event*/) {}
+
+/// Two clicks mean the item, not to have it and then not.
 void ListBoxView::mouseDoubleClickEvent(QMouseEvent* event) {
-    mousePressEvent(event);
+    const int row = indexAt(event->pos()).row();
+    if (row != list_.Caret() || !list_.Valid(row) ||
+        !list_.Items()[static_cast<std::size_t>(row)].selected) {
+        mousePressEvent(event);
+    }
 }
 
-void ListBoxView::MoveTo(int row) {
+void ListBoxView::MoveTo(int row, bool drawing) {
     const int last = static_cast<int>(list_.Items().size()) - 1;
     const int target = std::min(std::max(row, 0), last);
     if (target == list_.Caret()) {
         return;
     }
-    if (list_.MultipleSelection()) {
+    if (drawing) {
+        list_.ClickTo(target);
+    } else if (list_.MultipleSelection()) {
         list_.SetCaret(target);
     } else {
         list_.Click(target);
@@ -104,19 +122,26 @@ void ListBoxView::MoveTo(int row) {
 
 void ListBoxView::keyPressEvent(QKeyEvent* event) {
     const int page = std::max(1, viewport()->height() / std::max(1, sizeHintForRow(0)) - 1);
+    const bool drawing = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (event->matches(QKeySequence::SelectAll)) {
+        list_.ClickAll();
+        return;
+    }
     switch (event->key()) {
         case Qt::Key_Up:
-            return MoveTo(list_.Caret() - 1);
+        case Qt::Key_Left:
+            return MoveTo(list_.Caret() - 1, drawing);
         case Qt::Key_Down:
-            return MoveTo(list_.Caret() + 1);
+        case Qt::Key_Right:
+            return MoveTo(list_.Caret() + 1, drawing);
         case Qt::Key_PageUp:
-            return MoveTo(list_.Caret() - page);
+            return MoveTo(list_.Caret() - page, drawing);
         case Qt::Key_PageDown:
-            return MoveTo(list_.Caret() + page);
+            return MoveTo(list_.Caret() + page, drawing);
         case Qt::Key_Home:
-            return MoveTo(0);
+            return MoveTo(0, drawing);
         case Qt::Key_End:
-            return MoveTo(static_cast<int>(list_.Items().size()) - 1);
+            return MoveTo(static_cast<int>(list_.Items().size()) - 1, drawing);
         case Qt::Key_Space:
             if (list_.MultipleSelection()) {
                 list_.Click(list_.Caret());

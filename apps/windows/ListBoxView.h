@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QItemSelectionModel>
 #include <QListView>
 
 namespace mfc {
@@ -8,9 +9,10 @@ class ListBoxModel;
 
 namespace windows {
 
-/// Shows a list box. Clicks, arrows and the space bar do to it what they do to a list box: with
-/// multiple selection a click or the space bar turns an item over and the arrows only move the
-/// focus mark, with single selection the arrows select.
+/// Shows a list box; what is highlighted is what the list says is selected, and nothing else. With
+/// multiple selection a click or the space bar turns an item over, a double click leaves it
+/// selected, Shift draws a range, Ctrl+A selects all, and the arrows only move the focus mark. With
+/// single selection clicks and arrows select.
 class ListBoxView : public QListView {
 public:
     explicit ListBoxView(mfc::ListBoxModel& list, QWidget* parent);
@@ -28,11 +30,15 @@ protected:
     /// The change noted last is shown.
     void customEvent(QEvent* event) override;
     void keyboardSearch(const QString& search) override;
+    /// Never any: the list selects.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
 
 private:
     class Items;
     void Refresh();
-    void MoveTo(int row);
+    /// With `drawing` the items on the way become a range.
+    void MoveTo(int row, bool drawing = false);
 
     mfc::ListBoxModel& list_;
     Items* items_;

@@ -48,6 +48,7 @@ int ListBoxModel::Add(std::string text) {
 }
 
 void ListBoxModel::Insert(int index, std::string text) {
+    start_ = {};
     items_.insert(items_.begin() + index, Item{std::move(text)});
     if (caret_ >= index) {
         ++caret_;
@@ -58,6 +59,7 @@ void ListBoxModel::Insert(int index, std::string text) {
 }
 
 void ListBoxModel::Remove(int index) {
+    start_ = {};
     items_.erase(items_.begin() + index);
     if (caret_ > index) {
         --caret_;
@@ -68,17 +70,20 @@ void ListBoxModel::Remove(int index) {
 }
 
 void ListBoxModel::Clear() {
+    start_ = {};
     items_.clear();
     caret_ = -1;
     Changed(Change::Items);
 }
 
 void ListBoxModel::Select(int index, bool selected) {
+    start_ = {};
     items_[static_cast<std::size_t>(index)].selected = selected;
     Changed(Change::Selection);
 }
 
 void ListBoxModel::SetCaret(int index) {
+    start_ = {};
     if (!MultipleSelection()) {
         for (int i = 0; i < static_cast<int>(items_.size()); ++i) {
             items_[static_cast<std::size_t>(i)].selected = i == index;
@@ -94,12 +99,52 @@ bool ListBoxModel::Click(int index) {
     }
     SetCaret(index);
     if (MultipleSelection()) {
-        Select(index, !items_[static_cast<std::size_t>(index)].selected);
+        const bool selected = !items_[static_cast<std::size_t>(index)].selected;
+        Select(index, selected);
+        start_ = {index, selected, items_};
     }
+    NotifyOfSelection();
+    return true;
+}
+
+bool ListBoxModel::ClickTo(int index) {
+    if (!MultipleSelection()) {
+        return Click(index);
+    }
+    if (!Operable() || !Valid(index)) {
+        return false;
+    }
+    if (!Valid(start_.index)) {
+        start_ = {caret_, true, items_};
+    }
+    items_ = start_.items;
+    const auto [first, last] = std::minmax(start_.index, index);
+    for (int i = first; i <= last; ++i) {
+        items_[static_cast<std::size_t>(i)].selected = start_.selects;
+    }
+    caret_ = index;
+    Changed(Change::Selection);
+    NotifyOfSelection();
+    return true;
+}
+
+bool ListBoxModel::ClickAll() {
+    if (!Operable() || !MultipleSelection()) {
+        return false;
+    }
+    start_ = {};
+    for (Item& item : items_) {
+        item.selected = true;
+    }
+    Changed(Change::Selection);
+    NotifyOfSelection();
+    return true;
+}
+
+void ListBoxModel::NotifyOfSelection() {
     if (HasStyle(LBS_NOTIFY)) {
         Notify(LBN_SELCHANGE);
     }
-    return true;
 }
 
 }  // namespace mfc

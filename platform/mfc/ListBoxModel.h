@@ -40,10 +40,26 @@ public:
     /// The user clicks an item, which is told to the parent with LBS_NOTIFY.
     /// False also outside the list.
     bool Click(int index);
+    /// Multiple selection: the user draws a range from the item clicked last, or else from the
+    /// focus mark, to this one. It becomes selected, or not, as the click left its item; what a
+    /// range drawn before from there has changed outside it is as it was. Otherwise a click.
+    bool ClickTo(int index);
+    /// Multiple selection: the user chooses every item. False otherwise.
+    bool ClickAll();
 
 private:
+    /// Where a range begins, and what the items were then.
+    struct RangeStart {
+        int index = -1;  ///< none
+        bool selects = true;
+        std::vector<Item> items;
+    };
+
+    void NotifyOfSelection();
+
     std::vector<Item> items_;
     int caret_ = -1;
+    RangeStart start_;
 };
 
 }  // namespace mfc

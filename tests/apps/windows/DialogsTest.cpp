@@ -201,6 +201,54 @@ TEST_F(Dialogs, ChoicesReachSheetsSettingsAndMarks) {
     Run("CGRDX");
 }
 
+/// The rows that are highlighted, and that the list itself says are selected.
+std::string Chosen(QAbstractItemView& list) {
+    QCoreApplication::sendPostedEvents();
+    std::string rows;
+    for (int row = 0; row < list.model()->rowCount(); ++row) {
+        rows += list.selectionModel()->isRowSelected(row, {}) ? 'x' : '.';
+    }
+    return rows;
+}
+
+TEST_F(Dialogs, RangesAllAndDoubleClicksChooseWhatIsHighlighted) {
+    person_.In(kSheet, [](QWidget& sheet) {
+        auto& boreholes = *Control<QAbstractItemView>(sheet, kBoreholes);
+        auto& samples = *Control<QAbstractItemView>(sheet, kSamples);
+        ClickItem(boreholes, "ZK2");
+        const auto click = [&](int row, Qt::KeyboardModifiers keys = {}) {
+            QTest::mouseClick(samples.viewport(), Qt::LeftButton, keys,
+                              samples.visualRect(samples.model()->index(row, 0)).center());
+            return Chosen(samples);
+        };
+        const auto press = [&](Qt::Key key, Qt::KeyboardModifiers keys) {
+            QTest::keyClick(&samples, key, keys);
+            return Chosen(samples);
+        };
+        EXPECT_EQ(click(1), ".x.....");
+        EXPECT_EQ(click(4, Qt::ShiftModifier), ".xxxx..");
+        EXPECT_EQ(press(Qt::Key_Up, Qt::ShiftModifier), ".xxx...") << "drawn again from the click";
+        EXPECT_EQ(click(0, Qt::ShiftModifier), "xx.....");
+        QTest::mouseDClick(samples.viewport(), Qt::LeftButton, {},
+                           samples.visualRect(samples.model()->index(6, 0)).center());
+        EXPECT_EQ(Chosen(samples), "xx....x");
+        EXPECT_EQ(press(Qt::Key_A, Qt::ControlModifier), "xxxxxxx");
+        EXPECT_EQ(click(3), "xxx.xxx");
+        EXPECT_EQ(click(5, Qt::ShiftModifier), "xxx...x") << "as the click left its item";
+        EXPECT_EQ(press(Qt::Key_Right, {}), "xxx...x");
+        EXPECT_EQ(press(Qt::Key_Space, {}), "xxx....");
+
+        const std::string before = Chosen(boreholes);
+        QTest::keyClick(&boreholes, Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(Chosen(boreholes), before) << "one at a time";
+        EXPECT_EQ(press(Qt::Key_A, Qt::ControlModifier), "xxxxxxx");
+    });
+    person_.Press(kSheet, IDOK);
+    person_.Press(kBrowser, IDCANCEL);
+    Run("CGRDX");
+    EXPECT_EQ(suite_.Sheets().size(), 4U) << "all seven, two on a sheet";
+}
+
 TEST_F(Dialogs, LayerSheetAndBrowser) {
     person_.In(kSheet, [](QWidget& sheet) {
         EXPECT_EQ(FocusedControl(), kSamples) << "the list of layers";
