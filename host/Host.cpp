@@ -1,5 +1,8 @@
 #include "host/Host.h"
 
+#include <filesystem>
+
+#include "host/unsaved_changes.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/entity_selection.h"
 #include "platform/ed/file_search.h"
@@ -54,6 +57,7 @@ Host::Host()
         point[2] = where.z;
         return picked;
     });
+    acDocManager->setLeaveQuestion(MayGo);
     std::error_code gone;
     win32::WindowsPath(std::filesystem::current_path(gone).string(), startFolder_);
 }
@@ -63,6 +67,7 @@ Host::~Host() {
     for (auto module = modules_.rbegin(); module != modules_.rend(); ++module) {
         acrxDynamicLinker->unloadModule(module->c_str());
     }
+    acDocManager->setLeaveQuestion(nullptr);
     ed::SetPickSource(nullptr);
     win32::SetMainWindow(nullptr);
     win32::DestroyWindow(mainWindow_);

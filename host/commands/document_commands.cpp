@@ -4,74 +4,18 @@
 #include "host/Host.h"
 #include "host/complaint.h"
 #include "host/document_mode.h"
+#include "host/unsaved_changes.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/mfc/message_box.h"
-#include "platform/win32/code_page.h"
-#include "platform/win32/windows_path.h"
 
 namespace host {
 
 namespace {
-/// The drawing's file as the user's file system names it, GBK.
-std::string ShownName(const AcApDocument& document) {
-    return win32::GbkFromUtf8(win32::FileSystemPath(document.fileName()));
-}
-
-/// Asks before a file is overwritten that is no longer the one the drawing was read from.
-bool MayOverwrite(const AcApDocument& document) {
-    const AcAp::FileState state = document.fileState();
-    if (state == AcAp::kFileUnchanged) {
-        return true;
-    }
-    const std::string name = ShownName(document);
-    const std::string question =
-        name + (state == AcAp::kFileGone ? " was deleted" : " was changed by another program") +
-        " since it was opened. Save it all the same?";
-    return MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
-                      MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES ||
-           Complain(name + " is not saved.");
-}
-
-bool Save(AcApDocument& document, const char* path = nullptr) {
-    if (path == nullptr && !MayOverwrite(document)) {
-        return false;
-    }
-    const Acad::ErrorStatus status = acDocManager->saveDocument(&document, path);
-    if (status == Acad::eInvalidInput) {
-        return Complain(ShownName(document) + " was never saved: SAVEAS gives it a name.");
-    }
-    return status == Acad::eOk ||
-           Complain(win32::GbkFromUtf8(document.database()->lastFileError()));
-}
-
-/// Lets the user keep unsaved changes of a document that is to go. False: it must stay.
-bool MayGo(AcApDocument& document) {
-    if (!document.database()->isModified()) {
-        return true;
-    }
-    const std::string question = "Save the changes to " + ShownName(document) + "?";
-    switch (MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
-                       MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
-        case IDYES:
-            return Save(document);
-        case IDNO:
-            return true;
-        default:
-            return Complain(ShownName(document) + " stays open.");
-    }
-}
-
 /// In single-document mode the current document makes room for the next.
-bool CurrentMayBeReplaced() {
-    AcApDocument* current = acDocManager->curDocument();
-    return !IsSingleDocumentMode() || current == nullptr || MayGo(*current);
-}
-
 bool New(Host& /*host*/, const BuiltInCommand::Arguments& /*arguments*/) {
-    if (!CurrentMayBeReplaced()) {
+    AcApDocument* const replaced = IsSingleDocumentMode() ? acDocManager->curDocument() : nullptr;
+    if (replaced != nullptr && !MayGo(*replaced)) {
         return false;
     }
-    AcApDocument* const replaced = IsSingleDocumentMode() ? acDocManager->curDocument() : nullptr;
     acDocManager->appContextNewDocument();
     if (replaced != nullptr) {
         acDocManager->closeDocument(replaced);
@@ -84,10 +28,10 @@ bool IsPath(const std::string& word) {
 }
 
 bool Open(Host& host, const BuiltInCommand::Arguments& arguments) {
-    if (!IsPath(arguments.front()) || !CurrentMayBeReplaced()) {
+    if (!IsPath(arguments.front())) {
         return false;
     }
-    // The reason of a failure is printed by whoever reads the file.
+    // The reason of a failure is printed by whoever asks for changes or reads the file.
     const std::string path = host.ResolvePath(arguments.front());
     return (IsSingleDocumentMode()
                 ? acedSyncFileOpen(path.c_str())

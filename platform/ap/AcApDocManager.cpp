@@ -51,8 +51,10 @@ Acad::ErrorStatus AcApDocManager::sendStringToExecute(AcApDocument* document, co
     if (!owns(document)) {
         return Acad::eNoDocument;
     }
-    if (document != current_ && IsCloseCommand(text) && !document->database()->isModified()) {
-        drop(document);
+    if (document != current_ && IsCloseCommand(text)) {
+        if (!document->database()->isModified()) {
+            drop(document);
+        }
         return Acad::eOk;
     }
     document->pendingInput_ += text;

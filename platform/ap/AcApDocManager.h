@@ -39,8 +39,9 @@ public:
     void executeInApplicationContext(void (*function)(void*), void* data);
 
     /// Queues command text for the document; a host runs it after the running command, in order.
-    /// A document other than the current one that gets "close " and has no unsaved change is closed
-    /// at once. `activate`, `wrapUpInactiveDoc` and `echo` are accepted for their callers.
+    /// "close " to a document other than the current one is carried out at once, or never when the
+    /// document has unsaved changes: it would otherwise go in the hands of whoever comes to it
+    /// next. `activate`, `wrapUpInactiveDoc` and `echo` are accepted for their callers.
     Acad::ErrorStatus sendStringToExecute(AcApDocument* document, const char* text,
                                           bool activate = true, bool wrapUpInactiveDoc = false,
                                           bool echo = true);
@@ -77,6 +78,11 @@ public:
     /// Called by hosts.
     std::string takePendingInput();
 
+    /// Asked, when set, before a document with unsaved changes makes room for another: false, after
+    /// telling the user, keeps it. Set by hosts.
+    using LeaveQuestion = std::function<bool(AcApDocument& document)>;
+    void setLeaveQuestion(LeaveQuestion question) { mayLeave_ = std::move(question); }
+
 private:
     friend Acad::ErrorStatus acedSyncFileOpen(const char* path);
     bool owns(const AcApDocument* document) const;
@@ -92,6 +98,7 @@ private:
     AcApDocument* current_ = nullptr;
     int applicationContext_ = 0;
     int untitledCount_ = 0;
+    LeaveQuestion mayLeave_;
     std::vector<HMODULE> resourceHandles_;
     std::vector<AcApDocManagerReactor*> reactors_;
 };
@@ -99,9 +106,9 @@ private:
 AcApDocManager* acDocManagerInstance();
 #define acDocManager acDocManagerInstance()
 
-/// Single-document mode: opens a drawing in place of the current document, which closes without
-/// being asked for. eDrawingNotOpened, with the reason on the command line and the current document
-/// as it was, when no document can be made of the file.
+/// Single-document mode: opens a drawing in place of the current document, about whose unsaved
+/// changes the host asks first. eDrawingNotOpened, with the reason on the command line and the
+/// current document still open, when it has to stay or no document can be made of the file.
 Acad::ErrorStatus acedSyncFileOpen(const char* path);
 
 /// The host's main window, as handle and for owners of dialogs.

@@ -97,13 +97,18 @@ Acad::ErrorStatus acedSyncFileOpen(const char* path) {
     if (path == nullptr) {
         return Acad::eInvalidInput;
     }
+    AcApDocManager& manager = *acDocManager;
+    AcApDocument* const replaced = manager.curDocument();
+    // Before the file is read, which may be the one that the changes are saved to.
+    if (replaced != nullptr && replaced->database()->isModified() && manager.mayLeave_ &&
+        !manager.mayLeave_(*replaced)) {
+        return Acad::eDrawingNotOpened;
+    }
     const std::string file = WithExtension(path);
     std::unique_ptr<AcDbDatabase> database = ReadDrawing(file);
     if (database == nullptr) {
         return Acad::eDrawingNotOpened;
     }
-    AcApDocManager& manager = *acDocManager;
-    const AcApDocument* replaced = manager.curDocument();
     manager.adoptFile(std::move(database), file);
     if (replaced != nullptr) {
         manager.drop(replaced);

@@ -21,7 +21,7 @@ constexpr KindWord kKinds[] = {
     {"@type", Answer::Kind::Type, "@type ID TEXT"},
     {"@check", Answer::Kind::Check, "@check ID on|off"},
     {"@press", Answer::Kind::Press, "@press ID|ok|cancel"},
-    {"@answer", Answer::Kind::Box, "@answer yes|no|ok"},
+    {"@answer", Answer::Kind::Box, "@answer yes|no|ok|cancel"},
 };
 
 struct ButtonWord {
@@ -29,7 +29,8 @@ struct ButtonWord {
     int id;
 };
 constexpr ButtonWord kPressWords[] = {{"ok", IDOK}, {"cancel", IDCANCEL}};
-constexpr ButtonWord kBoxWords[] = {{"yes", IDYES}, {"no", IDNO}, {"ok", IDOK}};
+constexpr ButtonWord kBoxWords[] = {
+    {"yes", IDYES}, {"no", IDNO}, {"ok", IDOK}, {"cancel", IDCANCEL}};
 
 constexpr std::string_view kBlanks = " \t\r\n";
 

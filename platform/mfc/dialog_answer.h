@@ -24,8 +24,8 @@ struct Answer {
 };
 
 /// Reads an answer line (UTF-8): `@page NUMBER`, `@select ID TEXT…`, `@type ID TEXT`,
-/// `@check ID on|off`, `@press ID|ok|cancel`, `@answer yes|no|ok`. A text with blanks stands in
-/// double quotes, within which "" is a quote. False, with what is wrong in `error` (UTF-8).
+/// `@check ID on|off`, `@press ID|ok|cancel`, `@answer yes|no|ok|cancel`. A text with blanks stands
+/// in double quotes, within which "" is a quote. False, with what is wrong in `error` (UTF-8).
 bool ParseAnswer(std::string_view line, Answer& answer, std::string& error);
 
 /// The answer as such a line (UTF-8).

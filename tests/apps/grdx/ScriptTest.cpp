@@ -14,6 +14,7 @@
 using console::ScriptLines;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Not;
 
 TEST(ScriptLinesTest, AnswersBelongToTheLineAboveThem) {
     std::vector<std::string> events;
@@ -91,6 +92,35 @@ TEST_F(ScriptTest, AnswersThatDoNotFitAreToldAndTheRestRuns) {
     EXPECT_THAT(run.errors, HasSubstr("not asked for: @answer yes"));
     EXPECT_THAT(run.errors, HasSubstr("Unknown command \"FOO\""));
     EXPECT_EQ(run.output, scratch_.Path().string() + "/made.dwg\n");
+}
+
+TEST_F(ScriptTest, AChangedDrawingIsAskedForBeforeAnotherTakesItsPlace) {
+    EXPECT_EQ(suite_.Draw("ZK1").status, 0);
+    const auto sheet = suite_.Sheets().at(1);
+    ASSERT_EQ(sheet.filename(), "KFZK1-3~ZK1-4.dwg");
+    const std::string drawn = FileBytes(sheet);
+    const std::string others[] = {
+        "CGRDX\n@answer no\n@select 2008 ZK2\n@select 2001 2-2\n@press ok\n",
+        "SDI 1\nEGRDX\n@answer no\n@select 2014 ZK1\n@select 2015 试样ZK1-1和ZK1-2\n@press ok\n",
+        "SDI 1\nOPEN " + suite_.Sheets().at(0).string() + "\n@answer no\n"};
+    struct Case {
+        std::string answer;
+        bool saved;
+        bool opened;
+    };
+    const Case cases[] = {
+        {"@answer cancel", false, false}, {"@answer no", false, true}, {"", true, true}};
+    for (const std::string& other : others) {
+        for (const Case& row : cases) {
+            std::ofstream(sheet) << drawn;
+            const ProgramResult run = Run("OPEN " + sheet.string() + "\nGRIP 133,53 5 0,-1.5\n" +
+                                          other + row.answer + "\nLIST 133,53\n");
+            EXPECT_EQ(FileBytes(sheet) != drawn, row.saved) << other << row.answer;
+            EXPECT_EQ(run.errors.find("\nCKFCurve") == std::string::npos, row.opened) << run.errors;
+            EXPECT_THAT(run.errors, HasSubstr("Save the changes to " + sheet.string() + "?"));
+            EXPECT_THAT(run.errors, Not(HasSubstr("not asked for")));
+        }
+    }
 }
 
 TEST_F(ScriptTest, PathsCountFromTheFolderTheProgramStartedIn) {

@@ -16,6 +16,7 @@
 #include "tests/platform/win32/ScratchFolder.h"
 
 namespace fs = std::filesystem;
+using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
@@ -131,7 +132,19 @@ TEST_F(AcApDocManagerTest, SyncOpenReplacesTheCurrentDocument) {
     ASSERT_EQ(acedSyncFileOpen(Windows("A.dwg").c_str()), Acad::eOk) << "with none open";
     EXPECT_EQ(acDocManager->documentCount(), 1);
     Draw(*Current()->database());
+    std::vector<std::string> asked;
+    bool mayLeave = false;
+    acDocManager->setLeaveQuestion([&](const AcApDocument& document) {
+        asked.emplace_back(document.fileName());
+        return mayLeave;
+    });
+    EXPECT_EQ(acedSyncFileOpen(Windows("B").c_str()), Acad::eDrawingNotOpened);
+    EXPECT_EQ(Current()->fileName(), Windows("A.dwg")) << "the user wants to keep it";
+    mayLeave = true;
     ASSERT_EQ(acedSyncFileOpen(Windows("B").c_str()), Acad::eOk);
+    ASSERT_EQ(acedSyncFileOpen(Windows("B").c_str()), Acad::eOk);
+    acDocManager->setLeaveQuestion(nullptr);
+    EXPECT_THAT(asked, ElementsAre(Windows("A.dwg"), Windows("A.dwg"))) << "B has no changes";
     EXPECT_EQ(acDocManager->documentCount(), 1);
     EXPECT_EQ(Current()->fileName(), Windows("B.dwg"));
     EXPECT_FALSE(Current()->isUntitled());
@@ -152,7 +165,7 @@ TEST_F(AcApDocManagerTest, CloseSentToAnotherDocumentIsCarriedOutUnlessItHasChan
     EXPECT_EQ(acDocManager->documentCount(), 2) << "the changed one and the current one";
     EXPECT_EQ(acDocManager->takePendingInput(), "close ") << "the current one's host closes it";
     InApplicationContext([a] { acDocManager->activateDocument(a); });
-    EXPECT_EQ(acDocManager->takePendingInput(), "close ");
+    EXPECT_EQ(acDocManager->takePendingInput(), "") << "nor does it wait for a visit";
 }
 
 TEST_F(AcApDocManagerTest, PendingInputIsTakenWholeInTheOrderSent) {

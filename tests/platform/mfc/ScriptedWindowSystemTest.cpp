@@ -267,7 +267,7 @@ TEST(DialogAnswer, BadLinesAreRefusedByReason) {
         {"@check 65535 on", "@check ID on|off (a text with blanks stands in double quotes)"},
         {"@check 2026 yes", "@check ID on|off (a text with blanks stands in double quotes)"},
         {"@press yes", "@press ID|ok|cancel (a text with blanks stands in double quotes)"},
-        {"@answer cancel", "@answer yes|no|ok (a text with blanks stands in double quotes)"},
+        {"@answer maybe", "@answer yes|no|ok|cancel (a text with blanks stands in double quotes)"},
         {"@page", "@page NUMBER (a text with blanks stands in double quotes)"},
         {"@type 2013 \"a", "a quoted text has no end"},
         {"@type 2013 😀", "a text that GBK cannot write: 😀"},
