@@ -8,6 +8,10 @@ ACRX_DEFINE_MEMBERS(AcDbKeptEntity, AcDbEntity, nullptr);
 
 Adesk::Boolean AcDbKeptEntity::worldDraw(AcGiWorldDraw* context) {
     assertReadEnabled();
+    constexpr std::size_t kBytesOfStep = 256;
+    if (!gi::MayTakeSteps(*context, (fields_.bits.size() + graphics_.size()) / kBytesOfStep)) {
+        return true;
+    }
     startDrawing(*context);
     if (!DrawKeptShape(*this, *context)) {
         PlayProxyGraphics(graphics_, *context);

@@ -1,6 +1,7 @@
 #include "platform/dwg/DwgBlockCopier.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 #include "platform/db/AcDbCopyFiler.h"
@@ -119,7 +120,7 @@ bool DwgBlockCopier::canCopy(const AcDbEntity& entity) const {
         return reference.code != kHardPointer || object == nullptr ||
                object->isKindOf(AcDbEntity::desc()) ||
                (object->isKindOf(AcDbSymbolTableRecord::desc()) &&
-                !tableFor(static_cast<const AcDbSymbolTableRecord&>(*object)).isNull());
+                !tableFor(kindOf(static_cast<const AcDbSymbolTableRecord&>(*object))).isNull());
     });
 }
 
@@ -224,22 +225,41 @@ AcDbObjectId DwgBlockCopier::counterpart(AcDbObjectId id) {
                : AcDbObjectId::kNull;
 }
 
-AcDbObjectId DwgBlockCopier::tableFor(const AcDbSymbolTableRecord& record) const {
+// Records lean on records of the kinds before their own only: a line type on text styles, a layer
+// on a line type.
+DwgBlockCopier::Kind DwgBlockCopier::kindOf(const AcDbSymbolTableRecord& record) {
+    const AcRxClass* const classes[] = {
+        AcDbTextStyleTableRecord::desc(), AcDbLinetypeTableRecord::desc(),
+        AcDbLayerTableRecord::desc(), AcDbDimStyleTableRecord::desc(),
+        AcDbBlockTableRecord::desc()};
+    return static_cast<Kind>(std::find(std::begin(classes), std::end(classes), record.isA()) -
+                             std::begin(classes));
+}
+
+AcDbObjectId DwgBlockCopier::tableFor(Kind kind) const {
     const HeaderVariables& header = target_.header();
-    const std::pair<const AcRxClass*, AcDbObjectId> tables[] = {
-        {AcDbLayerTableRecord::desc(), header.LAYER_CONTROL_OBJECT},
-        {AcDbTextStyleTableRecord::desc(), header.STYLE_CONTROL_OBJECT},
-        {AcDbLinetypeTableRecord::desc(), header.LTYPE_CONTROL_OBJECT},
-        {AcDbDimStyleTableRecord::desc(), header.DIMSTYLE_CONTROL_OBJECT},
-        {AcDbBlockTableRecord::desc(), header.BLOCK_CONTROL_OBJECT},
-    };
-    const auto found = std::find_if(std::begin(tables), std::end(tables),
-                                    [&](const auto& table) { return record.isA() == table.first; });
-    return found == std::end(tables) ? AcDbObjectId::kNull : found->second;
+    switch (kind) {
+        case Kind::kTextStyle:
+            return header.STYLE_CONTROL_OBJECT;
+        case Kind::kLinetype:
+            return header.LTYPE_CONTROL_OBJECT;
+        case Kind::kLayer:
+            return header.LAYER_CONTROL_OBJECT;
+        case Kind::kDimStyle:
+            return header.DIMSTYLE_CONTROL_OBJECT;
+        case Kind::kBlock:
+            return header.BLOCK_CONTROL_OBJECT;
+        default:
+            return {};
+    }
 }
 
 AcDbObjectId DwgBlockCopier::recordCounterpart(const AcDbSymbolTableRecord& record) {
-    const AcDbObjectId tableId = tableFor(record);
+    const Kind kind = kindOf(record);
+    if (kind >= before_) {
+        return {};  // a file can make records lean on each other in a circle, or in a long row
+    }
+    const AcDbObjectId tableId = tableFor(kind);
     AcDbSymbolTable* table = nullptr;
     if (acdbOpenObject(table, tableId, AcDb::kForRead) != Acad::eOk) {
         return {};
@@ -250,7 +270,9 @@ AcDbObjectId DwgBlockCopier::recordCounterpart(const AcDbSymbolTableRecord& reco
     if (id.isNull()) {
         std::unique_ptr<AcDbObject> copy = record.clone();
         replaceReactors(*copy);
+        const Kind before = std::exchange(before_, kind);
         replaceIds(*copy);
+        before_ = before;
         id = addRecord(tableId, std::unique_ptr<AcDbSymbolTableRecord>(
                                     static_cast<AcDbSymbolTableRecord*>(copy.release())));
     }

@@ -12,8 +12,10 @@ std::vector<AcDbKeptEntity*> PartsOf(const AcDbKeptEntity& entity, std::size_t f
     std::vector<AcDbKeptEntity*> parts;
     const AcDbObjectId last = ReferenceAt(entity, first + 1);
     AcDbObjectId id = ReferenceAt(entity, first);
-    const std::size_t most = entity.database() == nullptr ? 0 : entity.database()->entries().size();
-    for (std::size_t steps = 0; steps < most; ++steps) {
+    // Coming back to a part that was remembered on the way is going in a circle.
+    AcDbObjectId remembered;
+    std::size_t stepToRemember = 1;
+    for (std::size_t step = 1; id != remembered; ++step) {
         AcDbObject* const object = AcDbDatabase::objectOf(id);
         if (object == nullptr || object->isA() != AcDbKeptEntity::desc()) {
             break;
@@ -27,6 +29,10 @@ std::vector<AcDbKeptEntity*> PartsOf(const AcDbKeptEntity& entity, std::size_t f
         }
         if (id == last) {
             break;
+        }
+        if (step == stepToRemember) {
+            remembered = id;
+            stepToRemember *= 2;
         }
         id = DwgFields<AcDbKeptEntity>::links(*part).next;
     }

@@ -140,6 +140,17 @@ AcDbPolyline::Vertex vertexOf(const AcDbKeptEntity& part, unsigned& flags) {
     return vertex;
 }
 
+/// The vertices of a polyline of an older kind; none when the context has had enough.
+std::vector<AcDbKeptEntity*> verticesOf(const AcDbKeptEntity& polyline,
+                                        const AcGiWorldDraw& context) {
+    constexpr std::size_t kVerticesOfStep = 16;
+    std::vector<AcDbKeptEntity*> vertices = PartsOf(polyline, 0);
+    if (!gi::MayTakeSteps(context, vertices.size() / kVerticesOfStep)) {
+        vertices.clear();
+    }
+    return vertices;
+}
+
 bool drawPolyline2d(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
     enum Flag : unsigned { kClosed = 1, kFrame = 16 };
     KeptBits bits(entity);
@@ -154,7 +165,7 @@ bool drawPolyline2d(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
         return false;
     }
     AcDbPolyline polyline;
-    for (const AcDbKeptEntity* part : PartsOf(entity, 0)) {
+    for (const AcDbKeptEntity* part : verticesOf(entity, context)) {
         unsigned vertexFlags = 0;
         const AcDbPolyline::Vertex vertex = vertexOf(*part, vertexFlags);
         if ((vertexFlags & kFrame) == 0) {
@@ -176,7 +187,7 @@ bool drawPolyline3d(const AcDbKeptEntity& entity, AcGiWorldDraw& context) {
     bits.rawChar();  // kind of curve
     const bool closed = (bits.rawChar() & kClosed) != 0;
     std::vector<AcGePoint3d> points;
-    for (const AcDbKeptEntity* part : PartsOf(entity, 0)) {
+    for (const AcDbKeptEntity* part : verticesOf(entity, context)) {
         KeptBits vertex(*part);
         const bool ofFrame = (vertex.rawChar() & kFrame) != 0;
         const AcGePoint3d place = vertex.point();

@@ -159,6 +159,9 @@ bool drawBlockReference(const AcDbKeptEntity& entity, AcGiWorldDraw& context, bo
     // Their place is that of the drawing, their look that of what stands in the block.
     BlockWorldDraw attributes(context, AcGeMatrix3d(), AcDbObjectId::kNull, entity);
     for (const AcDbKeptEntity* attribute : PartsOf(entity, 1)) {
+        if (context.regenAbort()) {
+            break;
+        }
         if (attribute->keptClass().type == dwg::kAttribute) {
             attributes.draw(attribute->objectId());
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "platform/ge/AcGePoint2d.h"
 #include "platform/ge/AcGePoint3d.h"
 #include "platform/gi/AcGiTextStyle.h"
@@ -72,3 +74,16 @@ public:
     virtual AcGiWorldGeometry& geometry() const = 0;
     virtual AcGiSubEntityTraits& subEntityTraits() const = 0;
 };
+
+namespace gi {
+
+/// Asks the context for each of as many steps as something long takes; false when it has had
+/// enough. Blocks multiply one long shape as they do many short ones.
+inline bool MayTakeSteps(const AcGiWorldDraw& context, std::size_t steps) {
+    while (steps > 0 && !context.regenAbort()) {
+        --steps;
+    }
+    return steps == 0;
+}
+
+}  // namespace gi

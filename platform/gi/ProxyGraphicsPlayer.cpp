@@ -189,7 +189,7 @@ private:
         const std::size_t rows = record.number();
         const std::size_t columns = record.number();
         const std::vector<AcGePoint3d> points = record.points(rows * columns);
-        if (record.failed()) {
+        if (record.failed() || points.empty()) {
             return;
         }
         for (std::size_t row = 0; row < rows; ++row) {

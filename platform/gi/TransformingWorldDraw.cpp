@@ -20,14 +20,19 @@ Adesk::UInt32 countOf(const std::vector<AcGePoint3d>& points) {
 
 }  // namespace
 
-TransformingWorldDraw::Geometry::Geometry(AcGiWorldGeometry& target, const AcGeMatrix3d& transform)
-    : target_(target), transform_(transform) {
+TransformingWorldDraw::Geometry::Geometry(AcGiWorldDraw& end, const AcGeMatrix3d& transform)
+    : end_(end), target_(end.geometry()), transform_(transform) {
     const AcGeVector3d x = map(AcGeVector3d::kXAxis);
     const AcGeVector3d y = map(AcGeVector3d::kYAxis);
     keepsLevelCircles_ = x.z == 0.0 && y.z == 0.0 && areEvenAxes(x, y);
     scale_ = x.length();
     turn_ = std::atan2(x.y, x.x);
     mirrored_ = x.crossProduct(y).z < 0.0;
+}
+
+bool TransformingWorldDraw::Geometry::mayDraw(std::size_t length) const {
+    constexpr std::size_t kLengthOfStep = 64;
+    return gi::MayTakeSteps(end_, length / kLengthOfStep);
 }
 
 const std::vector<AcGePoint3d>& TransformingWorldDraw::Geometry::mapped(Adesk::UInt32 nbPoints,
@@ -41,12 +46,12 @@ const std::vector<AcGePoint3d>& TransformingWorldDraw::Geometry::mapped(Adesk::U
 
 Adesk::Boolean TransformingWorldDraw::Geometry::polyline(Adesk::UInt32 nbPoints,
                                                          const AcGePoint3d* points) {
-    return target_.polyline(nbPoints, mapped(nbPoints, points).data());
+    return !mayDraw(nbPoints) || target_.polyline(nbPoints, mapped(nbPoints, points).data());
 }
 
 Adesk::Boolean TransformingWorldDraw::Geometry::polygon(Adesk::UInt32 nbPoints,
                                                         const AcGePoint3d* points) {
-    return target_.polygon(nbPoints, mapped(nbPoints, points).data());
+    return !mayDraw(nbPoints) || target_.polygon(nbPoints, mapped(nbPoints, points).data());
 }
 
 Adesk::Boolean TransformingWorldDraw::Geometry::circle(const AcGePoint3d& center, double radius,
@@ -95,7 +100,7 @@ Adesk::Boolean TransformingWorldDraw::Geometry::text(
     const AcGeVector3d mappedNormal = mappedAlong.crossProduct(mappedStroke).normal();
     const double widening = mappedAlong.length();
     const double height = mappedNormal.crossProduct(mappedAlong.normal()).dotProduct(mappedStroke);
-    if (!(widening > 0.0 && height > 0.0)) {
+    if (!(widening > 0.0 && height > 0.0) || !mayDraw(gi::TextPart(message, length).size())) {
         return true;  // flattened to a line: nothing to read
     }
     AcGiTextStyle mappedStyle = style;

@@ -30,12 +30,12 @@ private:
                           const AcGeMatrix3d& transform)
         : target_(target),
           end_(outer != nullptr ? outer->end_ : target),
-          geometry_(end_.geometry(),
-                    outer != nullptr ? outer->geometry_.transform() * transform : transform) {}
+          geometry_(end_, outer != nullptr ? outer->geometry_.transform() * transform : transform) {
+    }
 
     class Geometry : public AcGiWorldGeometry {
     public:
-        Geometry(AcGiWorldGeometry& target, const AcGeMatrix3d& transform);
+        Geometry(AcGiWorldDraw& end, const AcGeMatrix3d& transform);
         Adesk::Boolean polyline(Adesk::UInt32 nbPoints, const AcGePoint3d* points) override;
         Adesk::Boolean polygon(Adesk::UInt32 nbPoints, const AcGePoint3d* points) override;
         Adesk::Boolean circle(const AcGePoint3d& center, double radius,
@@ -58,7 +58,10 @@ private:
     private:
         AcGeVector3d map(AcGeVector3d vector) const { return vector.transformBy(transform_); }
         const std::vector<AcGePoint3d>& mapped(Adesk::UInt32 nbPoints, const AcGePoint3d* points);
+        /// Whether a shape of so many points or characters is to be drawn.
+        bool mayDraw(std::size_t length) const;
 
+        AcGiWorldDraw& end_;
         AcGiWorldGeometry& target_;
         AcGeMatrix3d transform_;
         bool keepsLevelCircles_ = false;  // the plane z = 0 stays level and is scaled evenly

@@ -287,16 +287,18 @@ TEST_F(BuiltInCommandsTest, WhatIsNotSeenIsNotPickedAtItsPlace) {
 TEST_F(BuiltInCommandsTest, BlocksThatMultiplyBeyondMeasureAreGivenUp) {
     AcDbObjectId block = AddBlock("0 deep");
     AppendToBlock(block, LevelLine(0, {}));
-    for (const char* const name : {"1", "2", "3", "4", "5", "6", "7", "8", "9"}) {
+    for (const char* const name : {"1", "2", "3", "4", "5", "6", "7", "8", "9", "A", "B", "C"}) {
         const AcDbObjectId outer = AddBlock(name);
         for (int i = 0; i < 10; ++i) {
             AppendToBlock(outer, std::make_unique<AcDbBlockReference>(AcGePoint3d(), block));
         }
         block = outer;
     }
+    std::string last;
     for (int i = 0; i < 100; ++i) {
-        Draw(std::make_unique<AcDbBlockReference>(AcGePoint3d(), block));
+        last = Draw(std::make_unique<AcDbBlockReference>(AcGePoint3d(), block));
     }
+    EXPECT_TRUE(Run("MOVE " + last + " 0,0 0,0"));
     EXPECT_TRUE(Run("ZOOM E"));
     EXPECT_EQ(Current()->view().width, 100.0);
     EXPECT_FALSE(Run("ERASE 50,0"));

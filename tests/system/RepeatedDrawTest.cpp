@@ -4,6 +4,8 @@
 
 #include <map>
 
+#include "platform/db/AcDbLine.h"
+#include "tests/platform/db/Opened.h"
 #include "tests/system/Program.h"
 #include "tests/system/SheetEntities.h"
 
@@ -55,6 +57,26 @@ TEST(RepeatedDraw, StoresWhatTheSheetShows) {
         "+KL_075+KL_074+KL_05+KL_01+KL_005+KL_002+KL0) BETWEEN 1 AND"
         " 100.0011");
     EXPECT_EQ(sums, "8\n");
+}
+
+TEST(DamagedTemplate, DoesNotEndTheRun) {
+    const ScratchFolder scratch;
+    const SampleSuite suite(scratch.Path() / "suite", 2);
+    AcDbDatabase drawing;
+    auto* const layer = new AcDbLayerTableRecord;
+    AcDbObjectId id;
+    layer->setName("own");
+    ASSERT_EQ(Opened<AcDbLayerTable>(drawing.header().LAYER_CONTROL_OBJECT)->add(id, layer),
+              Acad::eOk);
+    layer->setLinetypeObjectId(id);
+    layer->close();
+    drawing.setClayer(id);
+    AppendTo(drawing, std::make_unique<AcDbLine>(AcGePoint3d(), AcGePoint3d(0.4, 0, 0)));
+    ASSERT_EQ(drawing.saveAs(scratch.Windows("suite\\Support\\gltka3.dwg").c_str()), Acad::eOk);
+    const ProgramResult drawn = suite.Draw("ZK1");
+    EXPECT_EQ(drawn.status, 0) << drawn.errors;
+    ASSERT_EQ(suite.Sheets().size(), 2U);
+    EXPECT_EQ(ReadSheet(suite.Sheets()[0])[0].content.size(), 1U);
 }
 
 TEST(KilledDraw, LeavesWholeSheetsAndASoundDatabase) {

@@ -130,6 +130,11 @@ TEST_F(PictureTest, CurvesKeepTheWantedChordErrorAndArcsStayArcs) {
 TEST_F(PictureTest, BlocksThatMultiplyBeyondReasonAreShownInPartAndSaySo) {
     AcDbObjectId inner = addBlock("0th");
     appendLine({}, {1, 0, 0}, "0th");
+    auto course = std::make_unique<AcDbPolyline>();
+    for (unsigned i = 0; i < 50'000; ++i) {
+        course->addVertexAt(i, {i % 2 + 0.0, 0.0});
+    }
+    append(std::move(course), "0th");
     for (int level = 1; level <= 20; ++level) {
         const std::string name = std::to_string(level) + "th";
         const AcDbObjectId block = addBlock(name.c_str());

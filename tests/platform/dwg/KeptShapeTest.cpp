@@ -6,9 +6,11 @@
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/codec/kept_fields.h"
 #include "platform/dwg/entity_types.h"
+#include "platform/dwg/kept_bits.h"
 #include "platform/dwg/multiline_text.h"
 #include "platform/gi/AcGiProxyGraphicsRecorder.h"
 #include "platform/gi/ProxyGraphicsPlayer.h"
+#include "platform/gi/ProxyGraphicsStream.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/platform/dwg/DwgFixture.h"
 #include "tests/platform/dwg/KeptEntities.h"
@@ -162,6 +164,30 @@ TEST_F(KeptShapeTest, OlderPolylinesAndRowsOfReferencesAreDrawn) {
     // A dimension is a picture in a block.
     EXPECT_THAT(drawn(add(dwg::kOrdinateDimension, [](DwgBitWriter&) {}, {{5, frame}})),
                 ElementsAre("[256] polyline 0,0 1,0"));
+}
+
+// What draws nothing may not do so for hours.
+TEST_F(KeptShapeTest, MeshesWithoutPointsAndVerticesInCirclesComeToAnEnd) {
+    for (const std::uint32_t rows : {0U, ~0U}) {
+        ProxyGraphicsStream mesh;
+        mesh.put(0.0);  // where a stream has its own head
+        mesh.begin(ProxyGraphicsKind::kMesh);
+        mesh.put(rows);
+        mesh.put(~rows);
+        RecordingWorldDraw picture;
+        EXPECT_FALSE(PlayProxyGraphics(mesh.bytes(), picture));
+    }
+    AcDbKeptEntity* const polyline =
+        add(dwg::kPolyline2d, [](DwgBitWriter& b) { kept::Polyline(b, false); });
+    std::vector<AcDbObjectId> vertices;
+    for (int x = 0; x < 100; ++x) {
+        vertices.push_back(addPart(polyline->objectId(), dwg::kVertex2d,
+                                   [x](DwgBitWriter& b) { kept::Vertex(b, x, 0, 0); }));
+    }
+    kept::Own(*polyline, vertices);
+    auto& second = static_cast<AcDbKeptEntity&>(*AcDbDatabase::objectOf(vertices[1]));
+    DwgFields<AcDbKeptEntity>::setLinks(second, {{}, vertices[0]});
+    EXPECT_THAT(PartsOf(*polyline, 0), SizeIs(testing::Lt(6)));
 }
 
 TEST_F(KeptShapeTest, UnknownClassesAreDrawnByTheirProxyGraphicsAndStayWhereTheyAre) {
