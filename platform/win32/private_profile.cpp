@@ -2,11 +2,13 @@
 
 #include <charconv>
 #include <cstring>
+#include <functional>
 #include <string>
 #include <string_view>
 
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_fault.h"
+#include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/gbk_text.h"
 #include "platform/win32/profile_text.h"
@@ -67,6 +69,44 @@ std::string_view DefaultText(LPCSTR text) {
     return kept;
 }
 
+/// Changes a profile's text, and tells whether there was anything to change.
+using Change = std::function<bool(win32::ProfileText& profile)>;
+
+/// The profile's text once it is changed; a missing file is an empty one. False, with the reason in
+/// `error`, when it cannot be read.
+bool ReadChanged(const std::string& path, const Change& change, std::string& text, bool& changed,
+                 std::string& error) {
+    std::string content;
+    bool missing = false;
+    if (!win32::ReadFileWhole(path, content, error, &missing) && !missing) {
+        return false;
+    }
+    win32::ProfileText profile(content);
+    changed = change(profile);
+    text = profile.Text();
+    return true;
+}
+
+/// Reads, changes and replaces the profile while no other process does. Nothing is locked, nor
+/// written, where there is nothing to change.
+bool ChangeProfile(const std::string& path, const Change& change, std::string& error) {
+    std::string text;
+    bool changed = false;
+    if (!ReadChanged(path, change, text, changed, error)) {
+        return false;
+    }
+    if (!changed) {
+        return true;
+    }
+    const win32::FileLock lock(path);
+    if (!lock.Fault().empty()) {
+        error = lock.Fault();
+        return false;
+    }
+    return ReadChanged(path, change, text, changed, error) &&
+           (!changed || win32::ReplaceFileWhole(path, text, error));
+}
+
 }  // namespace
 
 UINT GetPrivateProfileInt(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR fileName) {
@@ -97,19 +137,13 @@ BOOL WritePrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR 
         !win32::ProfileText::CanHold(section, key, value)) {
         return FALSE;
     }
-    const std::string path = win32::FileSystemPath(fileName);
-    std::string content;
+    const auto change = [&](win32::ProfileText& profile) {
+        return key == nullptr     ? profile.RemoveSection(section)
+               : value == nullptr ? profile.Remove(section, key)
+                                  : profile.Set(section, key, value);
+    };
     std::string error;
-    bool missing = false;
-    if (!win32::ReadFileWhole(path, content, error, &missing) && !missing) {
-        win32::NoteFileFault(error);
-        return FALSE;
-    }
-    win32::ProfileText profile(content);
-    const bool changed = key == nullptr     ? profile.RemoveSection(section)
-                         : value == nullptr ? profile.Remove(section, key)
-                                            : profile.Set(section, key, value);
-    if (changed && !win32::ReplaceFileWhole(path, profile.Text(), error)) {
+    if (!ChangeProfile(win32::FileSystemPath(fileName), change, error)) {
         win32::NoteFileFault(error);
         return FALSE;
     }

@@ -21,7 +21,8 @@ DWORD GetPrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR defaultValue, L
                               DWORD size, LPCSTR fileName);
 
 /// Sets the key's value; a null value deletes the key, a null key the whole section. A file or
-/// section that is missing is made. All other lines stay byte for byte; the file is replaced whole.
-/// FALSE when the file cannot be read or written, which is a file fault, or when a text has a line
-/// break in it.
+/// section that is missing is made. All other lines stay byte for byte, as other processes have
+/// left them, which wait with their changes meanwhile; the file is replaced whole. FALSE when the
+/// file cannot be read or written, or another process keeps it locked, which are file faults, or
+/// when a text has a line break in it.
 BOOL WritePrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR fileName);

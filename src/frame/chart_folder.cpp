@@ -24,8 +24,13 @@ std::string WithBackslash(std::string folder) {
     return folder;
 }
 
+/// Makes the folder where it is missing, unless another program has just made it.
 bool EnterFolder(const std::string& path) {
-    return _chdir(path.c_str()) == 0 || (_mkdir(path.c_str()) == 0 && _chdir(path.c_str()) == 0);
+    if (_chdir(path.c_str()) == 0) {
+        return true;
+    }
+    _mkdir(path.c_str());
+    return _chdir(path.c_str()) == 0;
 }
 
 }  // namespace

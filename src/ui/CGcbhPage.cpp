@@ -4,6 +4,7 @@
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
 #include "src/ui/profile_text.h"
 #include "src/ui/resource_ids.h"
@@ -32,6 +33,8 @@ CGcbhPage::CGcbhPage() : CModulePage(IDD_SAMPLE_PAGE) {}
 BOOL CGcbhPage::OnInitDialog() {
     CModulePage::OnInitDialog();
     CurrentBorehole.clear();
+    const MarkKey marks = BoreholeMarks(ProjectContext.GCBH);
+    const std::vector<std::string> stored = StoredMarks(marks);
     std::vector<std::string> boreholes;
     if (!ReadBoreholes(boreholes)) {
         return TRUE;
@@ -39,7 +42,7 @@ BOOL CGcbhPage::OnInitDialog() {
     for (const std::string& borehole : boreholes) {
         boreholes_.AddString(borehole.c_str());
     }
-    ShowMarks(boreholes_, BoreholeMarks(ProjectContext.GCBH));
+    ShowMarks(boreholes_, marks, stored);
     boreholes_.SetCurSel(0);
     OnSelchangeBorehole();
     return TRUE;
@@ -53,6 +56,8 @@ void CGcbhPage::OnSelchangeBorehole() {
         return;
     }
     CurrentBorehole = BareItemText(boreholes_, selected);
+    const MarkKey marks = SampleMarks(ProjectContext.GCBH, CurrentBorehole);
+    const std::vector<std::string> stored = StoredMarks(marks);
     std::vector<std::string> samples;
     if (!ReadSamples(CurrentBorehole, samples)) {
         return;  // marks are compared with a complete list only
@@ -60,7 +65,7 @@ void CGcbhPage::OnSelchangeBorehole() {
     for (const std::string& sample : OrderedSamples(samples)) {
         samples_.AddString(sample.c_str());
     }
-    ShowMarks(samples_, SampleMarks(ProjectContext.GCBH, CurrentBorehole));
+    ShowMarks(samples_, marks, stored);
 }
 
 void CGcbhPage::OnOK() {
@@ -76,11 +81,16 @@ void CGcbhPage::OnOK() {
         return;
     }
     chosenSamples_ = SelectedItemTexts(samples_);
-    AddMarks(samples_, SampleMarks(ProjectContext.GCBH, CurrentBorehole));
-    if (AllDrawn(samples_)) {
-        AddMarks(boreholes_, BoreholeMarks(ProjectContext.GCBH));
-    }
+    StoreMarks();
     CModulePage::OnOK();
+}
+
+void CGcbhPage::StoreMarks() {
+    const CProfileLock lock(MarkProfilePath);
+    AddMarks(samples_, SampleMarks(ProjectContext.GCBH, CurrentBorehole), lock);
+    if (AllDrawn(samples_)) {
+        AddMarks(boreholes_, BoreholeMarks(ProjectContext.GCBH), lock);
+    }
 }
 
 void CGcbhPage::OnRemoveMarks() {
@@ -90,8 +100,9 @@ void CGcbhPage::OnRemoveMarks() {
         AfxMessageBox("请先选择钻孔,再删除!"_gbk);
         return;
     }
-    RemoveMarks(samples_, SampleMarks(projectNumber, BareItemText(boreholes_, selected)));
-    RemoveMarks(boreholes_, BoreholeMarks(projectNumber));
+    const CProfileLock lock(MarkProfilePath);
+    RemoveMarks(samples_, SampleMarks(projectNumber, BareItemText(boreholes_, selected)), lock);
+    RemoveMarks(boreholes_, BoreholeMarks(projectNumber), lock);
 }
 
 void CGcbhPage::DoDataExchange(CDataExchange* pDX) {

@@ -27,6 +27,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void StoreMarks();
+
     CListBox boreholes_;
     CListBox samples_;
     std::vector<std::string> chosenSamples_;

@@ -6,6 +6,7 @@
 #include "src/common/module_state.h"
 #include "src/db/CSheJiLayerTable.h"
 #include "src/db/table_filters.h"
+#include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
 #include "src/ui/resource_ids.h"
 #include "src/ui/settings.h"
@@ -32,6 +33,7 @@ CGcbhSJPage::CGcbhSJPage() : CModulePage(IDD_LAYER_PAGE) {}
 
 BOOL CGcbhSJPage::OnInitDialog() {
     CModulePage::OnInitDialog();
+    const std::vector<std::string> stored = StoredMarks(LayerMarks());
     CSheJiLayerTable table;
     if (!table.Open(table.BuildQuery(LayersWithFractionsFilter(ProjectContext.GCSY)))) {
         return TRUE;  // marks are compared with a complete list only
@@ -39,7 +41,7 @@ BOOL CGcbhSJPage::OnInitDialog() {
     for (HRESULT row = table.MoveFirst(); row == S_OK; row = table.MoveNext()) {
         layers_.AddString(LayerLabel(table.record.ZCBH, table.record.YCBH).c_str());
     }
-    ShowMarks(layers_, LayerMarks());
+    ShowMarks(layers_, LayerMarks(), stored);
     layers_.SetCurSel(0);
     return TRUE;
 }
@@ -53,7 +55,7 @@ void CGcbhSJPage::OnOK() {
         return;
     }
     chosenLayers_ = SelectedItemTexts(layers_);
-    AddMarks(layers_, LayerMarks());
+    AddMarks(layers_, LayerMarks(), CProfileLock(ProjectProfilePath));
     CModulePage::OnOK();
 }
 
@@ -62,7 +64,7 @@ void CGcbhSJPage::OnRemoveMarks() {
         AfxMessageBox("请先选择土层,再删除!"_gbk);
         return;
     }
-    RemoveMarks(layers_, LayerMarks());
+    RemoveMarks(layers_, LayerMarks(), CProfileLock(ProjectProfilePath));
 }
 
 void CGcbhSJPage::DoDataExchange(CDataExchange* pDX) {

@@ -6,6 +6,7 @@
 #include "platform/mfc/CListBox.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/private_profile.h"
+#include "src/ui/CProfileLock.h"
 #include "src/ui/profile_text.h"
 
 namespace {
@@ -55,18 +56,6 @@ std::vector<int> SelectedIndexes(const CListBox& list) {
     return indexes;
 }
 
-Texts ReadMarks(const MarkKey& marks) {
-    const std::string value = ReadProfileText(marks.section, marks.key, marks.profilePath);
-    Texts texts;
-    std::size_t begin = 0;
-    while (begin < value.size()) {
-        const std::size_t end = std::min(win32::FindChar(value, kSeparator, begin), value.size());
-        texts.push_back(value.substr(begin, end - begin));
-        begin = end + 1;
-    }
-    return texts;
-}
-
 void WriteMarks(const MarkKey& marks, const Texts& texts) {
     std::string value;
     for (const std::string& text : texts) {
@@ -78,6 +67,20 @@ void WriteMarks(const MarkKey& marks, const Texts& texts) {
 
 bool Contains(const Texts& texts, const std::string& text) {
     return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
+/// Leaves the "*" with the items that are stored and no others, and tells which these are, in list
+/// order.
+Texts MarkStoredItems(CListBox& list, const Texts& stored) {
+    Texts marked;
+    for (int i = 0; i < list.GetCount(); ++i) {
+        const std::string text = BareItemText(list, i);
+        SetMarked(list, i, Contains(stored, text));
+        if (IsMarked(list, i)) {
+            marked.push_back(text);
+        }
+    }
+    return marked;
 }
 
 }  // namespace
@@ -95,41 +98,50 @@ std::vector<std::string> SelectedItemTexts(const CListBox& list) {
     return texts;
 }
 
-void ShowMarks(CListBox& list, const MarkKey& marks) {
-    const Texts stored = ReadMarks(marks);
-    if (stored.empty()) {
-        return;
+std::vector<std::string> StoredMarks(const MarkKey& marks) {
+    const std::string value = ReadProfileText(marks.section, marks.key, marks.profilePath);
+    Texts texts;
+    std::size_t begin = 0;
+    while (begin < value.size()) {
+        const std::size_t end = std::min(win32::FindChar(value, kSeparator, begin), value.size());
+        texts.push_back(value.substr(begin, end - begin));
+        begin = end + 1;
     }
-    Texts shown;
-    for (int i = 0; i < list.GetCount(); ++i) {
-        if (Contains(stored, ItemText(list, i))) {
-            SetMarked(list, i, true);
-        }
-        if (IsMarked(list, i)) {
-            shown.push_back(BareItemText(list, i));
-        }
-    }
-    WriteMarks(marks, shown);
+    return texts;
 }
 
-void AddMarks(CListBox& list, const MarkKey& marks) {
-    Texts stored = ReadMarks(marks);
-    for (const int index : SelectedIndexes(list)) {
-        const std::string bare = BareItemText(list, index);
-        if (!Contains(stored, bare)) {
-            stored.push_back(bare);
-        }
-        SetMarked(list, index, true);
+void ShowMarks(CListBox& list, const MarkKey& marks, const std::vector<std::string>& stored) {
+    if (stored.empty() || MarkStoredItems(list, stored) == stored) {
+        return;
     }
+    const CProfileLock lock(marks.profilePath);
+    const Texts storedNow = StoredMarks(marks);
+    Texts kept = MarkStoredItems(list, storedNow);
+    for (const std::string& text : storedNow) {
+        if (!Contains(stored, text) && !Contains(kept, text)) {
+            kept.push_back(text);
+        }
+    }
+    WriteMarks(marks, kept);
+}
+
+void AddMarks(CListBox& list, const MarkKey& marks, const CProfileLock& /*held*/) {
+    Texts stored = StoredMarks(marks);
+    for (const std::string& text : SelectedItemTexts(list)) {
+        if (!Contains(stored, text)) {
+            stored.push_back(text);
+        }
+    }
+    MarkStoredItems(list, stored);
     WriteMarks(marks, stored);
 }
 
-void RemoveMarks(CListBox& list, const MarkKey& marks) {
-    Texts stored = ReadMarks(marks);
-    for (const int index : SelectedIndexes(list)) {
-        std::erase(stored, BareItemText(list, index));
-        SetMarked(list, index, false);
+void RemoveMarks(CListBox& list, const MarkKey& marks, const CProfileLock& /*held*/) {
+    Texts stored = StoredMarks(marks);
+    for (const std::string& text : SelectedItemTexts(list)) {
+        std::erase(stored, text);
     }
+    MarkStoredItems(list, stored);
     WriteMarks(marks, stored);
 }
 

@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
 
 #include "platform/win32/code_page.h"
+#include "platform/win32/file_lock.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/platform/win32/ScratchFolder.h"
 
@@ -176,4 +182,29 @@ TEST_F(PrivateProfile, RefusesTextsThatWouldNotBeFoundAgain) {
     EXPECT_EQ(Content(), "[S]\nk=v\n");
     EXPECT_TRUE(Set("S", "乚"_gbk, "v")) << "its second byte is ]";
     EXPECT_EQ(Get("S", "乚"), "v");
+}
+
+TEST_F(PrivateProfile, ProcessesThatWriteAtOnceLoseNothingAlsoAfterOneWasKilled) {
+    constexpr int kWriters = 4;
+    constexpr int kKeys = 25;
+    Write("[S]\n");
+    if (fork() == 0) {
+        const win32::FileLock lock(scratch_.Path("p.ini"));
+        raise(SIGKILL);
+    }
+    wait(nullptr);
+    EXPECT_EQ(scratch_.Names().size(), 2U) << "the killed one's";
+    for (int writer = 0; writer < kWriters; ++writer) {
+        if (fork() == 0) {
+            for (int key = 0; key < kKeys; ++key) {
+                Set("S", (std::to_string(writer) + "-" + std::to_string(key)).c_str(), "v");
+            }
+            _exit(0);
+        }
+    }
+    while (wait(nullptr) > 0) {
+    }
+    const std::string content = Content();
+    EXPECT_EQ(std::count(content.begin(), content.end(), '\n'), 1 + kWriters * kKeys) << content;
+    EXPECT_EQ(scratch_.Names(), std::vector<std::string>{"p.ini"}) << "no lock is left";
 }
