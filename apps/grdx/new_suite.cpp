@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/sheet_template.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
 
@@ -18,6 +20,7 @@ namespace {
 constexpr std::size_t kNumberLimit = 20;
 constexpr std::size_t kNameLimit = 150;
 
+constexpr const char* kSuiteFile = "suite.ini";
 constexpr const char* kSuiteProfile =
     "[Suite]\n"
     "ProjectProfile=project.ini\n"
@@ -83,35 +86,39 @@ void SaveDrawing(AcDbDatabase& database, const fs::path& path) {
     }
 }
 
-/// Makes the folder, or takes an empty one, and takes back what was made unless it is kept.
+/// The folder while it becomes a suite folder: new, or an empty one. Everything is made in a folder
+/// within it, and put in its place at the end, suite.ini as the last. So a process that is killed
+/// leaves no suite, but something that the next one clears away; and of two that make the same
+/// folder the second finds what the first has made. Taken back unless it is finished.
 class NewFolder {
 public:
     explicit NewFolder(const fs::path& path) : path_(path) {
+        CheckFree();
         std::error_code fault;
-        if (fs::exists(path, fault) &&
-            !(fs::is_directory(path, fault) && fs::is_empty(path, fault))) {
-            throw Failure(path.string() +
-                          ": there is something already; a suite folder is made "
-                          "new or in an empty folder");
-        }
         for (fs::path missing = path; !fs::exists(missing, fault);
              missing = missing.parent_path()) {
             made_.push_back(missing);
         }
         fs::create_directories(path, fault);
-        if (fault) {
-            throw Failure(path.string() + ": " + fault.message());
+        lock_.emplace((path / kSuiteFile).string());
+        if (fault || !lock_->Fault().empty()) {
+            throw Failure(fault ? path.string() + ": " + fault.message() : lock_->Fault());
         }
+        CheckFree();
+        fs::remove_all(Workshop());
+        fs::create_directory(Workshop());
     }
 
     ~NewFolder() {
         std::error_code ignored;
-        if (kept_) {
+        if (finished_) {
             return;
         }
-        for (const auto& entry : fs::directory_iterator(path_, ignored)) {
-            fs::remove_all(entry.path(), ignored);
+        for (const fs::path& name : placed_) {
+            fs::remove_all(path_ / name, ignored);
         }
+        fs::remove_all(Workshop(), ignored);
+        lock_.reset();
         for (const fs::path& folder : made_) {
             fs::remove(folder, ignored);
         }
@@ -119,18 +126,54 @@ public:
     NewFolder(const NewFolder&) = delete;
     NewFolder& operator=(const NewFolder&) = delete;
 
-    void Keep() { kept_ = true; }
+    /// Where the files are to be made.
+    fs::path Workshop() const { return path_ / ".grdx-new"; }
+
+    void Finish() {
+        for (const auto& entry : fs::directory_iterator(Workshop())) {
+            if (entry.path().filename() != kSuiteFile) {
+                Place(entry.path().filename());
+            }
+        }
+        Place(kSuiteFile);
+        finished_ = true;
+        std::error_code ignored;
+        fs::remove(Workshop(), ignored);
+    }
 
 private:
+    /// Failure when the folder holds anything but what another maker has left.
+    void CheckFree() const {
+        std::error_code fault;
+        bool free = !fs::exists(path_, fault) || fs::is_directory(path_, fault);
+        for (const auto& entry : fs::directory_iterator(path_, fault)) {
+            const fs::path name = entry.path().filename();
+            free = free && (name == Workshop().filename() ||
+                            name == "." + std::string(kSuiteFile) + ".lock");
+        }
+        if (!free) {
+            throw Failure(path_.string() +
+                          ": there is something already; a suite folder is made "
+                          "new or in an empty folder");
+        }
+    }
+
+    void Place(const fs::path& name) {
+        fs::rename(Workshop() / name, path_ / name);
+        placed_.push_back(name);
+    }
+
     fs::path path_;
     std::vector<fs::path> made_;  ///< the folders that were missing, innermost first
-    bool kept_ = false;
+    std::vector<fs::path> placed_;
+    std::optional<win32::FileLock> lock_;
+    bool finished_ = false;
 };
 
 void WriteProfiles(const fs::path& folder, const ProjectData& project) {
     const std::string number = CheckedNumber(project.number);
     const std::string name = CheckedText(project.name, "project name", kNameLimit);
-    WriteFile(folder / "suite.ini", kSuiteProfile);
+    WriteFile(folder / kSuiteFile, kSuiteProfile);
     WriteFile(folder / "project.ini", "[Project]\nGCSY=" + std::to_string(project.index) +
                                           "\nGCBH=" + ProfileValue(number) +
                                           "\nGCBZ=" + std::to_string(project.code) +
@@ -152,13 +195,14 @@ void MakeSuiteFolder(const std::string& folder, const ProjectData& project) {
     // Without a slash at its end, which would count as one more name.
     const fs::path path = (fs::absolute(folder) / "").parent_path().lexically_normal();
     NewFolder made(path);
-    WriteProfiles(path, project);
-    WriteSupport(path / "Support");
+    WriteProfiles(made.Workshop(), project);
+    WriteSupport(made.Workshop() / "Support");
     {
-        SqliteDatabase database((path / "project.db").string(), SqliteDatabase::Mode::Create);
+        SqliteDatabase database((made.Workshop() / "project.db").string(),
+                                SqliteDatabase::Mode::Create);
         MakeProjectTables(database, project);
     }
-    made.Keep();
+    made.Finish();
 }
 
 }  // namespace console

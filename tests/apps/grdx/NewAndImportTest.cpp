@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "platform/win32/code_page.h"
 #include "tests/platform/oledb/SqliteTestDatabase.h"
@@ -72,6 +73,27 @@ TEST_F(NewAndImportTest, AFolderWithContentIsLeftAlone) {
     EXPECT_EQ(std::distance(fs::directory_iterator(Suite()), {}), 1);
     fs::remove(Suite() / "mine");
     EXPECT_EQ(Grdx({"new", Suite()}).status, 0) << "an empty folder will do";
+}
+
+TEST_F(NewAndImportTest, OfTwoAtOnceOneIsTheMakerAndAKilledOneLeavesNoSuite) {
+    int killed = 0;
+    for (int milliseconds = 0; milliseconds < 60; milliseconds += 5) {
+        const bool ended =
+            RunProgram({GRDX_PROGRAM, "new", Suite()}, milliseconds * 1000).status < 0;
+        const bool made = fs::exists(Suite() / "suite.ini");
+        EXPECT_EQ(Grdx({"list", "-s", Suite()}).status, made ? 0 : 1) << milliseconds;
+        EXPECT_EQ(Grdx({"new", Suite()}).status, made ? 1 : 0) << milliseconds;
+        killed += ended && !made ? 1 : 0;
+        fs::remove_all(Suite());
+
+        auto other = std::async([&] { return Grdx({"new", Suite()}); });
+        const int status = Grdx({"new", Suite()}).status;
+        EXPECT_EQ(status + other.get().status, 1) << "one done, one refused";
+        EXPECT_EQ(Grdx({"list", "-s", Suite()}).status, 0);
+        EXPECT_EQ(std::distance(fs::directory_iterator(Suite()), {}), 6) << "no traces of the work";
+        fs::remove_all(Suite());
+    }
+    EXPECT_GT(killed, 0);
 }
 
 TEST_F(NewAndImportTest, BadNumbersAndNamesAreRefusedAndLeaveNothing) {
