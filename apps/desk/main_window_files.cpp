@@ -126,8 +126,8 @@ void MainWindow::Plot() {
     }
     PlotWindow window(documents_, document, this);
     window.exec();
-    if (!window.Written().isEmpty()) {
-        line_->Print(QLatin1Char('\n') + window.Written() + QLatin1Char('\n'));
+    if (!window.Report().isEmpty()) {
+        line_->Print(QLatin1Char('\n') + window.Report() + QLatin1Char('\n'));
     }
 }
 

@@ -81,11 +81,10 @@ private:
     }
 
     QPen penOf(const Shape& shape) const {
+        const double onPaper =
+            shape.lineWeight < 0.0F ? kDefaultLineWeight : static_cast<double>(shape.lineWeight);
         const double weight =
-            look_.onPaper ? (shape.lineWeight < 0.0F ? kDefaultLineWeight
-                                                     : static_cast<double>(shape.lineWeight)) *
-                                pixelsPerUnit_
-                          : 1.0;
+            look_.onPaper ? std::max(onPaper * pixelsPerUnit_, look_.leastLineWidth) : 1.0;
         return QPen(colorOf(shape), highlighted_ ? weight + 1.5 : weight, Qt::SolidLine,
                     Qt::RoundCap, Qt::RoundJoin);
     }

@@ -23,6 +23,8 @@ struct Look {
     /// their weights say, in millimetres of a drawing whose unit is one, and what is on layers
     /// that are not printed is left out.
     bool onPaper = false;
+    /// Of lines on paper, device pixels: a page seen from afar on a screen keeps its thin ones.
+    double leastLineWidth = 0.0;
     /// Characters as filled outlines, for devices that cannot carry fonts.
     bool textAsOutlines = false;
     /// Asked for each entity in view when set.

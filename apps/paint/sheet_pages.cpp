@@ -23,21 +23,6 @@ Page RealSize(const picture::Box& view) {
     return {view, view.width(), view.height()};
 }
 
-Look PaperLook(const PlotOptions& options, bool textAsOutlines) {
-    Look look;
-    look.monochrome = options.monochrome;
-    look.onPaper = true;
-    look.textAsOutlines = textAsOutlines;
-    return look;
-}
-
-/// Paints the page so that it fills a device of that many dots.
-void PaintPage(QPainter& painter, const Sheet& sheet, const Page& page, const QSizeF& dots,
-               PicturePainter& pictures, const Look& look) {
-    const QTransform map = FitTransform(page.view, QRectF(QPointF(), dots));
-    pictures.paint(painter, sheet.list, map, page.view, look);
-}
-
 QPageSize PageSizeOf(const Page& page) {
     return QPageSize(QSizeF(page.width, page.height), QPageSize::Millimeter, QString(),
                      QPageSize::ExactMatch);
@@ -66,6 +51,19 @@ Page PageOf(const picture::DisplayList& list) {
                                       : Page{box, kLongSide, kA3LongSide};
 }
 
+Look PaperLook(const PlotOptions& options) {
+    Look look;
+    look.monochrome = options.monochrome;
+    look.onPaper = true;
+    return look;
+}
+
+void PaintSheet(QPainter& painter, const Sheet& sheet, const QRectF& target,
+                PicturePainter& pictures, const Look& look) {
+    const picture::Box view = PageOf(sheet.list).view;
+    pictures.paint(painter, sheet.list, FitTransform(view, target), view, look);
+}
+
 PdfPages::PdfPages(PicturePainter& pictures, const PlotOptions& options)
     : pictures_(pictures), options_(options), writer_(&buffer_) {
     buffer_.open(QIODevice::WriteOnly);
@@ -84,9 +82,9 @@ void PdfPages::Add(const Sheet& sheet) {
         painter_.begin(&writer_);
     }
     const double dotsPerMillimetre = kPdfResolution / kMillimetresPerInch;
-    PaintPage(painter_, sheet, page,
-              QSizeF(page.width * dotsPerMillimetre, page.height * dotsPerMillimetre), pictures_,
-              PaperLook(options_, false));
+    PaintSheet(painter_, sheet,
+               QRectF(0.0, 0.0, page.width * dotsPerMillimetre, page.height * dotsPerMillimetre),
+               pictures_, PaperLook(options_));
 }
 
 QByteArray PdfPages::Finish() {
@@ -107,7 +105,9 @@ QByteArray SvgOf(const Sheet& sheet, PicturePainter& pictures, const PlotOptions
     generator.setViewBox(QRectF(QPointF(), dots));
     generator.setTitle(sheet.title);
     QPainter painter(&generator);
-    PaintPage(painter, sheet, page, dots, pictures, PaperLook(options, true));
+    Look look = PaperLook(options);
+    look.textAsOutlines = true;
+    PaintSheet(painter, sheet, QRectF(QPointF(), dots), pictures, look);
     painter.end();
     return bytes;
 }
@@ -126,7 +126,7 @@ QByteArray PngOf(const Sheet& sheet, PicturePainter& pictures, const PlotOptions
     image.setDotsPerMeterX(static_cast<int>(std::round(dotsPerMillimetre * 1000.0)));
     image.setDotsPerMeterY(image.dotsPerMeterX());
     QPainter painter(&image);
-    PaintPage(painter, sheet, page, dots, pictures, PaperLook(options, false));
+    PaintSheet(painter, sheet, QRectF(QPointF(), dots), pictures, PaperLook(options));
     painter.end();
     QByteArray bytes;
     QBuffer buffer(&bytes);

@@ -33,6 +33,13 @@ struct Sheet {
     picture::DisplayList list;
 };
 
+/// How sheets look on paper.
+Look PaperLook(const PlotOptions& options);
+
+/// Paints the sheet's page as large as it fits into `target`, in the middle.
+void PaintSheet(QPainter& painter, const Sheet& sheet, const QRectF& target,
+                PicturePainter& pictures, const Look& look);
+
 /// Sheets as pages of one PDF file in real size, with fonts embedded.
 class PdfPages {
 public:
