@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all demo test sanitize fuzz bench format lint packages readers clean
+.PHONY: all demo test sanitize fuzz bench format lint install package try-package packages readers clean
 
 all: packages
 	cmake --preset $(PRESET)
@@ -30,6 +30,25 @@ fuzz: packages
 
 bench: all readers
 	@bench/run.sh $(BUILD)
+
+# Into PREFIX; DESTDIR is put in front of it.
+PREFIX ?= /usr/local
+install: packages
+	cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET) --target installable
+	cmake --install $(BUILD) --prefix $(PREFIX)
+
+# A Debian package, below $(BUILD)/package.
+package: packages
+	cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET) --target installable
+	rm -rf $(BUILD)/package
+	cd $(BUILD) && cpack -G DEB
+
+# The package looked through, and installed, used and removed in an empty Debian system.
+try-package: package
+	lintian --fail-on error $(BUILD)/package/*.deb
+	packaging/try_package.sh $(BUILD)/package/*.deb
 
 format: packages
 	@tools/format.sh

@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
     std::string error;
     std::string path;
     sheet = std::make_unique<AcDbDatabase>(false, true);
-    if (argc != 2 || !program.LoadModule(host::Host::FindModule("grdx.arx"), error) ||
+    if (argc != 2 || !program.LoadModule(host::Host::FindModule("grdx.arx", error), error) ||
         !win32::WindowsPath(argv[1], path) || sheet->readDwgFile(path.c_str()) != Acad::eOk) {
         std::fprintf(stderr, "usage: bench_picture SHEET.dwg %s\n", error.c_str());
         return 2;

@@ -15,7 +15,7 @@ rm -f $profile-*.profraw
 LLVM_PROFILE_FILE=$profile-%m.profraw build/coverage/bin/fuzz_drawing -runs=0 -max_len=65536 "$corpus" \
     build/fuzz/seeds 2>/dev/null
 llvm-profdata-14 merge -sparse $profile-*.profraw -o $profile.profdata
-llvm-cov-14 report build/coverage/bin/fuzz_drawing -object build/coverage/lib/libgrdx_platform.so \
+llvm-cov-14 report build/coverage/bin/fuzz_drawing -object build/coverage/lib/grdx/libgrdx_platform.so \
     -instr-profile=$profile.profdata -show-region-summary=false -show-branch-summary=false |
     awk '$1 ~ "^platform/dwg/" { print $(NF - 2), $(NF - 1), $NF, $1; lines += $(NF - 2); missed += $(NF - 1) }
          END { printf "%d lines, %d not reached: %.1f %% covered\n", lines, missed, 100 * (1 - missed / lines) }'

@@ -17,6 +17,7 @@ namespace host {
 
 namespace {
 constexpr std::size_t kFolderBufferSize = 260;
+constexpr const char* kModuleFolder = "lib/grdx";
 
 /// Command text that arrives at the main window goes to the current document.
 LRESULT OnMainWindowMessage(UINT message, LPARAM lParam) {
@@ -98,17 +99,17 @@ std::filesystem::path Host::ProgramFolder() {
     return std::filesystem::read_symlink("/proc/self/exe", untold).parent_path();
 }
 
-std::string Host::FindModule(const std::string& name) {
+std::string Host::FindModule(const std::string& name, std::string& error) {
     std::error_code fault;
     const std::filesystem::path folder = ProgramFolder();
-    if (folder.empty()) {
-        return {};  // a name alone would be one in the current folder
-    }
-    for (const auto& candidate : {folder / name, folder.parent_path() / "lib" / name}) {
-        if (std::filesystem::is_regular_file(candidate, fault)) {
+    for (const auto& candidate : {folder / name, folder.parent_path() / kModuleFolder / name}) {
+        // Without a folder the name alone would be one in the current folder.
+        if (!folder.empty() && std::filesystem::is_regular_file(candidate, fault)) {
             return candidate.string();
         }
     }
+    error = name + " is neither beside the program nor in the folder \"" + kModuleFolder +
+            "\" beside its folder";
     return {};
 }
 

@@ -26,9 +26,9 @@ public:
     bool LoadModule(const std::string& path, std::string& error);
     /// The running program's own folder; empty when the system does not tell it.
     static std::filesystem::path ProgramFolder();
-    /// The module `name` beside the running program, or in the folder "lib" beside the program's;
-    /// empty when it is in neither.
-    static std::string FindModule(const std::string& name);
+    /// The module `name` beside the running program, or in the folder "lib/grdx" beside the
+    /// program's; empty, and `error` says so, when it is in neither.
+    static std::string FindModule(const std::string& name, std::string& error);
     /// Makes the untitled drawing that a program starts with.
     void StartDocument();
 

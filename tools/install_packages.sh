@@ -13,6 +13,8 @@ packages=(
     libclang-rt-14-dev llvm-14
     # desktop program and plotting, their Chinese texts and font, and the tools that read plots in tests
     qt6-base-dev qt6-svg-dev qt6-translations-l10n fonts-wqy-zenhei poppler-utils
+    # manual pages, the Debian package, and the empty system in which it is tried
+    help2man dpkg-dev lintian mmdebstrap
     # independent readers of drawings, and the script that the benchmark compares with
     gdal-bin python3 python3-ezdxf nodejs npm
 )

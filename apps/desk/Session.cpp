@@ -36,10 +36,8 @@ Session::~Session() {
 }
 
 bool Session::Start(const std::string& suiteFolder, std::string& error) {
-    const std::string plugin = host::Host::FindModule(kPlugin);
+    const std::string plugin = host::Host::FindModule(kPlugin, error);
     if (plugin.empty()) {
-        error = std::string(kPlugin) +
-                " is neither beside the program nor in the folder \"lib\" beside its folder";
         return false;
     }
     if (!suiteFolder.empty() && !suite::CheckFolder(suiteFolder, error)) {

@@ -3,10 +3,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTimer>
+#include <iostream>
 
 #include "apps/desk/MainWindow.h"
 #include "apps/desk/application.h"
 #include "apps/windows/interface_text.h"
+#include "host/version.h"
 
 namespace {
 std::string AbsolutePath(const QString& path) {
@@ -25,21 +27,44 @@ std::string SuiteAskedFor(const QCommandLineParser& arguments) {
     return QFileInfo::exists(QStringLiteral("suite.ini")) ? AbsolutePath(QStringLiteral("."))
                                                           : std::string();
 }
-}  // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    desk::SetUpApplication();
-    QCommandLineParser arguments;
+void DescribeArguments(QCommandLineParser& arguments) {
     arguments.setApplicationDescription(
         windows::InterfaceText("Grain-size analysis charts", "颗粒分析成果图"));
     arguments.addHelpOption();
+    arguments.addVersionOption();
     arguments.addOption({{QStringLiteral("s"), QStringLiteral("suite")},
                          windows::InterfaceText("suite folder", "工程目录"),
                          QStringLiteral("DIR")});
     arguments.addPositionalArgument(QStringLiteral("FILE.dwg"),
                                     windows::InterfaceText("drawings to open", "要打开的图形"),
                                     QStringLiteral("[FILE.dwg...]"));
+}
+
+/// Answers --help and --version, which need no screen, in a program that has none. False when
+/// neither was asked for.
+bool AnswerWithoutScreen(QCommandLineParser& arguments, int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    // What is wrong with the others is told when there is a window system to know its own by.
+    arguments.parse(QCoreApplication::arguments());
+    if (arguments.isSet(QStringLiteral("version"))) {
+        std::cout << host::VersionText("desk") << '\n';
+    } else if (arguments.isSet(QStringLiteral("help"))) {
+        std::cout << arguments.helpText().toStdString();
+    } else {
+        return false;
+    }
+    return true;
+}
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCommandLineParser arguments;
+    DescribeArguments(arguments);
+    if (AnswerWithoutScreen(arguments, argc, argv)) {
+        return 0;
+    }
+    const QApplication application(argc, argv);
+    desk::SetUpApplication();
     arguments.process(application);
 
     desk::Session session;

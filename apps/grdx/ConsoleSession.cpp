@@ -42,12 +42,8 @@ void ConsoleSession::Start(const std::string& suiteFolder) {
     if (!suiteFolder.empty() && !host_.OpenSuite(suiteFolder, error)) {
         throw Failure(error);
     }
-    const std::string plugin = host::Host::FindModule(kPlugin);
-    if (plugin.empty()) {
-        throw Failure(std::string(kPlugin) +
-                      " is neither beside the program nor in the folder \"lib\" beside its folder");
-    }
-    if (!host_.LoadModule(plugin, error)) {
+    const std::string plugin = host::Host::FindModule(kPlugin, error);
+    if (plugin.empty() || !host_.LoadModule(plugin, error)) {
         throw Failure(error);
     }
     host_.StartDocument();

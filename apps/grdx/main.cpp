@@ -19,6 +19,7 @@
 #include "apps/grdx/suite_access.h"
 #include "apps/grdx/suite_listing.h"
 #include "apps/grdx/text_encoding.h"
+#include "host/version.h"
 #include "platform/suite/suite_folder.h"
 #include "platform/win32/file_replace.h"
 
@@ -159,6 +160,9 @@ using Call = bool (*)(const Options& options, MessageStream& messages);
 class CommandLine {
 public:
     CommandLine() {
+        app_.name("grdx");
+        app_.set_version_flag("--version", host::VersionText("grdx"),
+                              "Print version and formats and exit");
         app_.require_subcommand(1);
         AddNew();
         AddImport();

@@ -6,6 +6,7 @@
 
 #include "apps/plot/plot.h"
 #include "host/Host.h"
+#include "host/version.h"
 #include "platform/ed/command_line.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "platform/win32/code_page.h"
@@ -46,14 +47,8 @@ public:
         if (!suite.empty() && !host_.OpenSuite(suite, error)) {
             return false;
         }
-        const std::string plugin = host::Host::FindModule(kPlugin);
-        if (plugin.empty()) {
-            error = std::string(kPlugin) +
-                    " is neither beside the program nor in the folder "
-                    "\"lib\" beside its folder";
-            return false;
-        }
-        return host_.LoadModule(plugin, error);
+        const std::string plugin = host::Host::FindModule(kPlugin, error);
+        return !plugin.empty() && host_.LoadModule(plugin, error);
     }
 
 private:
@@ -77,6 +72,8 @@ class CommandLine {
 public:
     CommandLine() {
         app_.name("grdx plot");
+        app_.set_version_flag("--version", host::VersionText("grdx-plot"),
+                              "Print version and formats and exit");
         app_.add_option("file", request_.drawings, "DWG file")->required();
         app_.add_option("--to", request_.format, "kind of page: pdf, svg or png")
             ->required()

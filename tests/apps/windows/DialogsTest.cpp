@@ -38,7 +38,7 @@ protected:
         host_ = std::make_unique<host::Host>();
         std::string error;
         EXPECT_TRUE(host_->OpenSuite(suite_.Folder(), error)) << error;
-        EXPECT_TRUE(host_->LoadModule(host::Host::FindModule("grdx.arx"), error)) << error;
+        EXPECT_TRUE(host_->LoadModule(host::Host::FindModule("grdx.arx", error), error)) << error;
         host_->StartDocument();
     }
     ~Dialogs() override {
