@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include "apps/grdx/Failure.h"
+#include "apps/grdx/numbers.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 
 namespace console {
@@ -111,10 +112,31 @@ int SqliteStatement::Integer(int column) const {
 }
 
 std::optional<double> SqliteStatement::Number(int column) const {
-    if (sqlite3_column_type(handle_.get(), column) == SQLITE_NULL) {
+    switch (sqlite3_column_type(handle_.get(), column)) {
+        case SQLITE_NULL:
+            return std::nullopt;
+        case SQLITE_TEXT:
+        case SQLITE_BLOB:
+            return NumberInText(column);
+        default:
+            return sqlite3_column_double(handle_.get(), column);
+    }
+}
+
+std::optional<double> SqliteStatement::NumberInText(int column) const {
+    constexpr const char* kBlanks = " \t\r\n";
+    const std::string text = Text(column);
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string::npos) {
         return std::nullopt;
     }
-    return sqlite3_column_double(handle_.get(), column);
+    const std::size_t length = text.find_last_not_of(kBlanks) - first + 1;
+    const std::optional<double> number = ParseNumber(std::string_view(text).substr(first, length));
+    if (!number) {
+        throw Failure(database_.path_ + ": column " + sqlite3_column_name(handle_.get(), column) +
+                      ": \"" + text + "\" is no number");
+    }
+    return number;
 }
 
 std::string SqliteStatement::Text(int column) const {

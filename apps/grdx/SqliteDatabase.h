@@ -50,7 +50,8 @@ public:
     /// Runs a statement without rows and makes it ready for the next parameters.
     void Run();
 
-    /// Columns count from 0. A null is 0, an empty text, or nothing.
+    /// Columns count from 0. A null is 0, an empty text, or nothing. A number may also be written
+    /// as text; an empty one is nothing, any other that is no number throws.
     int Integer(int column) const;
     std::optional<double> Number(int column) const;
     std::string Text(int column) const;
@@ -60,6 +61,7 @@ private:
         void operator()(sqlite3_stmt* handle) const;
     };
     void Check(int result) const;
+    std::optional<double> NumberInText(int column) const;
 
     SqliteDatabase& database_;
     std::unique_ptr<sqlite3_stmt, Finalizer> handle_;

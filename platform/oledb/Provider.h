@@ -21,8 +21,9 @@ public:
     virtual ~Selection() = default;
     virtual std::size_t RowCount() const = 0;
     virtual std::size_t ColumnCount() const = 0;
-    /// For messages: "table, column NAME"; column from 0.
-    virtual std::string ColumnTitle(std::size_t column) const = 0;
+    /// For messages: the table, and the name of a column, from 0; a computed one's is its number.
+    virtual std::string Title() const = 0;
+    virtual std::string ColumnName(std::size_t column) const = 0;
     /// True when all rows come from one table, so that changes may be asked for.
     virtual bool FromOneTable() const = 0;
     /// The row's columns, with what Update has made of them. Rows count from 0; the texts live

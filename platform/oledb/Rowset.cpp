@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "platform/oledb/last_error.h"
+#include "platform/oledb/row_text.h"
 #include "platform/oledb/value_conversion.h"
 
 namespace oledb {
@@ -29,13 +30,13 @@ void PutStatus(const DBBINDING& binding, std::byte* data, DBSTATUS status) {
 const char* Reason(DBSTATUS status) {
     switch (status) {
         case DBSTATUS_S_ISNULL:
-            return "null where a value is needed";
+            return "a value is needed";
         case DBSTATUS_E_DATAOVERFLOW:
-            return "value out of the range of the bound type";
+            return "out of the range of the column's type";
         case DBSTATUS_E_BADSTATUS:
             return "status that cannot be written";
         default:
-            return "value cannot be converted";
+            return "not of the column's type";
     }
 }
 
@@ -60,11 +61,26 @@ HRESULT Rowset::CreateAccessor(DBACCESSORFLAGS flags, DBCOUNTITEM count, const D
         return SetLastError(DB_E_BADBINDINFO, "only row accessors are offered");
     }
     Accessor made;
-    const HRESULT result = made.Bind(count, bindings, selection_->ColumnCount(), statuses);
+    HRESULT result = made.Bind(count, bindings, selection_->ColumnCount(), statuses);
+    if (SUCCEEDED(result)) result = CheckCells(made);
     if (FAILED(result)) return result;
     if (scratch_.size() < made.LargestPlace()) scratch_.resize(made.LargestPlace());
     accessors_.emplace(++lastAccessor_, std::move(made));
     *accessor = lastAccessor_;
+    return S_OK;
+}
+
+HRESULT Rowset::CheckCells(const Accessor& accessor) {
+    for (std::size_t row = 0; row < selection_->RowCount(); ++row) {
+        const HRESULT result = selection_->Read(row, values_);
+        if (FAILED(result)) return result;
+        for (const DBBINDING& binding : accessor.Bindings()) {
+            const Value& value = values_[binding.iOrdinal - 1];
+            if (CountsAsNull(value, binding.wType)) continue;
+            const DBSTATUS status = CheckConversion(value, binding.wType);
+            if (!IsUsable(status)) return Unreadable(accessor, binding, status);
+        }
+    }
     return S_OK;
 }
 
@@ -135,7 +151,7 @@ HRESULT Rowset::CheckRow(HROW row) const {
 DBSTATUS Rowset::Deliver(const DBBINDING& binding, std::byte* data) const {
     const Value& value = values_[binding.iOrdinal - 1];
     std::byte* const place = data + binding.obValue;
-    if (value.kind == Value::Kind::Null) {
+    if (CountsAsNull(value, binding.wType)) {
         if (!HasStatus(binding)) return DBSTATUS_S_ISNULL;
         std::memset(place, 0, MinimumLength(binding.wType));
         PutStatus(binding, data, DBSTATUS_S_ISNULL);
@@ -146,9 +162,19 @@ DBSTATUS Rowset::Deliver(const DBBINDING& binding, std::byte* data) const {
     return status;
 }
 
-HRESULT Rowset::Faulty(const DBBINDING& binding, DBSTATUS status) const {
-    const std::string title = selection_->ColumnTitle(binding.iOrdinal - 1);
-    return SetLastError(DB_E_ERRORSOCCURRED, title + ": " + Reason(status));
+HRESULT Rowset::Unreadable(const Accessor& accessor, const DBBINDING& binding,
+                           DBSTATUS status) const {
+    const std::size_t column = binding.iOrdinal - 1;
+    return SetLastError(DB_E_ERRORSOCCURRED, RowText(*selection_, accessor, values_) + ": " +
+                                                 CellText(*selection_, {column, values_[column]}) +
+                                                 ": " + Reason(status));
+}
+
+HRESULT Rowset::Unwritable(const Accessor& accessor, const DBBINDING& binding,
+                           DBSTATUS status) const {
+    return SetLastError(DB_E_ERRORSOCCURRED, RowText(*selection_, accessor, values_) + ": " +
+                                                 selection_->ColumnName(binding.iOrdinal - 1) +
+                                                 ": " + Reason(status));
 }
 
 HRESULT Rowset::GetData(HROW row, HACCESSOR accessor, void* data) {
@@ -161,7 +187,7 @@ HRESULT Rowset::GetData(HROW row, HACCESSOR accessor, void* data) {
     if (FAILED(result)) return result;
     for (const DBBINDING& binding : bound->Bindings()) {
         const DBSTATUS status = Deliver(binding, static_cast<std::byte*>(data));
-        if (!IsUsable(status)) result = Faulty(binding, status);
+        if (!IsUsable(status)) result = Unreadable(*bound, binding, status);
     }
     return result;
 }
@@ -175,7 +201,7 @@ HRESULT Rowset::CheckChange(LONG kind) const {
 
 bool Rowset::Unchanged(const DBBINDING& binding, const std::byte* data) {
     const Value& value = values_[binding.iOrdinal - 1];
-    const bool wasNull = value.kind == Value::Kind::Null;
+    const bool wasNull = CountsAsNull(value, binding.wType);
     const bool isNull = StatusIn(binding, data) == DBSTATUS_S_ISNULL;
     if (wasNull || isNull) return wasNull == isNull;
     return IsUsable(ToPlace(value, binding, scratch_.data())) &&
@@ -201,8 +227,9 @@ HRESULT Rowset::Take(const Accessor& accessor, std::byte* data, bool changedOnly
         }
         if (status != DBSTATUS_S_OK) {
             PutStatus(binding, data, status);
-            result = Faulty(binding, status);
+            result = Unwritable(accessor, binding, status);
         }
+        if (!changedOnly) values_[binding.iOrdinal - 1] = value;
         taken.values.push_back({binding.iOrdinal - 1, value});
     }
     return result;
@@ -230,6 +257,7 @@ HRESULT Rowset::InsertRow(HCHAPTER /*chapter*/, HACCESSOR accessor, void* data, 
     const Accessor* const bound = FindAccessor(accessor);
     if (bound == nullptr) return DB_E_BADACCESSORHANDLE;
     if (data == nullptr) return E_INVALIDARG;
+    values_.assign(selection_->ColumnCount(), Value());
     Taken taken;
     result = Take(*bound, static_cast<std::byte*>(data), false, taken);
     if (FAILED(result)) return result;

@@ -54,12 +54,16 @@ private:
     HRESULT CheckRow(HROW row) const;
     HRESULT CheckChange(LONG kind) const;
     HRESULT DeleteRow(HROW row);
+    /// Every cell that is not null must fit its binding; the first that does not is told.
+    HRESULT CheckCells(const Accessor& accessor);
     DBSTATUS Deliver(const DBBINDING& binding, std::byte* data) const;
     /// True when the consumer's place holds what the row gives for the column.
     bool Unchanged(const DBBINDING& binding, const std::byte* data);
     /// All bound values, or with `changedOnly` those that differ from the row in `values_`.
     HRESULT Take(const Accessor& accessor, std::byte* data, bool changedOnly, Taken& taken);
-    HRESULT Faulty(const DBBINDING& binding, DBSTATUS status) const;
+    /// Tell that a cell of the row in `values_` cannot be read, or not be written.
+    HRESULT Unreadable(const Accessor& accessor, const DBBINDING& binding, DBSTATUS status) const;
+    HRESULT Unwritable(const Accessor& accessor, const DBBINDING& binding, DBSTATUS status) const;
 
     std::unique_ptr<Selection> selection_;
     RowsetProperties properties_;
@@ -69,7 +73,7 @@ private:
     std::unordered_set<HROW> deleted_;
     std::size_t next_ = 0;  ///< rows before the position
     bool restarted_ = true;
-    std::vector<Value> values_;       ///< the row read last
+    std::vector<Value> values_;       ///< the row read last, or the new one
     std::vector<std::byte> scratch_;  ///< a place to compare with
 };
 

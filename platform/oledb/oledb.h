@@ -69,7 +69,10 @@ struct ICommandProperties : IUnknown {
 
 struct IAccessor : IUnknown {
     /// `statuses` (may be null) gets one DBBINDSTATUS a binding; DB_E_ERRORSOCCURRED when one is
-    /// not OK. Bound are value and status; the types are those of oledb_types.h.
+    /// not OK. Bound are value and status; the types are those of oledb_types.h. Also
+    /// DB_E_ERRORSOCCURRED when a row has a cell that cannot become the type bound to it, so that a
+    /// walk never comes upon one; a null is none, nor is an empty text bound as a number, which
+    /// counts as null.
     virtual HRESULT CreateAccessor(DBACCESSORFLAGS flags, DBCOUNTITEM count,
                                    const DBBINDING* bindings, DBLENGTH rowSize, HACCESSOR* accessor,
                                    DBBINDSTATUS* statuses) = 0;

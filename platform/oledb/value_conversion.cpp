@@ -19,6 +19,14 @@ bool IsAscii(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
+bool IsUtf8(std::string_view text) {
+    return IsAscii(text) || win32::Utf8FromUtf16(win32::Utf16FromUtf8(text)) == text;
+}
+
+bool IsText(DBTYPE type) {
+    return type == DBTYPE_STR || type == DBTYPE_WSTR;
+}
+
 std::string_view WithoutBlanks(std::string_view text) {
     const std::size_t first = text.find_first_not_of(" \t\r\n");
     if (first == std::string_view::npos) return {};
@@ -65,9 +73,8 @@ DBSTATUS StoreInteger(const Value& number, std::byte* place) {
 DBSTATUS StoreFloat(const Value& number, std::byte* place) {
     const double wide =
         number.kind == Value::Kind::Real ? number.real : static_cast<double>(number.integer);
-    if (!std::isfinite(wide)) return DBSTATUS_E_DATAOVERFLOW;
     // Beyond the largest float by half a step or more, the conversion would give infinity.
-    if (std::abs(wide) >= 0x1.ffffffp127) return DBSTATUS_E_DATAOVERFLOW;
+    if (std::isfinite(wide) && std::abs(wide) >= 0x1.ffffffp127) return DBSTATUS_E_DATAOVERFLOW;
     const auto narrow = static_cast<float>(wide);
     std::memcpy(place, &narrow, sizeof(narrow));
     return DBSTATUS_S_OK;
@@ -199,9 +206,24 @@ DBLENGTH MinimumLength(DBTYPE type) {
     }
 }
 
+bool CountsAsNull(const Value& value, DBTYPE type) {
+    return value.kind == Value::Kind::Null ||
+           (value.kind == Value::Kind::Text && !IsText(type) && WithoutBlanks(value.text).empty());
+}
+
+DBSTATUS CheckConversion(const Value& value, DBTYPE type) {
+    if (!IsText(type)) {
+        std::byte place[sizeof(float)];
+        return StoreNumber(value, type, place);
+    }
+    const bool readable =
+        value.kind == Value::Kind::Text ? IsUtf8(value.text) : value.kind != Value::Kind::Blob;
+    return readable ? DBSTATUS_S_OK : DBSTATUS_E_CANTCONVERTVALUE;
+}
+
 DBSTATUS ToPlace(const Value& value, const DBBINDING& binding, std::byte* place) {
-    const bool text = binding.wType == DBTYPE_STR || binding.wType == DBTYPE_WSTR;
-    return text ? StoreText(value, binding, place) : StoreNumber(value, binding.wType, place);
+    return IsText(binding.wType) ? StoreText(value, binding, place)
+                                 : StoreNumber(value, binding.wType, place);
 }
 
 DBSTATUS FromPlace(const DBBINDING& binding, const std::byte* place, Value& value,

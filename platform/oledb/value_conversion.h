@@ -13,10 +13,17 @@ bool IsBindableType(DBTYPE type);
 /// Smallest place a value of the type needs, in bytes.
 DBLENGTH MinimumLength(DBTYPE type);
 
-/// Writes `value`, which is not null, into `place` as the binding's type. S_OK, S_TRUNCATED (a text
-/// cut at a whole character, a number's fraction dropped), or why it cannot be:
+/// True for a null, and for an empty text bound as a number: so databases import tables that leave
+/// a number out.
+bool CountsAsNull(const Value& value, DBTYPE type);
+/// What ToPlace would answer for a value that does not count as null, leaving aside that a text may
+/// be too long. A text that is no UTF-8 cannot be converted.
+DBSTATUS CheckConversion(const Value& value, DBTYPE type);
+
+/// Writes `value`, which does not count as null, into `place` as the binding's type. S_OK,
+/// S_TRUNCATED (a text cut at a whole character, a number's fraction dropped), or why it cannot be:
 /// E_CANTCONVERTVALUE, E_DATAOVERFLOW; the place is then as before. Texts become numbers when the
-/// whole text is one, blanks around it aside.
+/// whole text is one, blanks around it aside. Infinite numbers and NaN stay what they are.
 DBSTATUS ToPlace(const Value& value, const DBBINDING& binding, std::byte* place);
 
 /// The value in `place`. A 32-bit float becomes the double of its shortest decimal text, so that

@@ -19,7 +19,12 @@ bool LoadResultRow(GrainSizeRecord& record) {
         ReportTableOpenError(kGrainSizeTableError);
         return false;
     }
-    if (table.MoveFirst() != S_OK) {
+    const HRESULT row = table.MoveFirst();
+    // A value that is missing can only be the total mass: the sample counts as one without a row.
+    if (FAILED(row) && row != DB_E_ERRORSOCCURRED) {
+        ReportTableOpenError(kGrainSizeTableError);
+    }
+    if (row != S_OK) {
         return false;
     }
     record.totalMass = WidenFloat(table.record.KLTYZL);

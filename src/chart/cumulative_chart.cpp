@@ -20,17 +20,20 @@ const char* const kValueRows[] = {"!d$95", "!d$60", "!d$50", "!d$30", "!d$10", "
 // Intermediate lines that stop short of the value table.
 constexpr int kShortLines = 7;
 
-std::string SamplingDepthText() {
-    std::string text = "取样深度:"_gbk;
+/// False when the samples cannot be read; a depth that is not known is left out.
+bool MakeSamplingDepthText(std::string& text) {
+    text = "取样深度:"_gbk;
     double depth = 0.0;
     double thickness = 0.0;
-    if (LoadSampleDepth(depth, thickness) == 1 && thickness > 0.0) {
+    bool failed = false;
+    if (LoadSampleDepth(depth, thickness, &failed) == 1 && thickness > 0.0) {
         text += " " + FormatFixed(depth, 2) + "-" + FormatFixed(depth + thickness, 2) + "m";
     }
-    return text;
+    return !failed;
 }
 
-void DrawHeader(const CSheetPen& pen, const GrainSizeRecord& record) {
+void DrawHeader(const CSheetPen& pen, const GrainSizeRecord& record,
+                const std::string& samplingDepth) {
     ChartTextHeight = 4.0;
     ChartLineGap = 1.5;
     const auto write = [&pen](double dx, const std::string& text) {
@@ -42,7 +45,7 @@ void DrawHeader(const CSheetPen& pen, const GrainSizeRecord& record) {
     }
     write(10.0, "钻孔编号: "_gbk + record.borehole);
     write(64.0, "土样编号: "_gbk + record.sample);
-    write(116.0, SamplingDepthText());
+    write(116.0, samplingDepth);
 }
 
 void DrawSizeTitle(const CSheetPen& pen, const CurveGrid& grid) {
@@ -73,10 +76,12 @@ AcGePoint3dArray DrawValueTable(const CSheetPen& pen, const CurveGrid& grid) {
 
 int DrawChart(RecordKind kind, const CSheetPen& pen) {
     ChartData data;
-    if (!LoadChartData(kind, data)) {
+    std::string samplingDepth;
+    if (!LoadChartData(kind, data) ||
+        (kind == RecordKind::sample && !MakeSamplingDepthText(samplingDepth))) {
         return 0;
     }
-    DrawHeader(pen, data.record);
+    DrawHeader(pen, data.record, samplingDepth);
 
     ChartTextHeight = 3.0;
     ChartLineGap = 1.0;

@@ -122,6 +122,10 @@ HRESULT CProjectTable::MoveFirst() {
     return FAILED(result) ? result : MoveNext();
 }
 
+HRESULT CProjectTable::OpenFirst(const std::string& filter) {
+    return Open(BuildQuery(filter)) ? MoveFirst() : E_FAIL;
+}
+
 HRESULT CProjectTable::MoveNext() {
     if (rowset_ == nullptr) return E_UNEXPECTED;
     ReleaseRow();

@@ -17,13 +17,16 @@ public:
 
     /// The statement with the filter (table_filters.h) inserted; GBK.
     std::string BuildQuery(const std::string& filter) const;
-    /// True when the statement was executed; nothing is read yet. Opens the project database when
-    /// that has not happened. Shows nothing.
+    /// True when the statement was executed and every cell of its rows fits the record; nothing is
+    /// read yet. Opens the project database when that has not happened. Shows nothing.
     bool Open(const std::string& statement);
     /// S_OK when the first or next row is in the record; DB_S_ENDOFROWSET or a failure when not.
-    /// A row that cannot be read, such as one with a null in a column without status, is a failure.
+    /// A row that cannot be read, such as one with a null in a column without status, is a failure:
+    /// the rows after it are not known then, and what was read is not all there is.
     HRESULT MoveFirst();
     HRESULT MoveNext();
+    /// Opens the table with the filter and moves to the first row; a failure when it does not open.
+    HRESULT OpenFirst(const std::string& filter);
     /// Writes the record into the current row at once.
     HRESULT SetData();
     /// Makes a new row of the record at once; the current row stays current.

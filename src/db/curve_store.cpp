@@ -110,11 +110,12 @@ void InsertMissing(CSheJiTable& table, const CurveValues& curve, const std::vect
 int StoreLayerValues(const CurveValues& curve) {
     std::vector<Slot> slots = MakeSlots(curve);
     CSheJiTable table;
-    const std::string filter = LayerFilter(curve.projectIndex, curve.mainLayer, curve.subLayer);
-    if (!table.Open(table.BuildQuery(filter))) return 0;
-    HRESULT result = table.MoveFirst();
+    HRESULT result =
+        table.OpenFirst(LayerFilter(curve.projectIndex, curve.mainLayer, curve.subLayer));
     if (result != S_OK) return 0;
     for (; result == S_OK; result = table.MoveNext()) StoreIntoRow(table, slots);
+    // A row that cannot be read may be one of those that seem to be missing.
+    if (FAILED(result)) return 0;
     InsertMissing(table, curve, slots);
     return 1;
 }

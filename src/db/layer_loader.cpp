@@ -27,12 +27,11 @@ double LeadingNumber(std::string_view text) {
     return std::isfinite(number) ? number : 0.0;
 }
 
-/// Fills in what the layer's rows have; false when there is no row.
+/// Fills in what the layer's rows have; false when there is no row, or one that cannot be read.
 bool ReadClasses(ClassFractions& classes) {
     CSheJiTable table;
-    const std::string filter = LayerFilter(ProjectContext.GCSY, CurrentMainLayer, CurrentSubLayer);
-    if (!table.Open(table.BuildQuery(filter))) return false;
-    HRESULT result = table.MoveFirst();
+    HRESULT result =
+        table.OpenFirst(LayerFilter(ProjectContext.GCSY, CurrentMainLayer, CurrentSubLayer));
     if (result != S_OK) return false;
     for (; result == S_OK; result = table.MoveNext()) {
         const auto row = std::find_if(
@@ -42,7 +41,7 @@ bool ReadClasses(ClassFractions& classes) {
         classes[static_cast<std::size_t>(row - kSieveSeries.begin())] =
             LeadingNumber(table.record.CSV) / 100.0;
     }
-    return true;
+    return SUCCEEDED(result);
 }
 
 void ScaleToOne(std::vector<double>& fractions) {

@@ -8,11 +8,12 @@
 
 int CheckProjectNumber(int projectIndex, const std::string& projectNumber) {
     CGongChengTable table;
-    if (!table.Open(table.BuildQuery(ProjectFilter(projectIndex)))) {
+    const HRESULT row = table.OpenFirst(ProjectFilter(projectIndex));
+    if (FAILED(row)) {
         ReportTableOpenError(kProjectTableError);
         return 0;
     }
-    if (table.MoveFirst() != S_OK) {
+    if (row != S_OK) {
         AfxMessageBox("打开工点信息数据表中不存在该工程!"_gbk);
         return 0;
     }

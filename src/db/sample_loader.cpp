@@ -34,14 +34,13 @@ void SortBySize(std::vector<double>& sizes, std::vector<double>& masses) {
 
 }  // namespace
 
-int LoadSampleDepth(double& depth, double& thickness) {
+int LoadSampleDepth(double& depth, double& thickness, bool* failed) {
     CQuYangTable table;
-    const std::string filter = SampleFilter(ProjectContext.GCSY, CurrentBorehole, CurrentSample);
-    if (!table.Open(table.BuildQuery(filter))) {
-        ReportTableOpenError(kSampleTableError);
-        return 0;
-    }
-    if (table.MoveFirst() != S_OK) return 0;
+    const HRESULT row =
+        table.OpenFirst(SampleFilter(ProjectContext.GCSY, CurrentBorehole, CurrentSample));
+    if (failed != nullptr) *failed = FAILED(row);
+    if (FAILED(row)) ReportTableOpenError(kSampleTableError);
+    if (row != S_OK) return 0;
     if (table.record.QYSDStatus == DBSTATUS_S_ISNULL) {
         acutPrintf("\n数据库z_c_QuYang取样编号%s数据QYSD不全!"_gbk, CurrentSample.c_str());
         return 0;
@@ -57,14 +56,9 @@ int LoadSampleDepth(double& depth, double& thickness) {
 
 int LoadTestItems(std::vector<double>& sizes, std::vector<double>& masses) {
     CKeFenItemTable table;
-    const std::string filter =
-        SampleItemsFilter(ProjectContext.GCSY, CurrentBorehole, CurrentSample);
-    if (!table.Open(table.BuildQuery(filter))) {
-        ReportTableOpenError(kTestItemTableError);
-        return 0;
-    }
-    HRESULT result = table.MoveFirst();
-    if (result != S_OK) {
+    HRESULT result =
+        table.OpenFirst(SampleItemsFilter(ProjectContext.GCSY, CurrentBorehole, CurrentSample));
+    if (result == DB_S_ENDOFROWSET) {
         AfxMessageBox("请在数据表中输入数据"_gbk);
         return 0;
     }
@@ -76,6 +70,10 @@ int LoadTestItems(std::vector<double>& sizes, std::vector<double>& masses) {
         }
         sizes.push_back(WidenFloat(record.KLLJ));
         masses.push_back(WidenFloat(record.KLSYZL));
+    }
+    if (FAILED(result)) {
+        ReportTableOpenError(kTestItemTableError);
+        return 0;
     }
     SortBySize(sizes, masses);
     return 1;

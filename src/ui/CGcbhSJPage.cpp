@@ -23,6 +23,16 @@ std::string LayerLabel(int mainLayer, int subLayer) {
     return subLayer == 0 ? label : label + "-" + std::to_string(subLayer);
 }
 
+/// False when not all of them could be read, which only those hear of who listen to the database.
+bool ReadLayers(std::vector<std::string>& layers) {
+    CSheJiLayerTable table;
+    HRESULT row = table.OpenFirst(LayersWithFractionsFilter(ProjectContext.GCSY));
+    for (; row == S_OK; row = table.MoveNext()) {
+        layers.push_back(LayerLabel(table.record.ZCBH, table.record.YCBH));
+    }
+    return SUCCEEDED(row);
+}
+
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CGcbhSJPage, CModulePage)
@@ -34,12 +44,12 @@ CGcbhSJPage::CGcbhSJPage() : CModulePage(IDD_LAYER_PAGE) {}
 BOOL CGcbhSJPage::OnInitDialog() {
     CModulePage::OnInitDialog();
     const std::vector<std::string> stored = StoredMarks(LayerMarks());
-    CSheJiLayerTable table;
-    if (!table.Open(table.BuildQuery(LayersWithFractionsFilter(ProjectContext.GCSY)))) {
+    std::vector<std::string> layers;
+    if (!ReadLayers(layers)) {
         return TRUE;  // marks are compared with a complete list only
     }
-    for (HRESULT row = table.MoveFirst(); row == S_OK; row = table.MoveNext()) {
-        layers_.AddString(LayerLabel(table.record.ZCBH, table.record.YCBH).c_str());
+    for (const std::string& layer : layers) {
+        layers_.AddString(layer.c_str());
     }
     ShowMarks(layers_, LayerMarks(), stored);
     layers_.SetCurSel(0);

@@ -13,22 +13,23 @@
 
 namespace {
 
-/// Walks the test items and takes one text column, each run of equal texts once.
+/// Walks the test items and takes one text column, each run of equal texts once. A walk that does
+/// not come to its end is told like a table that does not open.
 template <std::size_t size>
 bool ReadColumn(const std::string& filter, WCHAR (CKeFenItemTable::Record::*column)[size],
                 std::vector<std::string>& texts) {
     CKeFenItemTable table;
-    if (!table.Open(table.BuildQuery(filter))) {
-        ReportTableOpenError(kTestItemTableError);
-        return false;
-    }
-    for (HRESULT row = table.MoveFirst(); row == S_OK; row = table.MoveNext()) {
+    HRESULT row = table.OpenFirst(filter);
+    for (; row == S_OK; row = table.MoveNext()) {
         std::string text = win32::GbkFromUtf16(table.record.*column);
         if (texts.empty() || texts.back() != text) {
             texts.push_back(std::move(text));
         }
     }
-    return true;
+    if (FAILED(row)) {
+        ReportTableOpenError(kTestItemTableError);
+    }
+    return SUCCEEDED(row);
 }
 
 bool IsDigit(char c) {

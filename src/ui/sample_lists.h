@@ -4,8 +4,8 @@
 #include <vector>
 
 /// What the pages and browsers list of the project's test items. Texts are GBK, in the database's
-/// order, without repetitions that follow each other. False, after telling the user, when the table
-/// cannot be opened.
+/// order, without repetitions that follow each other. False, after telling the user, when not all
+/// of them could be read.
 bool ReadBoreholes(std::vector<std::string>& boreholes);
 bool ReadSamples(const std::string& borehole, std::vector<std::string>& samples);
 

@@ -163,6 +163,69 @@ TEST_F(DrawTest, ChartsThatAreNotDrawnAreNamed) {
               "grdx: 1 sheet not made; not drawn: 6\n");
 }
 
+TEST_F(DrawTest, CellsThatCannotBeReadAreNamedAndNothingIsDrawnStoredOrUnmarked) {
+    ASSERT_EQ(DrawSamples("ZK1", {"--all"}).status, 0);
+    ASSERT_EQ(Grdx({"draw", "layers", "--all"}).status, 0);
+    for (const char* table : {"Z_c_KeFenCSXM", "x_SheJi"}) {  // as without keys of its own
+        suite_.Ask(std::string("CREATE TABLE t AS SELECT * FROM ") + table + "; DROP TABLE " +
+                   table + "; ALTER TABLE t RENAME TO " + table);
+    }
+    fs::remove_all(ChartFolder());
+    struct Case {
+        const char* row;
+        const char* column;
+        const char* value;
+        bool layers;
+        const char* told;
+    };
+    const char* const kItem = "Z_c_KeFenCSXM WHERE ZKBH='ZK1' AND QYBH='3' AND XH=5";
+    const char* const kLayer = "x_SheJi WHERE ZCBH=2 AND YCBH=1 AND CSLX=1108";
+    const Case cases[] = {
+        {kItem, "KLSYZL", "'12g'", false,
+         "不能打开颗分试验项目表,请检查数据!\ngrdx: Z_c_KeFenCSXM, GCSY=1, ZKBH=ZK1, QYBH=3, XH=5: "
+         "KLSYZL=12g: not of the column's type\n"},
+        {kItem, "XH", "NULL", false, "QYBH=3, XH=null: XH=null: a value is needed"},
+        {kItem, "ZKBH", "NULL", false, "ZKBH=null: a value is needed"},
+        {kItem, "QYBH", "x'33'", false, "QYBH=(binary data): not of the column's type"},
+        {"Z_c_KeFen WHERE ZKBH='ZK1' AND QYBH='1'", "KL20", "'-'", false,
+         "不能打开颗分试验表!请检查!\n"},
+        {kLayer, "ZCBH", "300", true, "ZCBH=300: out of the range"},
+        {kLayer, "YCBH", "NULL", true, "YCBH=null: a value is needed"},
+    };
+    const auto traces = [&] {
+        return FileBytes(folder_ / "marks.ini") + FileBytes(folder_ / "project.ini") +
+               suite_.Ask("SELECT * FROM Z_c_KeFen") + suite_.Ask("SELECT * FROM x_SheJi");
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.row) + " " + c.column);
+        fs::copy_file(suite_.Database(), scratch_.Path() / "sound.db",
+                      fs::copy_options::overwrite_existing);
+        std::string update = std::string("UPDATE ") + c.row;
+        update.insert(update.find(" WHERE"), std::string(" SET ") + c.column + "=" + c.value);
+        suite_.Ask(update);
+        const std::string before = traces();
+        const ProgramResult run =
+            c.layers ? Grdx({"draw", "layers", "--all"}) : DrawSamples("ZK1", {"--all"});
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.output, "");
+        EXPECT_THAT(run.errors, HasSubstr(c.told));
+        EXPECT_EQ(traces(), before);
+        fs::copy_file(scratch_.Path() / "sound.db", suite_.Database(),
+                      fs::copy_options::overwrite_existing);
+    }
+    // The table of the depths is read for A3 sheets alone; an empty number is a missing one.
+    suite_.Ask("UPDATE z_c_QuYang SET QYSD='1,5' WHERE ZKBH='ZK1' AND QYBH='1'");
+    EXPECT_EQ(DrawSamples("ZK1", {"--sample", "1"}).status, 0);
+    Edit("project.ini", "GCBZ=0", "GCBZ=2");
+    const ProgramResult deep = DrawSamples("ZK1", {"--sample", "1"});
+    EXPECT_EQ(deep.status, 1);
+    EXPECT_THAT(deep.errors, HasSubstr("QYBH=1: QYSD=\"1,5\": not of the column's type"));
+    EXPECT_THAT(Grdx({"list"}).errors, HasSubstr("column QYSD: \"1,5\" is no number"));
+    suite_.Ask("UPDATE Z_c_KeFenCSXM SET KLSYZL='' WHERE ZKBH='ZK1' AND QYBH='2' AND XH=5");
+    EXPECT_THAT(DrawSamples("ZK1", {"--sample", "2"}).errors,
+                testing::StartsWith("颗分试验项目表数据不全，请检查!\n"));
+}
+
 TEST_F(DrawTest, ALayerThatIsGoneWhenItsTurnComesIsNamed) {
     suite_.Ask(
         "CREATE TRIGGER lose AFTER INSERT ON x_SheJi WHEN NEW.ZCBH=2 AND NEW.YCBH=1 "

@@ -5,10 +5,9 @@
 
 namespace oledb::sqlite {
 
-std::string SqliteSelection::ColumnTitle(std::size_t column) const {
+std::string SqliteSelection::ColumnName(std::size_t column) const {
     const std::string& origin = plan_->Origin(column);
-    const std::string name = origin.empty() ? std::to_string(column + 1) : origin;
-    return plan_->Title() + ", column " + name;
+    return origin.empty() ? std::to_string(column + 1) : origin;
 }
 
 HRESULT SqliteSelection::Execute(const std::vector<Value>& parameters) {
@@ -76,8 +75,9 @@ HRESULT SqliteSelection::CheckIdentified() const {
 HRESULT SqliteSelection::CheckColumns(const std::vector<ColumnValue>& values) const {
     for (const ColumnValue& value : values) {
         if (plan_->Origin(value.column).empty()) {
-            return SetLastError(DB_E_ERRORSOCCURRED,
-                                ColumnTitle(value.column) + ": a computed value");
+            return SetLastError(
+                DB_E_ERRORSOCCURRED,
+                plan_->Title() + ", column " + ColumnName(value.column) + ": a computed value");
         }
     }
     return S_OK;

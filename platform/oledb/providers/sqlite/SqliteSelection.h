@@ -22,7 +22,8 @@ public:
 
     std::size_t RowCount() const override { return rows_.RowCount(); }
     std::size_t ColumnCount() const override { return plan_->ColumnCount(); }
-    std::string ColumnTitle(std::size_t column) const override;
+    std::string Title() const override { return plan_->Title(); }
+    std::string ColumnName(std::size_t column) const override;
     bool FromOneTable() const override { return plan_->FromOneTable(); }
     HRESULT Read(std::size_t row, std::vector<Value>& values) override;
     HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values) override;

@@ -1,0 +1,49 @@
+#include "platform/oledb/row_text.h"
+
+#include <charconv>
+
+namespace oledb {
+namespace {
+
+template <class Number>
+std::string NumberText(Number number) {
+    char digits[32];
+    return {digits, std::to_chars(digits, digits + sizeof(digits), number).ptr};
+}
+
+std::string ValueText(const Value& value) {
+    switch (value.kind) {
+        case Value::Kind::Null:
+            return "null";
+        case Value::Kind::Integer:
+            return NumberText(value.integer);
+        case Value::Kind::Real:
+            return NumberText(value.real);
+        case Value::Kind::Blob:
+            return "(binary data)";
+        case Value::Kind::Text:
+            break;
+    }
+    const bool plain = !value.text.empty() && value.text != "null" &&
+                       value.text.find_first_of(" \t\r\n\",:;=()") == std::string_view::npos;
+    return plain ? std::string(value.text) : '"' + std::string(value.text) + '"';
+}
+
+}  // namespace
+
+std::string CellText(const Selection& selection, const ColumnValue& cell) {
+    return selection.ColumnName(cell.column) + "=" + ValueText(cell.value);
+}
+
+std::string RowText(const Selection& selection, const Accessor& accessor,
+                    const std::vector<Value>& row) {
+    std::string text = selection.Title();
+    for (const DBBINDING& binding : accessor.Bindings()) {
+        if ((binding.dwPart & DBPART_STATUS) != 0) break;
+        const std::size_t column = binding.iOrdinal - 1;
+        text += ", " + CellText(selection, {column, row[column]});
+    }
+    return text;
+}
+
+}  // namespace oledb
