@@ -1,11 +1,12 @@
 #include "src/core/characteristic_diameters.h"
 
+std::optional<double> Determined(double value) {
+    return value > kNotDeterminedUpTo ? std::optional(value) : std::nullopt;
+}
+
 std::optional<double> DeterminedDiameter(std::span<const double> diameters, DiameterIndex index) {
     const auto i = static_cast<std::size_t>(index);
-    if (i >= diameters.size() || !(diameters[i] > kNotDeterminedUpTo)) {
-        return std::nullopt;
-    }
-    return diameters[i];
+    return i < diameters.size() ? Determined(diameters[i]) : std::nullopt;
 }
 
 std::optional<double> Uniformity(std::span<const double> diameters) {
@@ -14,7 +15,7 @@ std::optional<double> Uniformity(std::span<const double> diameters) {
     if (!d60 || !d10) {
         return std::nullopt;
     }
-    return *d60 / *d10;
+    return Determined(*d60 / *d10);
 }
 
 std::optional<double> Curvature(std::span<const double> diameters) {
@@ -24,5 +25,5 @@ std::optional<double> Curvature(std::span<const double> diameters) {
     if (!d60 || !d30 || !d10) {
         return std::nullopt;
     }
-    return *d30 * *d30 / (*d10 * *d60);
+    return Determined(*d30 * *d30 / (*d10 * *d60));
 }

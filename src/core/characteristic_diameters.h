@@ -22,11 +22,15 @@ struct DiameterLevel {
 inline constexpr std::array<DiameterLevel, kDiameterCount> kDiameterLevels{
     {{95, 0.5}, {85, 1.5}, {60, 4}, {50, 5}, {30, 7}, {15, 8.5}, {10, 9}, {90, 1}}};
 
+/// The value, or nothing when it counts as not determined.
+std::optional<double> Determined(double value);
+
 /// The diameter at `index`; nothing when the list is too short for it (an interrupted computation)
 /// or the diameter is not determined.
 std::optional<double> DeterminedDiameter(std::span<const double> diameters, DiameterIndex index);
 
-/// Coefficient of uniformity, d60 / d10; nothing unless both are determined.
+/// Coefficient of uniformity, d60 / d10; nothing unless both are determined, and it is itself.
 std::optional<double> Uniformity(std::span<const double> diameters);
-/// Coefficient of curvature, d30² / (d10 × d60); nothing unless all three are determined.
+/// Coefficient of curvature, d30² / (d10 × d60); nothing unless all three are determined, and it is
+/// itself.
 std::optional<double> Curvature(std::span<const double> diameters);

@@ -1,5 +1,7 @@
 #include "src/core/percent_passing.h"
 
+#include <cmath>
+
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 
@@ -13,7 +15,8 @@ bool ComputeSamplePassing(const GrainSizeRecord& record, std::vector<double>& pa
     for (double mass : masses) {
         retained += mass;
     }
-    if (!(record.totalMass > 0.0) || retained - record.totalMass > kMassTolerance) {
+    const bool weighed = record.totalMass > 0.0 && std::isfinite(record.totalMass);
+    if (!weighed || retained - record.totalMass > kMassTolerance) {
         AfxMessageBox("筛余质量的和大于试样的总质量，请检查数据表中的数据！"_gbk);
         return false;
     }

@@ -1,6 +1,7 @@
 #include "src/db/sample_loader.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <numeric>
 
@@ -32,6 +33,17 @@ void SortBySize(std::vector<double>& sizes, std::vector<double>& masses) {
     masses = std::move(sortedMasses);
 }
 
+/// False for a null and for what is no finite number.
+bool IsKnown(float value, DBSTATUS status) {
+    return status != DBSTATUS_S_ISNULL && std::isfinite(value);
+}
+
+/// Whether a chart can be drawn from the item. Size 0 is the pan; none is smaller.
+bool IsComplete(const CKeFenItemTable::Record& item) {
+    return IsKnown(item.KLLJ, item.KLLJStatus) && IsKnown(item.KLSYZL, item.KLSYZLStatus) &&
+           item.KLLJ >= 0.0F;
+}
+
 }  // namespace
 
 int LoadSampleDepth(double& depth, double& thickness, bool* failed) {
@@ -41,12 +53,12 @@ int LoadSampleDepth(double& depth, double& thickness, bool* failed) {
     if (failed != nullptr) *failed = FAILED(row);
     if (FAILED(row)) ReportTableOpenError(kSampleTableError);
     if (row != S_OK) return 0;
-    if (table.record.QYSDStatus == DBSTATUS_S_ISNULL) {
+    if (!IsKnown(table.record.QYSD, table.record.QYSDStatus)) {
         acutPrintf("\n数据库z_c_QuYang取样编号%s数据QYSD不全!"_gbk, CurrentSample.c_str());
         return 0;
     }
     depth = WidenFloat(table.record.QYSD);
-    if (table.record.QYHDStatus == DBSTATUS_S_ISNULL) {
+    if (!IsKnown(table.record.QYHD, table.record.QYHDStatus)) {
         acutPrintf("\n数据库z_c_QuYang取样编号%s数据QYHD不全!"_gbk, CurrentSample.c_str());
         return 0;
     }
@@ -64,7 +76,7 @@ int LoadTestItems(std::vector<double>& sizes, std::vector<double>& masses) {
     }
     for (; result == S_OK; result = table.MoveNext()) {
         const auto& record = table.record;
-        if (record.KLLJStatus == DBSTATUS_S_ISNULL || record.KLSYZLStatus == DBSTATUS_S_ISNULL) {
+        if (!IsComplete(record)) {
             AfxMessageBox("颗分试验项目表数据不全，请检查!"_gbk);
             return 0;
         }

@@ -1,9 +1,11 @@
 #include "src/frame/project_context.h"
 
 #include <cstdlib>
+#include <limits>
 #include <string>
 
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDb.h"
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "platform/win32/private_profile.h"
@@ -31,6 +33,21 @@ void RefuseUncheckedData(ProjectCheck variant) {
     RequestDataManagement();
 }
 
+/// A curve keeps the index of its project in 16 bits, and by it finds the rows of its results: cut
+/// to these, a larger index would be another project's.
+bool FitsCurve(const std::string& index) {
+    using Range = std::numeric_limits<Adesk::Int16>;
+    const long long number = std::strtoll(index.c_str(), nullptr, 10);
+    return number >= Range::min() && number <= Range::max();
+}
+
+void RefuseIndex(const std::string& index) {
+    const std::string number = ReadProfileText(kSection, "GCBH", ProjectProfilePath);
+    AfxMessageBox(("工程“"_gbk + number + "”的序号 "_gbk + index +
+                   " 大于 32767，曲线的结果会存入其他工程，不能出图！"_gbk)
+                      .c_str());
+}
+
 }  // namespace
 
 bool CheckProject(ProjectCheck variant) {
@@ -41,6 +58,11 @@ bool CheckProject(ProjectCheck variant) {
     // The suite writes 0 once the data have passed; a project without the flag counts as unchecked.
     if (ReadNumber("GCSJ", 1) > 0) {
         RefuseUncheckedData(variant);
+        return false;
+    }
+    const std::string index = ReadProfileText(kSection, "GCSY", ProjectProfilePath);
+    if (variant == ProjectCheck::kCharts && !FitsCurve(index)) {
+        RefuseIndex(index);
         return false;
     }
     return true;

@@ -6,8 +6,9 @@ enum class ProjectCheck {
     kOpeners,  ///< a chart-opening command
 };
 
-/// True when the suite has a project open and its data have passed the suite's data check. Else
-/// the user is told why, and the command is to end.
+/// True when the suite has a project open, its data have passed the suite's data check and, for a
+/// chart command, its index is one that curves can keep. Else the user is told why, and the command
+/// is to end.
 bool CheckProject(ProjectCheck variant);
 
 /// Reads ProjectContext from the project profile.

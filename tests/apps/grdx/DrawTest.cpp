@@ -246,6 +246,12 @@ TEST_F(DrawTest, WhatStandsInTheWayOfTheCommandIsToldAsItStands) {
               "工程数据没有进行[数据合法性检查]，\n请到主模块执行[数检]命令后再试此功能！\n"
               "Unknown command \"GoDBManage\".\ngrdx: nothing was drawn\n");
     Edit("project.ini", "GCSJ=1", "GCSJ=0");
+    Edit("project.ini", "GCSY=1", "GCSY=65537");
+    const ProgramResult far = DrawSamples("ZK1", {"--all"});
+    EXPECT_EQ(far.status, 1);
+    EXPECT_THAT(far.errors, HasSubstr("工程“2026-017”的序号 65537"));
+    EXPECT_EQ(Grdx({"list"}).status, 0);
+    Edit("project.ini", "GCSY=65537", "GCSY=1");
     std::ofstream(folder_ / "output") << "a file where a folder must be";
     const ProgramResult noFolder = DrawSamples("ZK1", {"--sample", "1"});
     EXPECT_EQ(noFolder.status, 1);

@@ -20,6 +20,13 @@ TEST(CharacteristicDiameters, CoefficientsNeedTheirDiameters) {
     EXPECT_FALSE(Curvature(tinyD30)) << "0.0001 counts as not determined";
     EXPECT_FALSE(Uniformity(std::span(complete).first(6))) << "interrupted before d10";
     EXPECT_FALSE(Curvature({}));
+    // The same bound holds for what is made of them.
+    const std::array<double, 8> steep{200, 150, 100, 50, 0.001, 0.0009, 0.0008, 180};
+    EXPECT_TRUE(Uniformity(steep));
+    EXPECT_FALSE(Curvature(steep)) << "0.0000125";
+    const std::array<double, 8> reversed{2, 1, 0.0002, 1, 1, 1, 2.0, 1};
+    EXPECT_FALSE(Uniformity(reversed)) << "0.0001";
+    EXPECT_TRUE(Curvature(reversed));
 }
 
 }  // namespace

@@ -59,6 +59,7 @@ TEST(PercentPassing, RefusesMassesAboveTheTotal) {
         {"above the tolerance", Sample({2, 0.5}, {60, 40.00002}, 100), false},
         {"a single mass above", Sample({2}, {100.1}, 100), false},
         {"a total of nothing", Sample({2, 0.5}, {0, 0}, 0), false},
+        {"an infinite total", Sample({2, 0.5}, {1, 1}, HUGE_VAL), false},
         {"a negative total", Sample({2, 0.5}, {-60, -60}, -100), false},
     };
     for (const auto& c : cases) {

@@ -51,6 +51,12 @@ TEST_F(CurveStore, ASamplesDiametersGoIntoItsRow) {
     curve_.diameters[6] = 0.1;
     EXPECT_EQ(StoreCurveValues(curve_, kSampleCharts), 1);
     EXPECT_EQ(Results(), "0.1|0.04|null|null|0.3|null|1.4|1.9|3.0|null");
+    curve_.diameters = {200, 150, 100, 50, 0.001, 0.0009, 0.0008, 180};
+    AddLayerRow(1127, "'5'");
+    EXPECT_EQ(StoreCurveValues(curve_, kSampleCharts), 1);
+    EXPECT_EQ(Rows("SELECT KLBJXS,KLQLXS FROM Z_c_KeFen WHERE QYBH='5'"), "125000.0|null");
+    EXPECT_EQ(StoreCurveValues(curve_, kLayerCharts), 1);
+    EXPECT_EQ(Rows("SELECT count(*) FROM x_SheJi WHERE CSLX=1127"), "0");
 }
 
 TEST_F(CurveStore, WithoutARowOrTableNothingIsStored) {

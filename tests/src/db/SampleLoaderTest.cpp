@@ -25,6 +25,7 @@ TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
         {nullptr, 0, -9, -9, ""},
         {"NULL,0.2", 0, -9, -9, "\n数据库z_c_QuYang取样编号5数据QYSD不全!"},
         {"12.3,NULL", 0, 12.3, -9, "\n数据库z_c_QuYang取样编号5数据QYHD不全!"},
+        {"12.3,9e999", 0, 12.3, -9, "\n数据库z_c_QuYang取样编号5数据QYHD不全!"},
         {"0,0", 1, 0, 0, ""},
     };
     for (const Case& c : cases) {
@@ -76,7 +77,7 @@ TEST_F(SampleLoader, MissingItemsAreTold) {
     std::vector<double> masses;
     EXPECT_EQ(LoadTestItems(sizes, masses), 0);
     EXPECT_EQ(Box(), "请在数据表中输入数据");
-    for (const char* second : {"NULL,1", "2,NULL"}) {
+    for (const char* second : {"NULL,1", "2,NULL", "-0.5,1", "9e999,1", "2,-9e999", "2,'nan'"}) {
         Run("DELETE FROM Z_c_KeFenCSXM; INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',1,0.5,30)");
         Run(std::string("INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',2,") + second + ")");
         sizes.clear();

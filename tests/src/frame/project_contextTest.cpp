@@ -51,6 +51,18 @@ TEST_F(ProjectContextTest, AProjectPassesWhenOpenAndChecked) {
                               "功能！"}));
 }
 
+TEST_F(ProjectContextTest, AProjectWhoseIndexACurveCannotKeepHasNoCharts) {
+    for (const auto& [index, fits] :
+         {std::pair{"32767", true}, {"32768", false}, {"65537", false}, {"4294967297", false}}) {
+        WriteProject(std::string("GCBH=勘-1\r\nGCSJ=0\r\nGCSY=") + index + "\r\n");
+        EXPECT_EQ(CheckProject(ProjectCheck::kCharts), fits) << index;
+        EXPECT_TRUE(CheckProject(ProjectCheck::kOpeners)) << index;
+        EXPECT_EQ(Boxes(), fits ? Texts{}
+                                : Texts{"工程“勘-1”的序号 " + std::string(index) +
+                                        " 大于 32767，曲线的结果会存入其他工程，不能出图！"});
+    }
+}
+
 TEST_F(ProjectContextTest, UncheckedDataHandTheChartsOverToDataManagementOnly) {
     WriteProject("GCSY=1\r\n");
     EXPECT_FALSE(CheckProject(ProjectCheck::kOpeners));
