@@ -48,6 +48,8 @@ def allowed(room):
         return [room, "apps/paint", "host", "platform/"]
     if room == "apps/desk":
         return [room, "apps/paint", "apps/windows", "host", "platform/"]
+    if room == "apps/grdx":
+        return [room, "src/core", "host", "platform/"]
     return [room, "host", "platform/"]
 
 

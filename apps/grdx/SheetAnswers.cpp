@@ -100,6 +100,7 @@ std::vector<mfc::Answer> SheetAnswers::operator()(mfc::FrameModel& window) {
             step_ = Step::Done;
             return PickItems(window);
         case Step::Done:
+            picked_.clear();  // the sheet has not taken it and is cancelled
             break;
     }
     return {};

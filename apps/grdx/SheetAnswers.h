@@ -21,7 +21,8 @@ public:
     /// An answer source for the window system.
     std::vector<mfc::Answer> operator()(mfc::FrameModel& window);
 
-    /// What was picked, in the order of the page's list (GBK, without marks); empty before.
+    /// What was picked, in the order of the page's list (GBK, without marks); empty before, and
+    /// when the sheet refused to close with it.
     const std::vector<std::string>& Picked() const { return picked_; }
 
 private:

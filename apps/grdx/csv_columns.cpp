@@ -4,6 +4,7 @@
 
 #include "apps/grdx/numbers.h"
 #include "platform/win32/code_page.h"
+#include "src/core/sample_names.h"
 
 namespace console {
 
@@ -75,14 +76,17 @@ std::string RecordReader::Text(std::size_t column, std::size_t limit) {
 
 std::string RecordReader::Name(std::size_t column, std::size_t limit) {
     const std::string& name = record_.fields[column];
+    std::string gbk;
     if (name.empty()) {
         Fail(header_[column] + ": missing");
-    } else if (name.front() == ' ' || name.back() == ' ') {
-        Fail(Quoted(column) + ": blanks around the name");
-    } else if (name.find('\'') != std::string::npos) {
-        Fail(Quoted(column) + ": a single quote, which the database's filters cannot hold");
-    } else if (name.front() == '*') {
-        Fail(Quoted(column) + ": \"*\" in front is the mark of drawn charts");
+    } else if (win32::TryGbkFromUtf8(name, gbk)) {
+        const NameFault fault = FindNameFault(gbk, limit);
+        if (fault.kind == NameFault::Kind::kBlankAtEnd) {
+            Fail(Quoted(column) + ": blanks around the name");
+        } else if (fault.kind == NameFault::Kind::kCharacter) {
+            Fail(Quoted(column) + ": " + fault.character +
+                 " cannot stand in the name of a sheet or in its mark");
+        }
     }
     return Text(column, limit);
 }

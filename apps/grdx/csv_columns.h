@@ -21,8 +21,7 @@ public:
     RecordReader(const CsvRecord& record, const std::vector<std::string>& header)
         : record_(record), header_(header) {}
 
-    /// A name of up to `limit` characters that the database and the charts can hold: not empty, no
-    /// blanks around it, no quote ('), no '*' in front (the lists mark drawn items with it).
+    /// A name of up to `limit` characters that sheets, their marks and the database can hold.
     std::string Name(std::size_t column, std::size_t limit);
     /// A text of up to `limit` characters, which may be empty.
     std::string Text(std::size_t column, std::size_t limit);

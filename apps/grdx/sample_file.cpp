@@ -4,6 +4,7 @@
 #include <unordered_map>
 
 #include "apps/grdx/csv_columns.h"
+#include "src/core/sample_names.h"
 
 namespace console {
 
@@ -12,9 +13,7 @@ const std::vector<std::string> kHeader = {"borehole", "sample", "depth", "thickn
                                           "method",   "total",  "size",  "mass"};
 enum Column : std::size_t { kBorehole, kSample, kDepth, kThickness, kMethod, kTotal, kSize, kMass };
 
-// What the columns of the project database hold, in characters.
-constexpr std::size_t kBoreholeLimit = 20;
-constexpr std::size_t kSampleLimit = 12;
+// What the column of the project database holds, in characters.
 constexpr std::size_t kMethodLimit = 15;
 
 std::optional<double> NumberOrNull(RecordReader& reader, Column column) {
@@ -24,8 +23,8 @@ std::optional<double> NumberOrNull(RecordReader& reader, Column column) {
 /// The record as a sample of one item.
 SampleData ReadRecord(RecordReader& reader) {
     SampleData data;
-    data.borehole = reader.Name(kBorehole, kBoreholeLimit);
-    data.sample = reader.Name(kSample, kSampleLimit);
+    data.borehole = reader.Name(kBorehole, kBoreholeLength);
+    data.sample = reader.Name(kSample, kSampleLength);
     data.depth = NumberOrNull(reader, kDepth);
     data.thickness = NumberOrNull(reader, kThickness);
     data.method = reader.Text(kMethod, kMethodLimit);

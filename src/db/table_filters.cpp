@@ -48,6 +48,11 @@ std::string ProjectItemsFilter(int projectIndex) {
     return Project(projectIndex) + " ORDER BY ZKBH,QYBH,XH";
 }
 
+std::string OverlongItemsFilter(int projectIndex, const std::string& column, std::size_t length) {
+    return Project(projectIndex) + " and " + column + " LIKE '" + std::string(length + 1, '_') +
+           "%' ORDER BY ZKBH,QYBH,XH";
+}
+
 std::string BoreholeItemsFilter(int projectIndex, const std::string& borehole) {
     return KeyedFilter({borehole},
                        Project(projectIndex) + " and ZKBH='" + borehole + "' ORDER BY QYBH,XH");

@@ -5,6 +5,7 @@
 #include "platform/mfc/CDataExchange.h"
 #include "platform/mfc/CFileFind.h"
 #include "platform/mfc/message_box.h"
+#include "platform/win32/code_page.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
 #include "src/ui/module_icon.h"
@@ -44,6 +45,10 @@ BOOL CChartBrowser::OnInitDialog() {
 void CChartBrowser::ListSheets(const std::string& pattern) {
     sheets_.ResetContent();
     fileNames_.clear();
+    if (win32::FindChar(pattern, '\\') != std::string::npos ||
+        pattern.find('/') != std::string::npos) {
+        return;
+    }
     CFileFind search;
     BOOL found = search.FindFile((chartFolder_ + pattern).c_str());
     while (found) {

@@ -29,7 +29,8 @@ protected:
     virtual void ShowMadeSheets() {}
     /// Nothing is listed yet.
     virtual void ShowStoredSheets() = 0;
-    /// Lists the chart folder's files that match the pattern instead of what is listed.
+    /// Lists the chart folder's files that match the pattern instead of what is listed; none for a
+    /// pattern that leads to another folder.
     void ListSheets(const std::string& pattern);
 
 private:

@@ -9,6 +9,7 @@
 #include "src/ui/profile_text.h"
 #include "src/ui/resource_ids.h"
 #include "src/ui/sample_lists.h"
+#include "src/ui/sample_objections.h"
 #include "src/ui/settings.h"
 
 namespace {
@@ -35,11 +36,10 @@ BOOL CGcbhPage::OnInitDialog() {
     CurrentBorehole.clear();
     const MarkKey marks = BoreholeMarks(ProjectContext.GCBH);
     const std::vector<std::string> stored = StoredMarks(marks);
-    std::vector<std::string> boreholes;
-    if (!ReadBoreholes(boreholes)) {
+    if (!ReadProjectSamples(projectSamples_)) {
         return TRUE;
     }
-    for (const std::string& borehole : boreholes) {
+    for (const std::string& borehole : BoreholesOf(projectSamples_)) {
         boreholes_.AddString(borehole.c_str());
     }
     ShowMarks(boreholes_, marks, stored);
@@ -66,6 +66,10 @@ void CGcbhPage::OnSelchangeBorehole() {
         samples_.AddString(sample.c_str());
     }
     ShowMarks(samples_, marks, stored);
+}
+
+std::string CGcbhPage::Objection() const {
+    return ObjectionToSamples(CurrentBorehole, SelectedItemTexts(samples_), projectSamples_);
 }
 
 void CGcbhPage::OnOK() {

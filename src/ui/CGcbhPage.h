@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/mfc/CListBox.h"
+#include "src/core/sample_names.h"
 #include "src/ui/CModulePage.h"
 
 /// Choice of one borehole and any number of its samples. CurrentBorehole is the borehole shown.
@@ -16,6 +17,9 @@ public:
     const std::vector<std::string>& ChosenSamples() const { return chosenSamples_; }
     /// Needs the page's window.
     bool HasSelectedSample() const { return samples_.GetSelCount() > 0; }
+    /// Why what is selected cannot be drawn, for a message box; empty when it can. As
+    /// HasSelectedSample.
+    std::string Objection() const;
 
     BOOL OnInitDialog() override;
     void OnOK() override;
@@ -31,5 +35,6 @@ private:
 
     CListBox boreholes_;
     CListBox samples_;
+    std::vector<SampleKey> projectSamples_;  ///< all with test items, as the database names them
     std::vector<std::string> chosenSamples_;
 };

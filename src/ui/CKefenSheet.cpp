@@ -27,8 +27,8 @@ BOOL CKefenSheet::OnInitDialog() {
 
 BOOL CKefenSheet::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) {
     if (nID == IDOK && nCode == CN_COMMAND) {
-        if (const char* const missing = MissingSelection()) {
-            AfxMessageBox(missing);
+        if (const std::string objection = Objection(); !objection.empty()) {
+            AfxMessageBox(objection.c_str());
             SetActivePage(SelectionPage());
             return TRUE;
         }
@@ -48,12 +48,14 @@ CPropertyPage* CKefenSheet::SelectionPage() {
     return ChartMode == kLayerCharts ? static_cast<CPropertyPage*>(&layerPage_) : &samplePage_;
 }
 
-/// What to tell the user before the sheet may close; null for nothing.
-const char* CKefenSheet::MissingSelection() const {
-    const bool layers = ChartMode == kLayerCharts;
-    if (!layers && CurrentBorehole.empty()) {
+/// What to tell the user before the sheet may close; empty for nothing.
+std::string CKefenSheet::Objection() const {
+    if (ChartMode == kLayerCharts) {
+        return layerPage_.HasSelectedLayer() ? "" : "请选择试样编号"_gbk;
+    }
+    if (CurrentBorehole.empty()) {
         return "请选择钻孔编号"_gbk;
     }
-    const bool selected = layers ? layerPage_.HasSelectedLayer() : samplePage_.HasSelectedSample();
-    return selected ? nullptr : "请选择试样编号"_gbk;
+    const std::string objection = samplePage_.Objection();
+    return !objection.empty() || samplePage_.HasSelectedSample() ? objection : "请选择试样编号"_gbk;
 }

@@ -23,7 +23,7 @@ public:
 private:
     void AddPages();
     CPropertyPage* SelectionPage();
-    const char* MissingSelection() const;
+    std::string Objection() const;
 
     CGcbhPage samplePage_;
     CGcbhSJPage layerPage_;

@@ -23,9 +23,9 @@ void CSampleBrowser::ShowMadeSheets() {
 }
 
 void CSampleBrowser::ShowStoredSheets() {
-    std::vector<std::string> boreholes;
-    ReadBoreholes(boreholes);
-    for (const std::string& borehole : boreholes) {
+    std::vector<SampleKey> samples;
+    ReadProjectSamples(samples);
+    for (const std::string& borehole : BoreholesOf(samples)) {
         boreholes_.AddString(borehole.c_str());
     }
     CString first;

@@ -13,23 +13,11 @@
 
 namespace {
 
-/// Walks the test items and takes one text column, each run of equal texts once. A walk that does
-/// not come to its end is told like a table that does not open.
-template <std::size_t size>
-bool ReadColumn(const std::string& filter, WCHAR (CKeFenItemTable::Record::*column)[size],
-                std::vector<std::string>& texts) {
-    CKeFenItemTable table;
-    HRESULT row = table.OpenFirst(filter);
-    for (; row == S_OK; row = table.MoveNext()) {
-        std::string text = win32::GbkFromUtf16(table.record.*column);
-        if (texts.empty() || texts.back() != text) {
-            texts.push_back(std::move(text));
-        }
+template <class Values, class Value>
+void AddUnlessLast(Values& values, const Value& value) {
+    if (values.empty() || values.back() != value) {
+        values.push_back(value);
     }
-    if (FAILED(row)) {
-        ReportTableOpenError(kTestItemTableError);
-    }
-    return SUCCEEDED(row);
 }
 
 bool IsDigit(char c) {
@@ -68,14 +56,38 @@ long long ValueOf(std::string_view digits) {
 
 }  // namespace
 
-bool ReadBoreholes(std::vector<std::string>& boreholes) {
-    return ReadColumn(ProjectItemsFilter(ProjectContext.GCSY), &CKeFenItemTable::Record::ZKBH,
-                      boreholes);
+bool ReadSampleKeys(const std::string& filter, std::vector<SampleKey>& keys) {
+    CKeFenItemTable table;
+    HRESULT row = table.OpenFirst(filter);
+    for (; row == S_OK; row = table.MoveNext()) {
+        AddUnlessLast(keys, SampleKey{win32::GbkFromUtf16(table.record.ZKBH),
+                                      win32::GbkFromUtf16(table.record.QYBH)});
+    }
+    if (FAILED(row)) {
+        ReportTableOpenError(kTestItemTableError);
+    }
+    return SUCCEEDED(row);
+}
+
+bool ReadProjectSamples(std::vector<SampleKey>& samples) {
+    return ReadSampleKeys(ProjectItemsFilter(ProjectContext.GCSY), samples);
+}
+
+std::vector<std::string> BoreholesOf(const std::vector<SampleKey>& samples) {
+    std::vector<std::string> boreholes;
+    for (const SampleKey& key : samples) {
+        AddUnlessLast(boreholes, key.borehole);
+    }
+    return boreholes;
 }
 
 bool ReadSamples(const std::string& borehole, std::vector<std::string>& samples) {
-    return ReadColumn(BoreholeItemsFilter(ProjectContext.GCSY, borehole),
-                      &CKeFenItemTable::Record::QYBH, samples);
+    std::vector<SampleKey> keys;
+    const bool complete = ReadSampleKeys(BoreholeItemsFilter(ProjectContext.GCSY, borehole), keys);
+    for (const SampleKey& key : keys) {
+        AddUnlessLast(samples, key.sample);
+    }
+    return complete;
 }
 
 int SampleSortKey(const std::string& sample) {

@@ -3,11 +3,17 @@
 #include <string>
 #include <vector>
 
-/// What the pages and browsers list of the project's test items. Texts are GBK, in the database's
-/// order, without repetitions that follow each other. False, after telling the user, when not all
-/// of them could be read.
-bool ReadBoreholes(std::vector<std::string>& boreholes);
+#include "src/core/sample_names.h"
+
+/// The samples of a filter's test items (table_filters.h). Texts are GBK, in the database's order,
+/// without repetitions that follow each other. False, after telling the user, when not all of them
+/// could be read.
+bool ReadSampleKeys(const std::string& filter, std::vector<SampleKey>& keys);
+/// Those of the project, and of one borehole, likewise.
+bool ReadProjectSamples(std::vector<SampleKey>& samples);
 bool ReadSamples(const std::string& borehole, std::vector<std::string>& samples);
+/// The boreholes of such samples, each once.
+std::vector<std::string> BoreholesOf(const std::vector<SampleKey>& samples);
 
 /// Order of the sample list: numbers that end with anything but a digit as they come, then the
 /// others by sort key.

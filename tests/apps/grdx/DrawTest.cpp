@@ -116,6 +116,39 @@ TEST_F(DrawTest, ChoicesAreRememberedUntilTheyAreTakenBack) {
     EXPECT_THAT(Settings(), HasSubstr("bZB=0\nbJWKX=0\n"));
 }
 
+TEST_F(DrawTest, NamesThatSheetsCannotHaveAreToldBeforeAnythingIsDrawn) {
+    const struct {
+        const char* renamed;  ///< which item rows of the sample project to what
+        const char* borehole;
+        const char* named;
+    } cases[] = {
+        {"QYBH='x/../../y' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "试样编号“x/../../y”含有字符“/”"},
+        {"QYBH='1234567890123' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1",
+         "“123456789012…”超过12个字符"},
+        {"QYBH='*7' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "试样编号“*7”含有字符“*”"},
+        {"QYBH='한' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "GBK以外的字符"},
+        {"ZKBH='Z=1' WHERE ZKBH='ZK1'", "Z=1", "钻孔编号“Z=1”含有字符“=”"},
+        {"ZKBH='zk1', QYBH='8' WHERE ZKBH='ZK2' AND QYBH='1-1'", "ZK1",
+         "钻孔“ZK1”试样“8”与钻孔“zk1”试样“8”的图形文件同名：KFZK1-8.dwg"},
+        {"ZKBH='ZK2-3' WHERE ZKBH='ZK1' AND QYBH='1'", "ZK2",
+         "钻孔“ZK2”试样“3-1”与钻孔“ZK2-3”试样“1”"},
+        {"QYBH='1~ZK1-2' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "试样“1~ZK1-2”与钻孔“ZK1”试样“1”"},
+    };
+    suite_.Ask("CREATE TABLE sound AS SELECT * FROM Z_c_KeFenCSXM");
+    const std::string marks = FileBytes(folder_ / "marks.ini");
+    for (const auto& c : cases) {
+        suite_.Ask(std::string("UPDATE Z_c_KeFenCSXM SET ") + c.renamed);
+        const ProgramResult run = DrawSamples(c.borehole, {"--all"});
+        EXPECT_EQ(run.status, 1) << c.named;
+        EXPECT_THAT(run.errors, HasSubstr(c.named));
+        EXPECT_THAT(run.errors, testing::EndsWith("grdx: nothing was drawn\n"));
+        suite_.Ask("DELETE FROM Z_c_KeFenCSXM");
+        suite_.Ask("INSERT INTO Z_c_KeFenCSXM SELECT * FROM sound");
+    }
+    EXPECT_TRUE(suite_.Sheets().empty());
+    EXPECT_EQ(FileBytes(folder_ / "marks.ini"), marks);
+}
+
 TEST_F(DrawTest, WhatIsNotOfferedIsRefusedByNameBeforeAnythingIsDrawn) {
     struct Case {
         const char* borehole;

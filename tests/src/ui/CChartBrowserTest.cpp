@@ -51,10 +51,17 @@ TEST_F(CChartBrowserTest, ListsTheSheetsJustMadeAndGivesBackTheirNames) {
 TEST_F(CChartBrowserTest, FindsTheSheetsOfTheChosenBorehole) {
     AddSample("ZK2", "1");
     AddSample("ZK1", "1");
+    AddSample("ZK3/../../elsewhere", "1");
+    WriteText("elsewhere.dwg", "x");
+    std::filesystem::create_directory(Folder() / "charts" / "KFZK3");
     AddFiles({"KFZK1-1.dwg", "KFZK2-2.dwg", "KFZK2-1~ZK2-3.dwg", "KFZK2.txt", "other.dwg"});
     Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
         EXPECT_EQ(CurrentBorehole, "ZK1");
         EXPECT_EQ(Items(window, IDC_SHEETS), Texts{"试样ZK1-1"});
+        return {Select(IDC_BROWSER_BOREHOLES, {"ZK3/../../elsewhere"})};
+    });
+    Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
+        EXPECT_EQ(Items(window, IDC_SHEETS), Texts{}) << "a name leads to no other folder";
         return {Select(IDC_BROWSER_BOREHOLES, {"ZK2"})};
     });
     Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {

@@ -101,6 +101,26 @@ TEST_F(CKefenSheetTest, OkWithoutASelectionBringsTheSelectionPageBack) {
     EXPECT_FALSE(std::filesystem::exists(Folder() / "settings.ini"));
 }
 
+TEST_F(CKefenSheetTest, SamplesThatCannotHaveASheetAreNamedAndMayBeLeftOut) {
+    AddSample("ZK1", "Ａ");
+    AddSample("ZK1", "ａ");
+    AddSample("ZK1", "3@1");
+    Then({Select(IDC_SAMPLES, {"1", "Ａ"}), Page(IDD_ANNOTATION), Press(IDOK)});
+    Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
+        EXPECT_EQ(static_cast<mfc::SheetModel&>(window).ActiveDialog()->Number(), IDD_SAMPLE_PAGE);
+        EXPECT_EQ(Items(window, IDC_SAMPLES).front(), "Ａ") << "not marked";
+        return {Select(IDC_SAMPLES, {"Ａ", "3@1"}), Press(IDOK)};
+    });
+    Then({Select(IDC_SAMPLES, {"3@1"}), Press(IDOK)});
+    CKefenSheet sheet("");
+    EXPECT_EQ(sheet.DoModal(), IDOK);
+    EXPECT_EQ(Boxes(), (Texts{"不能出图，请修改以下编号后再试此功能！\n"
+                              "钻孔“ZK1”试样“Ａ”与钻孔“ZK1”试样“ａ”的图形文件同名：KFZK1-Ａ.dwg",
+                              "不能出图，请修改以下编号后再试此功能！\n"
+                              "试样编号“3@1”含有字符“@”"}));
+    EXPECT_EQ(ReadText("marks.ini"), "[CKFDlg]\r\nKFQXGC1ZK1=1\r\n");
+}
+
 TEST_F(CKefenSheetTest, ShowsThePluginsIconAndNeitherApplyNorHelp) {
     Then([](mfc::FrameModel& window) -> std::vector<mfc::Answer> {
         const auto& sheet = static_cast<mfc::SheetModel&>(window);

@@ -1,0 +1,143 @@
+#include "src/ui/sample_objections.h"
+
+#include <algorithm>
+
+#include "platform/win32/gbk_literal.h"
+#include "src/common/module_state.h"
+#include "src/db/table_filters.h"
+#include "src/ui/sample_lists.h"
+
+namespace {
+
+/// More lines than a box has room for are left out.
+constexpr std::size_t kMostLines = 10;
+
+std::string Quoted(const std::string& name) {
+    return "“"_gbk + name + "”"_gbk;
+}
+
+std::string FaultText(const NameFault& fault, std::size_t length) {
+    switch (fault.kind) {
+        case NameFault::Kind::kNone:
+        case NameFault::Kind::kEmpty:
+            return "为空"_gbk;
+        case NameFault::Kind::kTooLong:
+            return "超过"_gbk + std::to_string(length) + "个字符"_gbk;
+        case NameFault::Kind::kBlankAtEnd:
+            return "首尾有空格"_gbk;
+        case NameFault::Kind::kControlCharacter:
+            return "含有控制字符"_gbk;
+        case NameFault::Kind::kCharacter:
+            break;
+    }
+    return "含有字符"_gbk + Quoted(std::string(1, fault.character)) +
+           (fault.character == '?' ? "或GBK以外的字符"_gbk : "");
+}
+
+/// A borehole's or a sample's name, and the column that holds it.
+struct NameColumn {
+    const char* title;
+    const char* column;
+    std::string SampleKey::*name;
+    std::size_t length;
+};
+
+class Objections {
+public:
+    Objections(const std::string& borehole, const std::vector<std::string>& samples,
+               const std::vector<SampleKey>& project)
+        : borehole_(borehole), samples_(samples), project_(project) {}
+
+    std::string Text() {
+        CheckNames({"钻孔编号"_gbk, "ZKBH", &SampleKey::borehole, kBoreholeLength}, {borehole_});
+        if (lines_.empty()) {
+            CheckNames({"试样编号"_gbk, "QYBH", &SampleKey::sample, kSampleLength}, samples_);
+        }
+        if (lines_.empty()) {
+            CheckSheets();
+        }
+        std::string text;
+        for (std::size_t i = 0; i < lines_.size() && i <= kMostLines; ++i) {
+            text += "\n" + (i < kMostLines ? lines_[i] : "……"_gbk);
+        }
+        return text.empty() ? text : "不能出图，请修改以下编号后再试此功能！"_gbk + text;
+    }
+
+private:
+    void CheckNames(const NameColumn& column, const std::vector<std::string>& names) {
+        for (const std::string& name : names) {
+            Add(column, name, FindNameFault(name, column.length));
+        }
+        AddStarred(column, names);
+        AddOverlong(column, names);
+    }
+
+    void Add(const NameColumn& column, const std::string& name, const NameFault& fault) {
+        const std::string line = column.title + Quoted(name) + FaultText(fault, column.length);
+        if (fault && std::find(lines_.begin(), lines_.end(), line) == lines_.end()) {
+            lines_.push_back(line);
+        }
+    }
+
+    /// Whether the key is of this borehole, and one of the names but for what stands in front of
+    /// it.
+    bool IsOneOf(const std::vector<std::string>& names, const NameColumn& column,
+                 const SampleKey& key, std::size_t front) const {
+        const std::string& name = key.*column.name;
+        return (&(key.*column.name) == &key.borehole || key.borehole == borehole_) &&
+               name.size() >= front &&
+               std::find(names.begin(), names.end(), name.substr(front)) != names.end();
+    }
+
+    /// In the list a "*" in front of a name looks like the mark.
+    void AddStarred(const NameColumn& column, const std::vector<std::string>& names) {
+        for (const SampleKey& key : project_) {
+            const std::string& name = key.*column.name;
+            if (name.starts_with('*') && IsOneOf(names, column, key, 1)) {
+                Add(column, name, FindNameFault(name, column.length));
+            }
+        }
+    }
+
+    /// Of a longer name the list has only the start.
+    void AddOverlong(const NameColumn& column, const std::vector<std::string>& names) {
+        const auto isFull = [&](const std::string& name) {
+            return FindNameFault(name, column.length - 1).kind == NameFault::Kind::kTooLong;
+        };
+        std::vector<SampleKey> cut;
+        if (std::any_of(names.begin(), names.end(), isFull)) {
+            ReadSampleKeys(OverlongItemsFilter(ProjectContext.GCSY, column.column, column.length),
+                           cut);
+        }
+        for (const SampleKey& key : cut) {
+            if (IsOneOf(names, column, key, 0)) {
+                Add(column, key.*column.name + "…"_gbk, {NameFault::Kind::kTooLong});
+            }
+        }
+    }
+
+    void CheckSheets() {
+        const SheetNames sheets(project_);
+        for (const std::string& sample : samples_) {
+            const SampleKey key{borehole_, sample};
+            if (const SampleKey* const rival = sheets.FindRival(key)) {
+                lines_.push_back("钻孔"_gbk + Quoted(key.borehole) + "试样"_gbk +
+                                 Quoted(key.sample) + "与钻孔"_gbk + Quoted(rival->borehole) +
+                                 "试样"_gbk + Quoted(rival->sample) + "的图形文件同名："_gbk +
+                                 SheetNames::FileName(key));
+            }
+        }
+    }
+
+    const std::string& borehole_;
+    const std::vector<std::string>& samples_;
+    const std::vector<SampleKey>& project_;
+    std::vector<std::string> lines_;
+};
+
+}  // namespace
+
+std::string ObjectionToSamples(const std::string& borehole, const std::vector<std::string>& samples,
+                               const std::vector<SampleKey>& project) {
+    return Objections(borehole, samples, project).Text();
+}

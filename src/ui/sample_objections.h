@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "src/core/sample_names.h"
+
+/// Why no charts of these samples of one borehole can be drawn, for a message box: a name cannot
+/// stand in a sheet's file name or in a mark, or another sample's sheet would be replaced. Empty
+/// when nothing is against it. Names are as lists show them, without marks; `project` has all
+/// samples with test items as the database names them. Without samples the borehole alone is looked
+/// at.
+std::string ObjectionToSamples(const std::string& borehole, const std::vector<std::string>& samples,
+                               const std::vector<SampleKey>& project);
