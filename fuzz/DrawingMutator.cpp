@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "platform/dwg/DwgBitReader.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/crc.h"
 #include "platform/dwg/file_layout.h"
@@ -31,10 +32,12 @@ void DrawingMutator::mutate(std::size_t most) {
         // Objects are most of a drawing, but the few other spans decide on more.
         const Span span = spans_[choice < 5 ? below(std::min<std::size_t>(spans_.size(), 8))
                                             : below(spans_.size())];
-        if (choice < 9) {
+        if (choice < 8) {
             mutateBits(span);
-        } else if (choice < 13 || !span.isObject) {
+        } else if (choice < 11 || !span.isObject) {
             mutateWithin(span);
+        } else if (choice < 14) {
+            redirectReference(span);
         } else {
             resizeObject(span, most);
         }
@@ -69,6 +72,43 @@ void DrawingMutator::mutateBits(const Span& span) {
     for (std::size_t flips = 1 + below(3); flips > 0; --flips) {
         char& byte = file_[span.content + below(span.end - span.content)];
         byte = static_cast<char>(byte ^ 1 << below(8));
+    }
+}
+
+// Has an object name another one of the drawing: circles come of it, and objects of a kind that is
+// not meant there.
+void DrawingMutator::redirectReference(const Span& span) {
+    const std::uint8_t* const bytes = dwg::BytesOf(file_);
+    const std::size_t start = 8 * span.content;
+    const std::size_t end = 8 * span.end;
+    DwgBitReader head(bytes, start, end);
+    head.bitShort();
+    const std::size_t valueBits = head.rawLong();
+    if (head.failed() || valueBits > end - start) {
+        return;
+    }
+    std::vector<std::size_t> numbers;  // where those of the references begin
+    DwgBitReader references(bytes, start + valueBits, end);
+    while (!references.failed() && references.remaining() >= 8) {
+        const std::size_t at = references.bitPosition();
+        if (references.handle().value != 0) {
+            numbers.push_back(at + 8);
+        }
+    }
+    const Span& other = spans_[below(spans_.size())];
+    if (numbers.empty() || !other.isObject) {
+        return;
+    }
+    DwgBitReader otherHead(bytes, 8 * other.content, 8 * other.end);
+    otherHead.bitShort();
+    otherHead.rawLong();
+    AcDbHandle handle = otherHead.handle().value;
+    const std::size_t at = numbers[below(numbers.size())];
+    for (std::size_t bit = at + 8 * (DwgBitReader(bytes, at - 4, at).bits(4)); bit-- > at;) {
+        const int mask = 0x80 >> bit % 8;
+        file_[bit / 8] =
+            static_cast<char>((file_[bit / 8] & ~mask) | ((handle & 1) != 0 ? mask : 0));
+        handle >>= 1U;
     }
 }
 

@@ -14,8 +14,9 @@ public:
 
     DrawingMutator(std::string file, Change change, unsigned seed);
 
-    /// One change: anywhere, in a section, or in an object, which may also grow or shrink. Most
-    /// times all check sums are made right again, seldom they stay as they are.
+    /// One change: anywhere, in a section, or in an object, which may also grow, shrink, or refer
+    /// to another one. Most times all check sums are made right again, seldom they stay as they
+    /// are.
     void mutate(std::size_t most);
     const std::string& file() const { return file_; }
 
@@ -36,6 +37,7 @@ private:
     void mutateAnywhere(std::size_t most);
     void mutateWithin(const Span& span);
     void mutateBits(const Span& span);
+    void redirectReference(const Span& span);
     void resizeObject(const Span& span, std::size_t most);
     void shiftAddresses(std::size_t from, std::ptrdiff_t by);
     void repairChecksums();

@@ -12,7 +12,7 @@ cmake --build --preset coverage
 profile=build/coverage/fuzzing
 # The program and the library it draws with each keep counts of their own (%m: a file for each).
 rm -f $profile-*.profraw
-LLVM_PROFILE_FILE=$profile-%m.profraw build/coverage/bin/fuzz_drawing -runs=0 -max_len=65536 "$corpus" \
+LLVM_PROFILE_FILE=$profile-%m.profraw build/coverage/bin/fuzz_drawing -runs=0 -max_len=262144 "$corpus" \
     build/fuzz/seeds 2>/dev/null
 llvm-profdata-14 merge -sparse $profile-*.profraw -o $profile.profdata
 llvm-cov-14 report build/coverage/bin/fuzz_drawing -object build/coverage/lib/grdx/libgrdx_platform.so \

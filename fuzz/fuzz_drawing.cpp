@@ -1,5 +1,5 @@
-// The fuzzer's target: reads a drawing from any bytes, draws it and writes it back. What was
-// written must read again, without anything missing.
+// The fuzzer's target: reads a drawing from any bytes, draws it, inserts it into a new drawing as a
+// sheet's template is, and writes both. What was written must read again, without anything missing.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -9,12 +9,13 @@
 #include "fuzz/DrawingMutator.h"
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
-#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbBlockReference.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/DwgFileWriter.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "src/entity/CKFCurve.h"
+#include "src/entity/model_space.h"
 
 // The fuzzer's own changes of bytes.
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t most);
@@ -70,6 +71,20 @@ void WriteAndReadAgain(AcDbDatabase& database) {
     }
 }
 
+void InsertIntoSheet(AcDbDatabase& drawing) {
+    AcDbDatabase sheet;
+    AcDbObjectId block;
+    if (sheet.insert(block, "inserted", &drawing) != Acad::eOk) {
+        Stop("a drawing that was read cannot be inserted");
+    }
+    auto reference = std::make_unique<AcDbBlockReference>(AcGePoint3d(), block);
+    reference->setScaleFactors({1000, 1000, 1000});
+    if (AppendOrDrop(&sheet, std::move(reference)).isNull()) {
+        Stop("an inserted drawing cannot be referred to");
+    }
+    WriteAndReadAgain(sheet);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
@@ -85,11 +100,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     Draw(database);
-    AcDbDatabase target;
-    AcDbObjectId block;
-    if (target.insert(block, "inserted", &database) == Acad::eOk) {
-        WriteAndReadAgain(target);
-    }
+    InsertIntoSheet(database);
     WriteAndReadAgain(database);
     return 0;
 }

@@ -1,5 +1,5 @@
 // Writes the small drawings that fuzzing starts from into a folder: an empty one, a sheet template,
-// a sheet with curves and the template inserted, and two with objects that only other programs
+// a sheet with curves and the template inserted, and three with objects that only other programs
 // make.
 #include <cstdio>
 #include <exception>
@@ -8,6 +8,7 @@
 #include <string>
 
 #include "fuzz/foreign_entities.h"
+#include "fuzz/many_kinds.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbDatabase.h"
@@ -176,7 +177,8 @@ int main(int argc, char** argv) {
                  {"template", DrawTemplate},
                  {"sheet", DrawSheet},
                  {"unknown", DrawUnknown},
-                 {"foreign", DrawForeignEntities}};
+                 {"foreign", DrawForeignEntities},
+                 {"kinds", DrawManyKinds}};
     try {
         CKFCurve::rxInit();
         for (const auto& seed : seeds) {

@@ -14,5 +14,5 @@ cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz
 mkdir -p build/fuzz/{seeds,corpus,findings}
 build/fuzz/bin/fuzz_seeds build/fuzz/seeds
-build/fuzz/bin/fuzz_drawing -max_total_time="$seconds" -timeout=30 -rss_limit_mb=1024 -max_len=65536 \
+build/fuzz/bin/fuzz_drawing -max_total_time="$seconds" -timeout=30 -rss_limit_mb=1024 -max_len=262144 \
     -print_final_stats=1 -artifact_prefix=build/fuzz/findings/ "$@" build/fuzz/corpus build/fuzz/seeds
