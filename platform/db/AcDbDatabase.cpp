@@ -1,6 +1,7 @@
 #include "platform/db/AcDbDatabase.h"
 
 #include <algorithm>
+#include <random>
 
 #include "platform/db/AcDbHostApplicationServices.h"
 
@@ -57,6 +58,15 @@ Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
 
 Acad::ErrorStatus AcDbDatabase::setTextstyle(AcDbObjectId style) {
     return makeCurrent(header_.TEXTSTYLE, style, AcDbTextStyleTableRecord::desc());
+}
+
+std::size_t AcDbDatabase::HandleHash::operator()(AcDbHandle handle) const noexcept {
+    constexpr unsigned kRunBits = 12;
+    static const std::uint64_t secret =
+        std::uint64_t{std::random_device()()} << 32U | std::random_device()();
+    std::uint64_t run = (handle >> kRunBits ^ secret) * 0x9E3779B97F4A7C15U;
+    run = (run ^ run >> 32U) * 0xD6E8FEB86659FD93U;
+    return (run ^ run >> 32U) + (handle & ((1U << kRunBits) - 1));
 }
 
 AcDbStub* AcDbDatabase::find(AcDbHandle handle) const {

@@ -113,12 +113,17 @@ private:
     Acad::ErrorStatus save(const char* fileName, bool toDisk);
     Acad::ErrorStatus readFileAt(const std::string& path);
 
+    /// Handles that follow each other stay together. Where each run of them goes nobody knows
+    /// before, so that no file can have them all meet in one place.
+    struct HandleHash {
+        std::size_t operator()(AcDbHandle handle) const noexcept;
+    };
     AcDbStub* find(AcDbHandle handle) const;
     Acad::ErrorStatus makeCurrent(AcDbObjectId& current, AcDbObjectId id, const AcRxClass* kind);
 
     mutable std::deque<AcDbStub> stubs_;  // a deque: ids point at its entries
     // Of as many entries from the start; the rest is entered when a handle is next asked for.
-    mutable std::unordered_map<AcDbHandle, AcDbStub*> byHandle_;
+    mutable std::unordered_map<AcDbHandle, AcDbStub*, HandleHash> byHandle_;
     HeaderVariables header_;
     std::shared_ptr<DwgFileRemains> remains_;
     std::string fileName_;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/db/AcDbLine.h"
 #include "tests/platform/db/DrawingFixture.h"
@@ -143,6 +145,19 @@ TEST(AcDbDatabaseTest, TheWorkingDatabaseIsForgottenWithTheDatabase) {
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), database.get());
     database.reset();
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
+}
+
+// A hash table with that many places would put all of these into one of them.
+TEST_F(AcDbObjectTest, HandlesChosenToMeetAreFoundLikeOthers) {
+    const auto secondsFor = [](AcDbHandle step) {
+        AcDbDatabase drawing(false);
+        const auto start = std::chrono::steady_clock::now();
+        for (AcDbHandle i = 1; i < 85'000; ++i) {
+            drawing.idOfHandle(i * step);
+        }
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    };
+    EXPECT_LT(secondsFor(85'229), 200.0 * secondsFor(1));
 }
 
 }  // namespace
