@@ -37,13 +37,17 @@ SqliteDatabase::SqliteDatabase(const std::string& path, Mode mode) : path_(path)
 
 void SqliteDatabase::KeepFromWriting() {
     const char* const kLook = "PRAGMA query_only = ON; PRAGMA schema_version";
-    const int result = sqlite3_exec(handle_.get(), kLook, nullptr, nullptr, nullptr);
-    sqlite3* const snapshot =
-        oledb::sqlite::MayBeWriteProtected(result) ? oledb::sqlite::OpenSnapshot(path_) : nullptr;
+    using namespace oledb::sqlite;
+    sqlite3* snapshot = WouldLeaveLog(path_) ? OpenSnapshot(path_) : nullptr;
+    if (snapshot == nullptr) {
+        const int result = sqlite3_exec(handle_.get(), kLook, nullptr, nullptr, nullptr);
+        snapshot = MayBeWriteProtected(result) ? OpenSnapshot(path_) : nullptr;
+        if (snapshot == nullptr && result != SQLITE_OK) {
+            Fail();
+        }
+    }
     if (snapshot != nullptr) {
         handle_.reset(snapshot);
-    } else if (result != SQLITE_OK) {
-        Fail();
     }
 }
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -82,8 +83,7 @@ TEST(SqliteProvider, AFailedDataSourceMayBeInitialisedAgain) {
 TEST(SqliteProvider, TheFileIsFoundByItsWindowsPathAndClosedWithTheLastObject) {
     const ScratchFolder folder;
     const std::string path = folder.Path("工程.db");
-    SqliteTestDatabase(path.c_str())
-        .Run("PRAGMA journal_mode=DELETE; CREATE TABLE t(x); INSERT INTO t VALUES(1)");
+    SqliteTestDatabase(path.c_str()).Run("CREATE TABLE t(x); INSERT INTO t VALUES(1)");
     std::string windows = folder.Path("工程.DB");
     std::replace(windows.begin(), windows.end(), '/', '\\');
     {
@@ -103,26 +103,44 @@ TEST(SqliteProvider, TheFileIsFoundByItsWindowsPathAndClosedWithTheLastObject) {
 
 TEST(SqliteProvider, WhereNothingCanBeWrittenRowsAreReadAndChangesRefused) {
     const ScratchFolder folder;
-    const std::string path = folder.Path("closed.db");
-    SqliteTestDatabase(path.c_str()).Run("CREATE TABLE t(x); INSERT INTO t VALUES(7)");
     const SqliteTestDatabase writer(folder.Path("written.db").c_str());
     writer.Run("CREATE TABLE t(x)");
     fs::copy_file(writer.Path(), folder.Path("cut.db"));
     fs::copy_file(writer.Path() + "-wal", folder.Path("cut.db-wal"));
-    for (const mode_t mode : {0444, 0666}) {
-        chmod(path.c_str(), mode);
-        chmod(folder.Path().c_str(), 0555);
-        EXPECT_EQ(AsOrdinaryUser([&] {
-                      const auto session = OpenSession("Provider=SQLite;Data Source=" + path);
-                      TestRowset set;
-                      LONG x = 0;
-                      if (FAILED(set.Open(*session.operator->(), "SELECT x FROM t")) ||
-                          FAILED(set.ReadNumber(x)) || x++ != 7) {
-                          return 1;
-                      }
-                      return set.Set(&x) == DB_SEC_E_PERMISSIONDENIED ? 0 : 2;
-                  }),
-                  0);
+    for (const char* journal : {"wal", "delete", "truncate", "persist"}) {
+        const ScratchFolder place;
+        const std::string path = place.Path("closed.db");
+        SqliteTestDatabase(path.c_str())
+            .Run(std::string("PRAGMA journal_mode=") + journal +
+                 "; CREATE TABLE t(x); INSERT INTO t VALUES(7)");
+        const auto names = [&] {
+            std::set<std::string> all;
+            for (const auto& entry : fs::directory_iterator(place.Path())) {
+                all.insert(entry.path().filename());
+            }
+            return all;
+        };
+        const std::set<std::string> before = names();
+        for (const auto& [file, around] :
+             {std::pair<mode_t, mode_t>{0444, 0555}, {0666, 0555}, {0444, 0777}}) {
+            SCOPED_TRACE(std::string(journal) + " " + std::to_string(file));
+            for (const std::string& name : before) chmod(place.Path(name).c_str(), 0444);
+            chmod(path.c_str(), file);
+            chmod(place.Path().c_str(), around);
+            EXPECT_EQ(AsOrdinaryUser([&] {
+                          const auto session = OpenSession("Provider=SQLite;Data Source=" + path);
+                          TestRowset set;
+                          LONG x = 0;
+                          if (FAILED(set.Open(*session.operator->(), "SELECT x FROM t")) ||
+                              FAILED(set.ReadNumber(x)) || x++ != 7) {
+                              return 1;
+                          }
+                          return FAILED(set.Set(&x)) ? 0 : 2;
+                      }),
+                      0);
+            EXPECT_EQ(names(), before);
+        }
+        chmod(place.Path().c_str(), 0755);
     }
     EXPECT_EQ(AsOrdinaryUser([&] {
                   Ref<IDBInitialize> source;
@@ -132,6 +150,25 @@ TEST(SqliteProvider, WhereNothingCanBeWrittenRowsAreReadAndChangesRefused) {
               0)
         << "the last changes are still in the log";
     chmod(folder.Path().c_str(), 0755);
+}
+
+TEST(SqliteProvider, TheJournalModeOfADatabaseIsItsOwn) {
+    for (const char* journal : {"delete", "wal"}) {
+        const SqliteTestDatabase database;
+        database.Run(std::string("PRAGMA journal_mode=") + journal);
+        database.Run("CREATE TABLE t(x); INSERT INTO t VALUES(1)");
+        {
+            TestRowset set;
+            LONG x = 0;
+            ASSERT_EQ(set.Open(*OpenSession(database.InitString()).operator->(), "SELECT x FROM t"),
+                      S_OK);
+            ASSERT_EQ(set.ReadNumber(x), S_OK);
+            x = 2;
+            EXPECT_EQ(set.Set(&x), S_OK);
+        }
+        EXPECT_EQ(database.Rows("PRAGMA journal_mode"), journal);
+        EXPECT_EQ(database.Rows("SELECT x FROM t"), "2");
+    }
 }
 
 TEST(SqliteProvider, RowsAreToldApartByWhateverTheTableHas) {

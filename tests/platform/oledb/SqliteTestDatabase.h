@@ -12,10 +12,10 @@
 class SqliteTestDatabase {
 public:
     SqliteTestDatabase() : SqliteTestDatabase(nullptr) {}
-    /// In a folder of its own, or as the file given.
+    /// In a folder of its own, or as the file given. A new one has a write-ahead log.
     explicit SqliteTestDatabase(const char* path) : path_(path ? path : folder_.Path("test.db")) {
         EXPECT_EQ(sqlite3_open(path_.c_str(), &handle_), SQLITE_OK);
-        Run("PRAGMA journal_mode=WAL");
+        if (Rows("PRAGMA page_count") == "0") Run("PRAGMA journal_mode=WAL");
     }
     ~SqliteTestDatabase() { sqlite3_close(handle_); }
     SqliteTestDatabase(const SqliteTestDatabase&) = delete;

@@ -71,16 +71,18 @@ HRESULT SqliteDatabase::Open(const std::string& path) {
     if (code != SQLITE_OK) return Failure(code, path);
     SQLITE_CALL(sqlite3_busy_handler, opened, WaitForLock, nullptr);
     std::int64_t pages = 0;
-    code = CountPages(pages);
-    sqlite3* const snapshot = MayBeWriteProtected(code) ? OpenSnapshot(file) : nullptr;
+    sqlite3* snapshot = WouldLeaveLog(file) ? OpenSnapshot(file) : nullptr;
+    if (snapshot == nullptr) {
+        code = CountPages(pages);
+        if (MayBeWriteProtected(code)) snapshot = OpenSnapshot(file);
+    }
     if (snapshot != nullptr) {
         handle_.reset(snapshot);
         code = CountPages(pages);
     }
     if (code != SQLITE_OK) return Failure(code, path);
     if (pages == 0) return SetLastError(E_FAIL, path + ": file is empty");
-    Prefer("PRAGMA journal_mode=WAL");
-    Prefer("PRAGMA synchronous=NORMAL");
+    SpareWaits();
     return S_OK;
 }
 
@@ -94,11 +96,16 @@ int SqliteDatabase::CountPages(std::int64_t& pages) {
     return SQLITE_OK;
 }
 
-/// Sets what makes writing fast. Where the file does not allow it, everything works as well
-/// without.
-void SqliteDatabase::Prefer(const char* pragma) {
-    SqliteStatement statement;
-    if (statement.Prepare(Handle(), pragma) == SQLITE_OK) statement.Step();
+/// A write-ahead log stays whole without waiting for the disk at every change. Whether there is one
+/// is the decision of whoever made the database.
+void SqliteDatabase::SpareWaits() {
+    SqliteStatement mode;
+    if (mode.Prepare(Handle(), "PRAGMA journal_mode") != SQLITE_OK || mode.Step() != SQLITE_ROW ||
+        mode.Column(0).text != "wal") {
+        return;
+    }
+    SqliteStatement setting;
+    if (setting.Prepare(Handle(), "PRAGMA synchronous=NORMAL") == SQLITE_OK) setting.Step();
 }
 
 HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>& parameters,

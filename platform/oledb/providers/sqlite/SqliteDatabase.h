@@ -19,9 +19,9 @@ namespace oledb::sqlite {
 /// An open database file.
 class SqliteDatabase {
 public:
-    /// Opens the file (UTF-8 path of the file system) for reading and writing, in WAL mode where
-    /// the file allows it. Where nothing can be written it is read as it stands now, and changes
-    /// are refused. A file that is missing, empty or no database is refused, none is made.
+    /// Opens the file (UTF-8 path of the file system) for reading and writing, in the journal mode
+    /// that it has. Where nothing can be written it is read as it stands now, and changes are
+    /// refused. A file that is missing, empty or no database is refused, none is made.
     HRESULT Open(const std::string& path);
 
     sqlite3* Handle() const { return handle_.get(); }
@@ -41,7 +41,7 @@ private:
         void operator()(sqlite3* database) const;
     };
     int CountPages(std::int64_t& pages);
-    void Prefer(const char* pragma);
+    void SpareWaits();
 
     std::unique_ptr<sqlite3, Close> handle_;
     std::unordered_map<std::string, SqliteStatement> changes_;  ///< by their text

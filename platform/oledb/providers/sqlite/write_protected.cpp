@@ -1,5 +1,7 @@
 #include "platform/oledb/providers/sqlite/write_protected.h"
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -19,6 +21,7 @@ constexpr std::size_t kWriteVersion = 18;
 constexpr std::size_t kReadVersion = 19;
 constexpr std::size_t kHeaderSize = 100;
 constexpr unsigned char kWithoutLog = 1;
+constexpr char kWithLog = 2;
 
 /// By which a change of the file shows.
 struct FileState {
@@ -50,6 +53,13 @@ struct Free {
 bool MayBeWriteProtected(int code) {
     const int kind = code & 0xFF;
     return kind == SQLITE_READONLY || kind == SQLITE_CANTOPEN;
+}
+
+bool WouldLeaveLog(const std::string& path) {
+    if (access(path.c_str(), W_OK) == 0) return false;
+    char header[kHeaderSize] = {};
+    std::ifstream(path, std::ios::binary).read(header, sizeof(header));
+    return header[kReadVersion] == kWithLog;
 }
 
 sqlite3* OpenSnapshot(const std::string& path) {

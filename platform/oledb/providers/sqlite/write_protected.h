@@ -11,6 +11,9 @@ namespace oledb::sqlite {
 
 /// Whether the library's result may come from such a place.
 bool MayBeWriteProtected(int code);
+/// Whether the first question to the file, which has a write-ahead log and cannot be written, would
+/// leave an empty log beside it.
+bool WouldLeaveLog(const std::string& path);
 
 /// The file's database as it stands now, copied into memory, where it can be read and not written
 /// to: a new handle. Null when not all of its changes are in the file itself, as somebody is
