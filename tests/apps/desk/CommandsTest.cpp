@@ -189,6 +189,24 @@ TEST_F(Commands, ASuiteWithoutItsDatabaseIsToldInABox) {
     EXPECT_TRUE(suite_.Sheets().empty());
 }
 
+TEST_F(Commands, ADatabaseRestoredMeanwhileIsToldAndTakenByOpeningTheFolderAgain) {
+    DrawSheet("ZK1", {"1"});
+    const std::string backup = scratch_.Path() / "backup.db";
+    suite_.Ask("VACUUM INTO '" + backup + "'");
+    DrawSheet("ZK1", {"2"});
+    std::filesystem::rename(backup, suite_.Database());
+    person_.Answer("不能打开颗分试验项目表,请检查数据!", IDOK);
+    person_.Press("颗粒分析成果图", IDCANCEL);
+    person_.Answer("replaced or deleted while it was open", IDOK);
+    TypeLine("CGRDX");
+    person_.Finish();
+    EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(suite_.Folder())));
+    EXPECT_EQ(Stored("SELECT count(*) FROM Z_c_KeFen WHERE KLD60 IS NOT NULL"), "1");
+    DrawSheet("ZK1", {"3"});
+    EXPECT_EQ(Stored("SELECT count(*) FROM Z_c_KeFen WHERE KLD60 IS NOT NULL"), "2");
+    EXPECT_EQ(Stored("PRAGMA integrity_check"), "ok");
+}
+
 TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
     const SampleSuite other(scratch_.Path() / "other", 2);
     EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(other.Folder())));

@@ -171,6 +171,43 @@ TEST(SqliteProvider, TheJournalModeOfADatabaseIsItsOwn) {
     }
 }
 
+TEST(SqliteProvider, AFileThatOthersDoNotFindAnyMoreIsNotWritten) {
+    struct Case {
+        const char* journal;
+        const char* gone;  ///< ending of the file that is taken away
+        bool replaced;     ///< by a copy
+        bool read;         ///< reading goes on
+    };
+    const Case cases[] = {{"wal", "", true, false},     {"wal", "", false, false},
+                          {"delete", "", true, false},  {"wal", "-wal", false, true},
+                          {"wal", "-shm", false, true}, {"delete", "-wal", false, true}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.journal) + c.gone);
+        const SqliteTestDatabase database;
+        database.Run(std::string("PRAGMA journal_mode=") + c.journal);
+        database.Run("CREATE TABLE t(x); INSERT INTO t VALUES(1)");
+        const auto session = OpenSession(database.InitString());
+        TestRowset set;
+        ASSERT_EQ(set.Open(*session.operator->(), "SELECT x FROM t"), S_OK);
+        LONG x = 0;
+        ASSERT_EQ(set.ReadNumber(x), S_OK);
+        const std::string file = database.Path() + c.gone;
+        const bool there = fs::exists(file);
+        database.Run("VACUUM INTO '" + file + "2'; UPDATE t SET x=5");
+        fs::remove(file);
+        if (c.replaced) fs::rename(file + "2", file);
+        x = 2;
+        EXPECT_EQ(FAILED(set.Set(&x)), there);
+        EXPECT_EQ(oledb::LastErrorText().find("replaced or deleted") != std::string::npos, there);
+        EXPECT_EQ(database.Rows("SELECT x FROM t"), there ? "5" : "2");
+        EXPECT_EQ(SUCCEEDED(TestRowset().Open(*session.operator->(), "SELECT x FROM t")), c.read);
+        if (c.replaced) {
+            EXPECT_EQ(SqliteTestDatabase(file.c_str()).Rows("SELECT x FROM t"), "1")
+                << "the log of the lost file is not read as the new one's";
+        }
+    }
+}
+
 TEST(SqliteProvider, RowsAreToldApartByWhateverTheTableHas) {
     struct Case {
         const char* create;

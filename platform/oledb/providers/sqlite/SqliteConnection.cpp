@@ -37,9 +37,11 @@ HRESULT SqliteConnection::Execute(const std::shared_ptr<SelectPlan>& plan, const
 
 HRESULT SqliteConnection::Select(std::string_view statement,
                                  std::unique_ptr<Selection>& selection) {
+    HRESULT result = database_.CheckPlace();
+    if (FAILED(result)) return result;
     SelectText text;
     std::string error;
-    HRESULT result = text.Parse(statement, error);
+    result = text.Parse(statement, error);
     if (FAILED(result)) return SetLastError(result, "statement " + error);
     const std::string key = text.Key();
     std::shared_ptr<SelectPlan> plan;

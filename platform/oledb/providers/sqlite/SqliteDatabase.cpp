@@ -61,7 +61,32 @@ HRESULT SqliteDatabase::Failure(int code, const std::string& title) const {
     return SetLastError(ResultOf(code, message), title + ": " + message);
 }
 
+SqliteDatabase::~SqliteDatabase() {
+    if (!files_.DatabaseIsThere()) LeavePlace();
+}
+
+/// Its log stands under the name of the file that has taken the place, and would be taken for that
+/// file's: what is in it belongs into the file that is open, wherever that is now.
+void SqliteDatabase::LeavePlace() {
+    SqliteStatement checkpoint;
+    if (checkpoint.Prepare(Handle(), "PRAGMA wal_checkpoint(TRUNCATE)") == SQLITE_OK) {
+        checkpoint.Step();
+    }
+}
+
+HRESULT SqliteDatabase::Displaced() {
+    if (!files_.DatabaseIsThere()) LeavePlace();
+    return SetLastError(E_FAIL, path_ +
+                                    ": the database was replaced or deleted while it was open; "
+                                    "the suite folder has to be opened again");
+}
+
+HRESULT SqliteDatabase::CheckPlace() {
+    return files_.DatabaseIsThere() ? S_OK : Displaced();
+}
+
 HRESULT SqliteDatabase::Open(const std::string& path) {
+    path_ = path;
     // Without a folder in front, ":memory:" would be a database and no file.
     const std::string file = path.starts_with('/') ? path : "./" + path;
     sqlite3* opened = nullptr;
@@ -82,6 +107,7 @@ HRESULT SqliteDatabase::Open(const std::string& path) {
     }
     if (code != SQLITE_OK) return Failure(code, path);
     if (pages == 0) return SetLastError(E_FAIL, path + ": file is empty");
+    if (snapshot == nullptr) files_.Remember(file);
     SpareWaits();
     return S_OK;
 }
@@ -122,6 +148,7 @@ HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>
 
 HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
                                   const std::string& title) {
+    if (!files_.AllAreThere()) return Displaced();
     if (changes_.size() >= kKeptStatements) changes_.clear();
     const auto [kept, isNew] = changes_.try_emplace(sql);
     if (isNew) {

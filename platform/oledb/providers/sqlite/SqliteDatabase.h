@@ -10,6 +10,7 @@
 
 #include "platform/oledb/Value.h"
 #include "platform/oledb/oledb_errors.h"
+#include "platform/oledb/providers/sqlite/OpenFiles.h"
 #include "platform/oledb/providers/sqlite/SqliteStatement.h"
 
 struct sqlite3;
@@ -19,15 +20,23 @@ namespace oledb::sqlite {
 /// An open database file.
 class SqliteDatabase {
 public:
+    SqliteDatabase() = default;
+    ~SqliteDatabase();
+    SqliteDatabase(const SqliteDatabase&) = delete;
+    SqliteDatabase& operator=(const SqliteDatabase&) = delete;
+
     /// Opens the file (UTF-8 path of the file system) for reading and writing, in the journal mode
     /// that it has. Where nothing can be written it is read as it stands now, and changes are
     /// refused. A file that is missing, empty or no database is refused, none is made.
     HRESULT Open(const std::string& path);
 
     sqlite3* Handle() const { return handle_.get(); }
+    /// E_FAIL, told, when another file has taken the place of the one that is open, or none.
+    HRESULT CheckPlace();
     /// Runs a statement that changes one row and has been run before by the same text, if so, as
     /// that prepared statement. `title` names the table in the error's text. DB_E_DELETEDROW when
-    /// no row was changed.
+    /// no row was changed. Nothing is changed once others do not find these files by their names
+    /// any more.
     HRESULT ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
                       const std::string& title);
     /// Runs a select from front to back; `row` is called with each row stepped to.
@@ -43,6 +52,11 @@ private:
     int CountPages(std::int64_t& pages);
     void SpareWaits();
 
+    HRESULT Displaced();
+    void LeavePlace();
+
+    std::string path_;
+    OpenFiles files_;
     std::unique_ptr<sqlite3, Close> handle_;
     std::unordered_map<std::string, SqliteStatement> changes_;  ///< by their text
 };
