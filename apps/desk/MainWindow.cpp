@@ -4,6 +4,8 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
@@ -27,6 +29,9 @@ namespace desk {
 namespace {
 constexpr std::size_t kProfilePathSize = 256;
 constexpr DWORD kProfileTextSize = 1024;
+constexpr const char* kGeometry = "windowGeometry";
+constexpr const char* kLightBackground = "lightBackground";
+constexpr double kFirstShareOfScreen = 0.8;
 
 std::vector<AcApDocument*> OpenDocuments() {
     std::vector<AcApDocument*> documents;
@@ -94,6 +99,7 @@ MainWindow::MainWindow(Session& session)
     coordinates_->setObjectName(QStringLiteral("coordinates"));
     statusBar()->addWidget(coordinates_);
     statusBar()->addPermanentWidget(suite_);
+    RestoreLook();
     MakeMenus(*this);
     Connect();
     acDocManager->addReactor(this);
@@ -105,6 +111,7 @@ MainWindow::MainWindow(Session& session)
 }
 
 MainWindow::~MainWindow() {
+    QSettings().setValue(QLatin1String(kGeometry), saveGeometry());
     acDocManager->removeReactor(this);
     oledb::SetLockWaitListener(nullptr);
     ed::SetBreakCheck(nullptr);
@@ -112,6 +119,25 @@ MainWindow::~MainWindow() {
     session_.SetStateListener(nullptr);
     session_.SetTextSink(nullptr);
     view_->SetDocument(nullptr);
+}
+
+/// As the user left it; at first as large as is good to work in.
+void MainWindow::RestoreLook() {
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(QLatin1String(kGeometry)).toByteArray())) {
+        resize(screen()->availableSize() * kFirstShareOfScreen);
+    }
+    SetLightBackground(settings.value(QLatin1String(kLightBackground)).toBool());
+    session_.Windows().SetRemembersPages(true);
+}
+
+void MainWindow::SetLightBackground(bool light) {
+    view_->SetBackground(light ? picture::Background::kLight : picture::Background::kDark);
+    QSettings().setValue(QLatin1String(kLightBackground), light);
+}
+
+bool MainWindow::HasLightBackground() const {
+    return view_->Background() == picture::Background::kLight;
 }
 
 void MainWindow::Connect() {

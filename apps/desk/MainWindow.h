@@ -49,6 +49,7 @@ public:
     void Save();
     void Plot();
     void SetLightBackground(bool light);
+    bool HasLightBackground() const;
     void FillRecentSuites(QMenu& menu);
 
 protected:
@@ -68,6 +69,7 @@ private:
     void ShowCursor(double x, double y);
     QString OpenDrawing(const QString& path);
     void RememberSuite();
+    void RestoreLook();
 
     Session& session_;
     QTabBar* tabs_;

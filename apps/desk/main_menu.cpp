@@ -109,6 +109,7 @@ void AddBackground(MainWindow& window, QMenu& view) {
     QAction* const light =
         view.addAction(windows::InterfaceText("&Light Background", "浅色背景(&L)"));
     light->setCheckable(true);
+    light->setChecked(window.HasLightBackground());
     QObject::connect(light, &QAction::toggled, &window,
                      [&window](bool on) { window.SetLightBackground(on); });
 }

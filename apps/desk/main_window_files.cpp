@@ -181,8 +181,4 @@ void MainWindow::FillRecentSuites(QMenu& menu) {
     menu.setEnabled(!menu.isEmpty());
 }
 
-void MainWindow::SetLightBackground(bool light) {
-    view_->SetBackground(light ? picture::Background::kLight : picture::Background::kDark);
-}
-
 }  // namespace desk

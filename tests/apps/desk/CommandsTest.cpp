@@ -242,6 +242,28 @@ TEST_F(Commands, ANewcomersChartsWithoutASuiteLeadToOne) {
     EXPECT_EQ(acDocManager->documentCount(), 1);
 }
 
+TEST_F(Commands, TheWindowAndTheSheetAreAsTheyWereLeft) {
+    const QSize size(900, 500);
+    {
+        desk::MainWindow before(session_);
+        before.resize(size);
+        before.SetLightBackground(true);
+    }
+    desk::MainWindow window(session_);
+    EXPECT_EQ(window.size(), size);
+    EXPECT_TRUE(window.HasLightBackground());
+    for (const int front : {0, 2}) {
+        person_.In("颗粒分析成果图", [front](QWidget& sheet) {
+            auto* const tabs = sheet.findChild<QTabBar*>();
+            EXPECT_EQ(tabs->currentIndex(), front);
+            tabs->setCurrentIndex(2);
+            QTest::keyClick(&sheet, Qt::Key_Escape);
+        });
+        window.RunCommand("CGRDX");
+        person_.Finish();
+    }
+}
+
 TEST_F(Commands, TheWheelZoomsAtTheCursorAndTheMiddleButtonPans) {
     DrawSheet("ZK2", {"2-2"});
     const QPoint at(300, 200);
