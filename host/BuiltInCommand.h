@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "host/phrase.h"
+
 namespace host {
 
 class Host;
@@ -16,7 +18,7 @@ struct BuiltInCommand {
     /// document is open.
     bool session;
     /// What is asked for, one argument each, in this order.
-    std::vector<const char*> prompts;
+    std::vector<Phrase> prompts;
     /// Gets one argument (GBK) for each prompt. False when it failed; the reason is then on the
     /// command line.
     bool (*run)(Host& host, const Arguments& arguments);

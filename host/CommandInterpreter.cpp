@@ -54,7 +54,7 @@ std::optional<std::string> NextName(CommandInput& input, bool& good) {
         if (name || badLine.empty()) {
             return name;
         }
-        good = Complain("A closing quote is missing: " + badLine);
+        good = Complain("A closing quote is missing: %1", {badLine});
     }
 }
 
@@ -107,7 +107,7 @@ bool CommandInterpreter::RunOne(const std::string& name, CommandInput& input) {
     } else if (const AcEdCommand* command = acedRegCmds->lookupCmd(name.c_str())) {
         good = RunModuleCommand(*command);
     } else {
-        Complain("Unknown command \"" + name + "\".");
+        Complain("Unknown command \"%1\".", {name});
     }
     input_ = outer;
     if (IsSingleDocumentMode() && acDocManager->curDocument() == nullptr && !host_.IsQuitting()) {
@@ -141,16 +141,15 @@ bool CommandInterpreter::RunBuiltIn(const BuiltInCommand& command, CommandInput&
 bool CommandInterpreter::Collect(const BuiltInCommand& command,
                                  BuiltInCommand::Arguments& arguments) {
     while (arguments.size() < command.prompts.size()) {
-        const std::string prompt = command.prompts[arguments.size()];
+        const std::string prompt = command.prompts[arguments.size()].Text();
         std::optional<std::string> word = Ask(("\n" + prompt).c_str());
         if (!word) {
-            return Complain(std::string(command.name) + ": cancelled, nothing was given for \"" +
-                            prompt + "\".");
+            return Complain("%1: cancelled, nothing was given for \"%2\".", {command.name, prompt});
         }
         arguments.push_back(std::move(*word));
     }
     if (std::find(arguments.begin(), arguments.end(), CommandInput::kCancel) != arguments.end()) {
-        return Complain(std::string(command.name) + ": cancelled.");
+        return Complain("%1: cancelled.", {command.name});
     }
     return true;
 }

@@ -4,7 +4,11 @@
 
 namespace host {
 
-bool Complain(const std::string& reason) {
+bool Complain(Phrase phrase, std::initializer_list<std::string> values) {
+    return ComplainAsTold(phrase.Text(values));
+}
+
+bool ComplainAsTold(const std::string& reason) {
     acutPrintf("\n%s", reason.c_str());
     return false;
 }

@@ -19,7 +19,7 @@ bool PickHandle(AcDbDatabase& database, const std::string& pick, AcDbObjectId& i
     AcDbEntity* entity = nullptr;
     if (fault != std::errc() || stop != end || database.getAcDbObjectId(id, handle) != Acad::eOk ||
         acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
-        return Complain("There is no entity " + pick + ".");
+        return Complain("There is no entity %1.", {pick});
     }
     entity->close();
     return true;
@@ -38,10 +38,10 @@ bool PickNearest(AcApDocument& document, const AcGePoint3d& point, const std::st
         }
     });
     if (meter.regenAbort()) {
-        return Complain("The blocks of this drawing hold too much to look at " + pick +
-                        "; pick by #HANDLE.");
+        return Complain("The blocks of this drawing hold too much to look at %1; pick by #HANDLE.",
+                        {pick});
     }
-    return !id.isNull() || Complain("There is no entity at " + pick + ".");
+    return !id.isNull() || Complain("There is no entity at %1.", {pick});
 }
 }  // namespace
 
@@ -53,7 +53,7 @@ bool PickEntity(AcApDocument& document, const std::string& pick, AcDbObjectId& i
     }
     const std::optional<AcGePoint3d> where = ParsePoint(pick);
     if (!where) {
-        return Complain("A pick is x,y or #HANDLE, not \"" + pick + "\".");
+        return Complain("A pick is x,y or #HANDLE, not \"%1\".", {pick});
     }
     point = *where;
     return PickNearest(document, point, pick, id);

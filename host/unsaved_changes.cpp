@@ -1,8 +1,8 @@
 #include "host/unsaved_changes.h"
 
 #include "host/complaint.h"
+#include "host/question.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/mfc/message_box.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
 
@@ -21,12 +21,13 @@ bool MayOverwrite(const AcApDocument& document) {
         return true;
     }
     const std::string name = ShownName(document);
-    const std::string question =
-        name + (state == AcAp::kFileGone ? " was deleted" : " was changed by another program") +
-        " since it was opened. Save it all the same?";
-    return MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
-                      MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES ||
-           Complain(name + " is not saved.");
+    const Phrase question =
+        state == AcAp::kFileGone
+            ? Phrase("%1 was deleted since it was opened. Save it all the same?")
+            : Phrase(
+                  "%1 was changed by another program since it was opened. Save it all the same?");
+    return AskUser(question.Text({name}), MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2) == IDYES ||
+           Complain("%1 is not saved.", {name});
 }
 }  // namespace
 
@@ -36,25 +37,24 @@ bool Save(AcApDocument& document, const char* path) {
     }
     const Acad::ErrorStatus status = acDocManager->saveDocument(&document, path);
     if (status == Acad::eInvalidInput) {
-        return Complain(ShownName(document) + " was never saved: SAVEAS gives it a name.");
+        return Complain("%1 was never saved: SAVEAS gives it a name.", {ShownName(document)});
     }
     return status == Acad::eOk ||
-           Complain(win32::GbkFromUtf8(document.database()->lastFileError()));
+           ComplainAsTold(win32::GbkFromUtf8(document.database()->lastFileError()));
 }
 
 bool MayGo(AcApDocument& document) {
     if (!document.database()->isModified()) {
         return true;
     }
-    const std::string question = "Save the changes to " + ShownName(document) + "?";
-    switch (MessageBox(adsw_acadMainWnd(), question.c_str(), nullptr,
-                       MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
+    const Phrase question("Save the changes to %1?");
+    switch (AskUser(question.Text({ShownName(document)}), MB_YESNOCANCEL | MB_ICONEXCLAMATION)) {
         case IDYES:
             return Save(document);
         case IDNO:
             return true;
         default:
-            return Complain(ShownName(document) + " stays open.");
+            return Complain("%1 stays open.", {ShownName(document)});
     }
 }
 

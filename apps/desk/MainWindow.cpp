@@ -294,7 +294,8 @@ void MainWindow::ShowCursor(double x, double y) {
 }
 
 void MainWindow::TellError(const QString& text) {
-    session_.Windows().ShowMessageBox({windows::ToGbk(text), "", MB_OK | MB_ICONEXCLAMATION});
+    session_.Windows().ShowMessageBox(
+        {windows::ToGbk(text), "", MB_OK | MB_ICONEXCLAMATION, nullptr, true});
 }
 
 void MainWindow::documentToBeDestroyed(AcApDocument* /*document*/) {

@@ -102,7 +102,7 @@ void Session::OnState() {
         stateListener_();
     }
     if (!faults.empty()) {
-        windows_.ShowMessageBox({faults.substr(1), "", MB_OK | MB_ICONEXCLAMATION});
+        windows_.ShowMessageBox({faults.substr(1), "", MB_OK | MB_ICONEXCLAMATION, nullptr, true});
     }
 }
 

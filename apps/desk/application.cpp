@@ -6,6 +6,7 @@
 #include <QTranslator>
 
 #include "apps/windows/interface_text.h"
+#include "host/phrase.h"
 
 namespace desk {
 
@@ -14,6 +15,7 @@ void SetUpApplication() {
     // No display name of its own: it would be appended to the caption of every window.
     QApplication::setApplicationName(QStringLiteral("GRDX"));
     if (windows::IsInterfaceChinese()) {
+        host::SetLanguage(host::Language::kChinese);
         auto* const ofFileDialogs = new QTranslator(qApp);
         if (ofFileDialogs->load(QStringLiteral("qtbase_zh_CN"),
                                 QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {

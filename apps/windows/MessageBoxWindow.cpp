@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
 #include "apps/windows/standard_button.h"
 
@@ -46,9 +47,12 @@ MessageBoxWindow::MessageBoxWindow(const mfc::MessageBoxRequest& request, QWidge
     setTextFormat(Qt::PlainText);
     setText(FromGbk(request.text));
     setIcon(IconOf(type_));
+    // The plug-in's texts are Chinese wherever it runs, and some name the buttons.
+    const bool chinese = !request.ofProgram || IsInterfaceChinese();
     for (const BoxButton& button : kButtons) {
         if (mfc::HasButton(type_, button.id)) {
-            QPushButton* const made = addButton(StandardButtonText(button.id), button.role);
+            QPushButton* const made =
+                addButton(StandardButtonText(button.id, chinese), button.role);
             made->setObjectName(QStringLiteral("control %1").arg(button.id));
             if (button.id == mfc::DefaultButton(type_)) {
                 setDefaultButton(made);

@@ -48,7 +48,8 @@ void SheetWindow::AddButtons() {
     auto* const row = new QHBoxLayout();
     row->addStretch();
     for (const int id : {IDOK, IDCANCEL}) {
-        auto* const button = new QPushButton(StandardButtonText(id), this);
+        // As the pages that they stand under.
+        auto* const button = new QPushButton(StandardButtonText(id, true), this);
         button->setObjectName(QStringLiteral("control %1").arg(id));
         button->setDefault(id == IDOK);
         connect(button, &QPushButton::clicked, this, [this, id] { sheet_.Command(id); });

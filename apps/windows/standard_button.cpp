@@ -4,16 +4,16 @@
 
 namespace windows {
 
-QString StandardButtonText(int id) {
+QString StandardButtonText(int id, bool chinese) {
     switch (id) {
         case IDYES:
-            return QStringLiteral("是(&Y)");
+            return chinese ? QStringLiteral("是(&Y)") : QStringLiteral("&Yes");
         case IDNO:
-            return QStringLiteral("否(&N)");
+            return chinese ? QStringLiteral("否(&N)") : QStringLiteral("&No");
         case IDCANCEL:
-            return QStringLiteral("取消");
+            return chinese ? QStringLiteral("取消") : QStringLiteral("Cancel");
         default:
-            return QStringLiteral("确定");
+            return chinese ? QStringLiteral("确定") : QStringLiteral("OK");
     }
 }
 

@@ -4,8 +4,7 @@
 
 namespace windows {
 
-/// What the platform writes on a button of that id (IDOK, IDCANCEL, IDYES, IDNO). Chinese wherever
-/// the program runs: the texts in the boxes name the buttons so.
-QString StandardButtonText(int id);
+/// What the platform writes on a button of that id (IDOK, IDCANCEL, IDYES, IDNO).
+QString StandardButtonText(int id, bool chinese);
 
 }  // namespace windows

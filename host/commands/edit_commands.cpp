@@ -26,7 +26,7 @@ public:
         AcGePoint3d point;
         if (PickEntity(*acDocManager->curDocument(), pick, id, point) &&
             acdbOpenObject(entity_, id, AcDb::kForWrite) != Acad::eOk) {
-            Complain("The entity " + pick + " cannot be changed.");
+            Complain("The entity %1 cannot be changed.", {pick});
         }
     }
     ~PickedEntity() {
@@ -51,20 +51,20 @@ private:
 bool Point(const std::string& word, AcGePoint3d& point) {
     const std::optional<AcGePoint3d> parsed = ParsePoint(word);
     point = parsed.value_or(AcGePoint3d());
-    return parsed || Complain("A point is x,y, not \"" + word + "\".");
+    return parsed || Complain("A point is x,y, not \"%1\".", {word});
 }
 
 bool Number(const std::string& word, double& number) {
     const std::optional<double> parsed = ParseNumber(word);
     number = parsed.value_or(0.0);
-    return parsed || Complain("\"" + word + "\" is no number.");
+    return parsed || Complain("\"%1\" is no number.", {word});
 }
 
 bool Transform(const std::string& picks, const AcGeMatrix3d& map) {
     return ForEachPick(picks, [&](const std::string& pick) {
         const PickedEntity entity(pick);
         return entity && (entity->transformBy(map) == Acad::eOk ||
-                          Complain("The entity " + pick + " cannot be transformed."));
+                          Complain("The entity %1 cannot be transformed.", {pick}));
     });
 }
 
@@ -97,7 +97,7 @@ bool ExplodeOne(const std::string& pick) {
     }
     AcDbVoidPtrArray pieces;
     if (entity->explode(pieces) != Acad::eOk || pieces.isEmpty()) {
-        return Complain("The entity " + pick + " is made of nothing simpler.");
+        return Complain("The entity %1 is made of nothing simpler.", {pick});
     }
     bool good = true;
     for (void* piece : pieces) {
@@ -128,7 +128,7 @@ bool CopyOne(const std::string& pick, const AcGeMatrix3d& map) {
     std::unique_ptr<AcDbEntity> copy(static_cast<AcDbEntity*>(made.release()));
     return (copy != nullptr && copy->transformBy(map) == Acad::eOk &&
             AppendBeside(*entity, std::move(copy))) ||
-           Complain("The entity " + pick + " cannot be copied.");
+           Complain("The entity %1 cannot be copied.", {pick});
 }
 
 bool Copy(Host& /*host*/, const Arguments& arguments) {
@@ -155,7 +155,7 @@ bool Scale(Host& /*host*/, const Arguments& arguments) {
         return false;
     }
     return factor > 0.0 ? Transform(arguments[0], AcGeMatrix3d::scaling(factor, base))
-                        : Complain("A scale factor is above 0, not " + arguments[2] + ".");
+                        : Complain("A scale factor is above 0, not %1.", {arguments[2]});
 }
 
 bool Mirror(Host& /*host*/, const Arguments& arguments) {
@@ -174,7 +174,7 @@ bool Grip(Host& /*host*/, const Arguments& arguments) {
     const std::optional<AcDbIntArray> indexes = ParseIndexes(arguments[1]);
     AcGePoint3d offset;
     if (!indexes) {
-        return Complain("Grips are index[,index...] from 0, not \"" + arguments[1] + "\".");
+        return Complain("Grips are index[,index...] from 0, not \"%1\".", {arguments[1]});
     }
     if (!Point(arguments[2], offset)) {
         return false;
@@ -189,8 +189,8 @@ bool Grip(Host& /*host*/, const Arguments& arguments) {
     entity->getGripPoints(grips, snapModes, geometryIds);
     for (const int index : *indexes) {
         if (index >= grips.length()) {
-            return Complain("The entity " + arguments[0] + " has no grip " + std::to_string(index) +
-                            ", it has " + std::to_string(grips.length()) + ".");
+            return Complain("The entity %1 has no grip %2, it has %3.",
+                            {arguments[0], std::to_string(index), std::to_string(grips.length())});
         }
     }
     return entity->moveGripPointsAt(*indexes, offset - AcGePoint3d()) == Acad::eOk;

@@ -1,3 +1,6 @@
+#include <charconv>
+#include <cstdio>
+
 #include "host/BuiltInCommand.h"
 #include "host/entity_pick.h"
 #include "platform/ap/AcApDocManager.h"
@@ -16,14 +19,35 @@ std::string LayerName(const AcDbEntity& entity) {
     return name;
 }
 
+std::string HandleText(AcDbObjectId id) {
+    char text[20] = "";
+    std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(id.handle()));
+    return text;
+}
+
+std::string PointText(const AcGePoint3d& point) {
+    std::string text;
+    for (const double coordinate : {point.x, point.y}) {
+        char digits[400] = "";  // the longest double has 309 before the point
+        char* const end = std::to_chars(std::begin(digits), std::end(digits), coordinate,
+                                        std::chars_format::fixed, 4)
+                              .ptr;
+        text.append(text.empty() ? "" : ",").append(digits, end);
+    }
+    return text;
+}
+
+void Say(Phrase phrase, std::initializer_list<std::string> values) {
+    acutPrintf("\n%s", phrase.Text(values).c_str());
+}
+
 void Describe(const AcDbEntity& entity) {
-    acutPrintf("\n%s  handle %llX  layer %s  color %d", entity.isA()->name(),
-               static_cast<unsigned long long>(entity.objectId().handle()),
-               LayerName(entity).c_str(), entity.colorIndex());
+    Say("%1  handle %2  layer %3  color %4",
+        {entity.isA()->name(), HandleText(entity.objectId()), LayerName(entity),
+         std::to_string(entity.colorIndex())});
     AcDbExtents extents;
     if (entity.getGeomExtents(extents) == Acad::eOk) {
-        acutPrintf("\nfrom %.4f,%.4f to %.4f,%.4f", extents.minPoint().x, extents.minPoint().y,
-                   extents.maxPoint().x, extents.maxPoint().y);
+        Say("from %1 to %2", {PointText(extents.minPoint()), PointText(extents.maxPoint())});
     }
 }
 

@@ -8,8 +8,8 @@ namespace {
 bool SetSdi(Host& /*host*/, const BuiltInCommand::Arguments& arguments) {
     const std::string& value = arguments.front();
     if (value != "0" && value != "1") {
-        return Complain("SDI takes 0 (several documents) or 1 (a single one), not \"" + value +
-                        "\".");
+        return Complain("SDI takes 0 (several documents) or 1 (a single one), not \"%1\".",
+                        {value});
     }
     resbuf mode;
     mode.restype = RTSHORT;

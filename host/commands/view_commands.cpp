@@ -35,7 +35,7 @@ void Show(AcApDocument& document, const AcDbExtents& area) {
 bool Zoom(Host& /*host*/, const BuiltInCommand::Arguments& arguments) {
     const bool all = IsOption(arguments.front(), "All");
     if (!all && !IsOption(arguments.front(), "Extents")) {
-        return Complain("ZOOM takes E (extents) or A (all), not \"" + arguments.front() + "\".");
+        return Complain("ZOOM takes E (extents) or A (all), not \"%1\".", {arguments.front()});
     }
     AcApDocument& document = *acDocManager->curDocument();
     AcDbExtents area = ModelSpaceExtents(*document.database());

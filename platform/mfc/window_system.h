@@ -13,6 +13,8 @@ struct MessageBoxRequest {
     std::string caption;  ///< GBK; empty: the program's name
     UINT type = MB_OK;    ///< buttons, icon and default button
     HWND owner = nullptr;
+    /// The program itself asks, in the user's language; otherwise a plug-in does, in its own.
+    bool ofProgram = false;
 };
 
 class WindowSystem {

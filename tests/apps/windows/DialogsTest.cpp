@@ -276,19 +276,22 @@ TEST_F(Dialogs, LayerSheetAndBrowser) {
 }
 
 TEST_F(Dialogs, ABoxOfYesAndNoHasToBeAnswered) {
-    person_.In("颗分", [](QWidget& window) {
-        auto& box = dynamic_cast<QMessageBox&>(window);
-        EXPECT_EQ(box.icon(), QMessageBox::Information);
-        EXPECT_EQ(Control<QPushButton>(box, IDYES)->text(), "是(&Y)");
-        EXPECT_EQ(box.defaultButton(), Control<QPushButton>(box, IDYES));
-        QTest::keyClick(&box, Qt::Key_Escape);
-        box.close();
-        EXPECT_TRUE(box.isVisible()) << "neither Esc nor the close button answers";
-        QTest::keyClick(&box, Qt::Key_N, Qt::AltModifier);
-    });
-    const int answer = windows_.ShowMessageBox(
-        {windows::ToGbk("是否入库?"), windows::ToGbk("颗分"), MB_YESNO | MB_ICONINFORMATION});
-    EXPECT_EQ(answer, IDNO);
+    // A plug-in speaks Chinese wherever it runs, the program the user's language.
+    for (const auto& [ofProgram, yes] : {std::pair(false, "是(&Y)"), std::pair(true, "&Yes")}) {
+        person_.In("颗分", [yes = QString(yes)](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            EXPECT_EQ(box.icon(), QMessageBox::Information);
+            EXPECT_EQ(Control<QPushButton>(box, IDYES)->text(), yes);
+            EXPECT_EQ(box.defaultButton(), Control<QPushButton>(box, IDYES));
+            QTest::keyClick(&box, Qt::Key_Escape);
+            box.close();
+            EXPECT_TRUE(box.isVisible()) << "neither Esc nor the close button answers";
+            QTest::keyClick(&box, Qt::Key_N, Qt::AltModifier);
+        });
+        EXPECT_EQ(windows_.ShowMessageBox({windows::ToGbk("是否入库?"), windows::ToGbk("颗分"),
+                                           MB_YESNO | MB_ICONINFORMATION, nullptr, ofProgram}),
+                  IDNO);
+    }
 }
 
 }  // namespace
