@@ -12,6 +12,8 @@ class Host;
 /// A command that every drawing has, beside those that modules add.
 struct BuiltInCommand {
     using Arguments = std::vector<std::string>;
+    /// What its first argument picks.
+    enum class Picks { kNothing, kOne, kSeveral };
 
     const char* name;  ///< global name, upper case
     /// Opens, closes or switches documents: runs in the application context, and also when no
@@ -22,6 +24,7 @@ struct BuiltInCommand {
     /// Gets one argument (GBK) for each prompt. False when it failed; the reason is then on the
     /// command line.
     bool (*run)(Host& host, const Arguments& arguments);
+    Picks picks = Picks::kNothing;
 };
 
 /// The command of that name (without regard to case); null when there is none.

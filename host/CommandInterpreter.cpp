@@ -129,6 +129,12 @@ bool CommandInterpreter::RunBuiltIn(const BuiltInCommand& command, CommandInput&
         }
         arguments.push_back(std::move(*word));
     }
+    if (command.picks != BuiltInCommand::Picks::kNothing && arguments.empty() && selection_) {
+        arguments.push_back(selection_(command.picks));
+        if (arguments.front().empty()) {
+            arguments.clear();
+        }
+    }
     const ToldCommand told(command.name);
     bool good = false;
     if (Collect(command, arguments)) {
@@ -142,7 +148,9 @@ bool CommandInterpreter::Collect(const BuiltInCommand& command,
                                  BuiltInCommand::Arguments& arguments) {
     while (arguments.size() < command.prompts.size()) {
         const std::string prompt = command.prompts[arguments.size()].Text();
-        std::optional<std::string> word = Ask(("\n" + prompt).c_str());
+        const bool picking = command.picks != BuiltInCommand::Picks::kNothing && arguments.empty();
+        std::optional<std::string> word = NextWord(("
+" + prompt).c_str(), picking);
         if (!word) {
             return Complain("%1: cancelled, nothing was given for \"%2\".", {command.name, prompt});
         }
@@ -162,21 +170,35 @@ bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
     // The stack's own entry may move when the command adds or removes commands.
     const AcRxFunctionPtr function = command.function;
     const ToldCommand told(command.globalName);
+    takesSelection_ = true;
     RunInContext(session, [function] { function(); });
+    takesSelection_ = false;
     return true;
 }
 
 std::optional<std::string> CommandInterpreter::Ask(const char* prompt) {
+    return NextWord(prompt, false);
+}
+
+std::optional<std::string> CommandInterpreter::NextWord(const char* prompt, bool picking) {
     acutPrintf("%s", prompt);
     if (input_ == nullptr) {
         return std::nullopt;
     }
+    const bool outer = std::exchange(picking_, picking);
     std::optional<std::string> word = input_->Next();
+    picking_ = outer;
     return word == CommandInput::kCancel ? std::nullopt : word;
 }
 
 bool CommandInterpreter::Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point) {
-    const std::optional<std::string> word = Ask(prompt);
+    const bool mayBeSelected = std::exchange(takesSelection_, false) && selection_ &&
+                               input_ != nullptr && input_->AtLineEnd();
+    std::optional<std::string> word =
+        mayBeSelected ? selection_(BuiltInCommand::Picks::kOne) : std::string();
+    if (word->empty()) {
+        word = NextWord(prompt, true);
+    }
     AcApDocument* const document = acDocManager->curDocument();
     if (!word || word->empty() || document == nullptr) {
         return false;

@@ -35,6 +35,13 @@ public:
     /// Answers a pick of the running command with the next word of its input. False when it names
     /// nothing, which is said, or when it is empty or there is none.
     bool Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point);
+    /// True while a command waits for a pick, and not for any other word.
+    bool IsPicking() const { return picking_; }
+
+    /// Gives what the user has selected beforehand as a pick, empty for nothing that will do. It
+    /// answers the first pick of a command whose line does not; what reactors pick is asked for.
+    using SelectionSource = std::function<std::string(BuiltInCommand::Picks picks)>;
+    void SetSelectionSource(SelectionSource selection) { selection_ = std::move(selection); }
 
     /// Called after each command of Run, and what it sent, is through.
     void SetAfterCommand(std::function<void()> afterCommand) {
@@ -47,9 +54,13 @@ private:
     bool RunModuleCommand(const AcEdCommand& command);
     bool Collect(const BuiltInCommand& command, BuiltInCommand::Arguments& arguments);
     bool RunPending();
+    std::optional<std::string> NextWord(const char* prompt, bool picking);
 
     Host& host_;
     CommandInput* input_ = nullptr;  ///< of the running command
+    bool picking_ = false;
+    SelectionSource selection_;
+    bool takesSelection_ = false;  ///< the running command has not picked yet
     std::function<void()> afterCommand_;
 };
 

@@ -2,10 +2,11 @@
 
 #include <charconv>
 
-#include "host/DistanceMeter.h"
 #include "host/complaint.h"
 #include "host/coordinates.h"
-#include "host/model_space.h"
+#include "host/picture/FontLibrary.h"
+#include "host/picture/picture_of.h"
+#include "host/picture/shape_hits.h"
 
 namespace host {
 
@@ -27,21 +28,19 @@ bool PickHandle(AcDbDatabase& database, const std::string& pick, AcDbObjectId& i
 
 bool PickNearest(AcApDocument& document, const AcGePoint3d& point, const std::string& pick,
                  AcDbObjectId& id) {
-    double nearest = document.view().height * kReachPerViewHeight;
-    id.setNull();
-    DistanceMeter meter(point);
-    ForEachModelSpaceEntity(*document.database(), [&](AcDbEntity& entity) {
-        const double distance = meter.Measure(entity);
-        if (distance <= nearest) {
-            nearest = distance;
-            id = entity.objectId();
-        }
-    });
-    if (meter.regenAbort()) {
+    picture::FontLibrary fonts;
+    const picture::DisplayList list = picture::PictureOf(*document.database(), fonts);
+    if (!list.isWhole()) {
         return Complain("The blocks of this drawing hold too much to look at %1; pick by #HANDLE.",
                         {pick});
     }
-    return !id.isNull() || Complain("There is no entity at %1.", {pick});
+    const auto hits =
+        picture::EntitiesAt(list, {point.x, point.y}, document.view().height * kReachPerViewHeight);
+    if (hits.empty()) {
+        return Complain("There is no entity at %1.", {pick});
+    }
+    id = hits.front().entity;
+    return true;
 }
 }  // namespace
 

@@ -163,6 +163,12 @@ void CommandLine::Echo(const QString& line) {
     history_->appendPlainText((prompt_->text() + QLatin1Char(' ') + line).trimmed());
 }
 
+void CommandLine::AskAgain(const QString& why) {
+    EndLine();
+    history_->appendPlainText(why);
+    openLine_ = prompt_->text();
+}
+
 void CommandLine::Recall(int step) {
     recalled_ = std::clamp(recalled_ + step, qsizetype{0}, typed_.size());
     edit_->setText(recalled_ < typed_.size() ? typed_[recalled_] : QString());

@@ -24,6 +24,8 @@ public:
     void ShowWaiting(bool waiting);
     /// Writes a line below the others as if it had been typed after the prompt.
     void Echo(const QString& line);
+    /// Tells why an answer will not do, and asks again.
+    void AskAgain(const QString& why);
     /// Everything printed and entered so far.
     QString History() const;
     /// Takes a key that was pressed elsewhere in the window; ignores one that says nothing here.

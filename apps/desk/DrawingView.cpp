@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "apps/desk/part_missing.h"
-#include "apps/desk/shape_hits.h"
 #include "host/coordinates.h"
+#include "host/picture/shape_hits.h"
 #include "platform/db/AcDbEntity.h"
 
 namespace desk {
@@ -43,9 +43,10 @@ DrawingView::DrawingView(QWidget* parent) : QWidget(parent) {
     look_.background = picture::Background::kDark;
     look_.emphasis = [this](AcDbObjectId id) {
         const auto* entity = dynamic_cast<const AcDbEntity*>(AcDbDatabase::objectOf(id));
-        const bool marked = (entity != nullptr && entity->isHighlighted()) ||
-                            std::find(selection_.begin(), selection_.end(), id) != selection_.end();
-        return marked ? paint::Emphasis::kHighlighted : paint::Emphasis::kNone;
+        const bool marked = (entity != nullptr && entity->isHighlighted()) || IsSelected(id);
+        return marked                    ? paint::Emphasis::kHighlighted
+               : id == target_.Offered() ? paint::Emphasis::kOffered
+                                         : paint::Emphasis::kNone;
     };
 }
 
@@ -65,6 +66,7 @@ void DrawingView::SetDocument(AcApDocument* document) {
     document_ = document;
     database_ = database;
     selection_.clear();
+    target_.LookAway();
     picture_ = picture::DisplayList();
     windowCorner_.reset();
     panFrom_.reset();
@@ -111,8 +113,11 @@ std::vector<std::string> DrawingView::TakeFaults() {
     return faults;
 }
 
-void DrawingView::SetAsking(bool asking) {
+void DrawingView::SetAsking(Asking asking) {
     asking_ = asking;
+    if (asking == Asking::kPoint) {
+        target_.LookAway();
+    }
     update();
 }
 
@@ -143,6 +148,7 @@ bool DrawingView::GiveUp() {
         return false;
     }
     pressed_ = false;
+    target_.LookAway();
     update();
     if (onCursor) {
         onCursor(cursor_);
@@ -192,16 +198,18 @@ void DrawingView::PressLeft(picture::Point point, bool shift) {
         cursor_ = point;
         return FinishWindow(shift);
     }
-    if (asking_) {
-        if (onPoint) {
-            onPoint(point);
-        }
-        return;
+    cursor_ = point;
+    LookUnderCursor();
+    if (asking_ == Asking::kPoint) {
+        return onPoint(point);
+    }
+    if (asking_ == Asking::kEntity) {
+        return onEntity(target_.Offered().isNull() ? AcDbObjectId() : target_.Take());
     }
     if (const int grip = grips_.At(point, Reach()); grip >= 0) {
         return PressGrip(grip, shift);
     }
-    if (!PressEntity(point, shift)) {
+    if (!PressEntity(shift)) {
         windowCorner_ = std::make_unique<picture::Point>(point);
         pressed_ = true;
     }
@@ -225,13 +233,46 @@ void DrawingView::PressGrip(int grip, bool shift) {
     update();
 }
 
-bool DrawingView::PressEntity(picture::Point point, bool shift) {
-    const auto entity = EntityAt(Picture(), point, Reach());
-    if (!entity) {
+/// Selects what is offered, in place of what the last click here has selected. With Shift, takes
+/// out the first selected one of all that is here.
+bool DrawingView::PressEntity(bool shift) {
+    if (target_.Offered().isNull()) {
         return false;
     }
-    Add({*entity}, shift);
+    const std::vector<AcDbObjectId>& within = target_.Within();
+    if (shift) {
+        const auto out = std::find_if(within.begin(), within.end(),
+                                      [this](AcDbObjectId id) { return IsSelected(id); });
+        Add(std::vector(out, out == within.end() ? out : out + 1), true);
+        return true;
+    }
+    const AcDbObjectId before = target_.TakenLast();
+    const AcDbObjectId taken = target_.Take();
+    if (!before.isNull() && before == selectedLast_ && before != taken) {
+        std::erase(selection_, before);
+    }
+    selectedLast_ = IsSelected(taken) ? AcDbObjectId() : taken;
+    Add({taken}, false);
     return true;
+}
+
+/// Grips lie above what can be taken; a point that is asked for is no entity.
+void DrawingView::LookUnderCursor() {
+    const AcDbObjectId before = target_.Offered();
+    const bool atRest = asking_ == Asking::kNothing;
+    if (database_ == nullptr || grips_.IsDragging() || windowCorner_ || panFrom_ ||
+        asking_ == Asking::kPoint || (atRest && grips_.At(cursor_, Reach()) >= 0)) {
+        target_.LookAway();
+    } else {
+        target_.Look(Picture(), cursor_, Reach());
+    }
+    if (target_.Offered() != before) {
+        update();
+    }
+}
+
+bool DrawingView::IsSelected(AcDbObjectId entity) const {
+    return std::find(selection_.begin(), selection_.end(), entity) != selection_.end();
 }
 
 void DrawingView::Add(const std::vector<AcDbObjectId>& entities, bool takeOut) {
@@ -251,7 +292,7 @@ void DrawingView::FinishWindow(bool shift) {
     const bool crossing = cursor_.x < windowCorner_->x;
     windowCorner_.reset();
     pressed_ = false;
-    Add(EntitiesIn(Picture(), box, crossing), shift);
+    Add(picture::EntitiesIn(Picture(), box, crossing), shift);
     update();
 }
 
@@ -268,6 +309,7 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
     if (windowCorner_) {
         update();
     }
+    LookUnderCursor();
     if (onCursor) {
         onCursor(cursor_);
     }
@@ -309,6 +351,11 @@ void DrawingView::wheelEvent(QWheelEvent* event) {
         ZoomAbout(document_->view(), ToPlane(event->position()), std::pow(kZoomStep, notches));
         update();
     }
+}
+
+void DrawingView::leaveEvent(QEvent* /*event*/) {
+    target_.LookAway();
+    update();
 }
 
 }  // namespace desk

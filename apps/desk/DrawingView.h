@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "apps/desk/ClickTarget.h"
 #include "apps/desk/GripSet.h"
 #include "apps/desk/ViewTransform.h"
 #include "apps/paint/PicturePainter.h"
@@ -14,11 +15,12 @@
 namespace desk {
 
 /// Shows a document's drawing. The wheel zooms at the cursor, the middle button pans, and shows
-/// everything when it is clicked twice. At rest a click selects what is under it, Shift takes it
-/// out again; a click on nothing, or a drag, opens a window: to the right everything in it is
-/// selected, to the left everything it touches. Selected entities show their grips; one that is
-/// clicked is dragged until the button goes up elsewhere or the next click, with Shift grips are
-/// made hot first. While a command asks, a click is a point.
+/// everything when it is clicked twice. What a click would take lights up. At rest a click selects
+/// it, the next one at the same place what lies below instead, Shift takes it out again; a click on
+/// nothing, or a drag, opens a window: to the right everything in it is selected, to the left
+/// everything it touches. Selected entities show their grips; one that is clicked is dragged until
+/// the button goes up elsewhere or the next click, with Shift grips are made hot first. While a
+/// command asks, a click is an entity or a point.
 class DrawingView : public QWidget {
 public:
     explicit DrawingView(QWidget* parent);
@@ -36,14 +38,17 @@ public:
     /// What was wrong with font files since the last call, and whether the picture lacks something
     /// (UTF-8).
     std::vector<std::string> TakeFaults();
-    /// True while a command waits for input.
-    void SetAsking(bool asking);
+    /// What a command waits for.
+    enum class Asking { kNothing, kPoint, kEntity };
+    void SetAsking(Asking asking);
     void SetBackground(picture::Background background);
     picture::Background Background() const { return look_.background; }
 
     /// In the order of selecting.
     const std::vector<AcDbObjectId>& Selection() const { return selection_; }
     void Select(std::vector<AcDbObjectId> entities);
+    /// What lights up as a click would take it; null for nothing.
+    AcDbObjectId Offered() const { return target_.Offered(); }
     const GripSet& Grips() const { return grips_; }
     /// Gives up the drag, else hot grips, else the window, else the selection. False when there was
     /// nothing to give up.
@@ -56,8 +61,10 @@ public:
     QPointF ToPixel(picture::Point point) const { return Transform().ToPixel(point); }
     const picture::DisplayList& Picture();
 
-    /// A point was clicked while a command asks.
+    /// A point was clicked while a command asks for one.
     std::function<void(picture::Point)> onPoint;
+    /// An entity was clicked while a command asks for one; null where there is none.
+    std::function<void(AcDbObjectId)> onEntity;
     /// Grips were dropped: arguments of GRIP, one for every entity.
     std::function<void(const std::vector<std::string>&)> onGripsMoved;
     /// The cursor moved, or the drag began or ended.
@@ -74,6 +81,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+    void leaveEvent(QEvent* event) override;
 
 private:
     ViewTransform Transform() const;
@@ -82,9 +90,11 @@ private:
     double Reach() const;
     void PressLeft(picture::Point point, bool shift);
     void PressGrip(int grip, bool shift);
-    bool PressEntity(picture::Point point, bool shift);
+    bool PressEntity(bool shift);
+    void LookUnderCursor();
     void FinishWindow(bool shift);
     void Drop();
+    bool IsSelected(AcDbObjectId entity) const;
     void Add(const std::vector<AcDbObjectId>& entities, bool takeOut);
     void LoadGrips();
 
@@ -101,9 +111,11 @@ private:
     bool tellOfPart_ = false;  ///< the picture is not whole, and nobody has been told
     mutable paint::PicturePainter painter_;
     paint::Look look_;
-    bool asking_ = false;
+    Asking asking_ = Asking::kNothing;
 
     std::vector<AcDbObjectId> selection_;
+    ClickTarget target_;
+    AcDbObjectId selectedLast_;  ///< by the last click, which the next one may take back
     GripSet grips_;
     QPointF pressedAt_;     ///< pixels
     bool pressed_ = false;  ///< the left button is down since a press that began something

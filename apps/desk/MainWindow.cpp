@@ -60,6 +60,10 @@ QString ProjectTitle() {
                             : (read("GCBH") + QLatin1Char(' ') + read("GCMC")).trimmed();
 }
 
+QString PickOf(AcDbObjectId id) {
+    return QStringLiteral("#%1").arg(static_cast<qulonglong>(id.handle()), 0, 16).toUpper();
+}
+
 /// The file's name without folders, with a star when the drawing has unsaved changes.
 QString TitleOf(const AcApDocument& document) {
     const QString path = windows::FromGbk(document.fileName());
@@ -116,6 +120,7 @@ MainWindow::~MainWindow() {
     oledb::SetLockWaitListener(nullptr);
     ed::SetBreakCheck(nullptr);
     session_.Windows().SetMainWindow(nullptr);
+    session_.SetSelectionSource(nullptr);
     session_.SetStateListener(nullptr);
     session_.SetTextSink(nullptr);
     view_->SetDocument(nullptr);
@@ -153,7 +158,7 @@ void MainWindow::Connect() {
     });
     line_->SetDeleteHandler([this] {
         if (!view_->Selection().empty()) {
-            RunOnSelection("ERASE");
+            RunCommand(QStringLiteral("ERASE"));
         }
     });
 
@@ -164,6 +169,9 @@ void MainWindow::Connect() {
         line_->Echo(text);
         session_.Feed().Submit(windows::ToGbk(text));
     };
+    view_->onEntity = [this](AcDbObjectId entity) { AnswerPick(entity); };
+    session_.SetSelectionSource(
+        [this](host::BuiltInCommand::Picks picks) { return TakeSelection(picks); });
     view_->onGripsMoved = [this](const std::vector<std::string>& moves) {
         for (const std::string& arguments : moves) {
             session_.Feed().Start("GRIP " + arguments);
@@ -206,14 +214,32 @@ bool MainWindow::RunCommand(const QString& line, bool tell) {
     return good;
 }
 
-void MainWindow::RunOnSelection(const char* command) {
-    QStringList picks;
-    for (const AcDbObjectId id : view_->Selection()) {
-        picks << QStringLiteral("#%1").arg(static_cast<qulonglong>(id.handle()), 0, 16);
+/// What is selected, as a pick: all of it, or the one curve among it.
+std::string MainWindow::TakeSelection(host::BuiltInCommand::Picks picks) {
+    std::vector<AcDbObjectId> selected = view_->Selection();
+    if (picks == host::BuiltInCommand::Picks::kOne) {
+        std::erase_if(selected, [](AcDbObjectId id) { return !IsCustomEntity(id); });
+        if (selected.size() != 1) {
+            return {};
+        }
+    }
+    QStringList words;
+    for (const AcDbObjectId id : selected) {
+        words << PickOf(id);
     }
     view_->Select({});
-    RunCommand(
-        (QLatin1String(command) + QLatin1Char(' ') + picks.join(QLatin1Char(','))).trimmed());
+    return windows::ToGbk(words.join(QLatin1Char(',')));
+}
+
+/// A click on nothing leaves the command waiting: it was meant for something.
+void MainWindow::AnswerPick(AcDbObjectId entity) {
+    if (entity.isNull()) {
+        return line_->AskAgain(
+            windows::InterfaceText("Nothing is there. Enter or Esc ends the command.",
+                                   "该处没有对象。按回车或 Esc 结束命令。"));
+    }
+    line_->Echo(PickOf(entity));
+    session_.Feed().Submit(windows::ToGbk(PickOf(entity)));
 }
 
 void MainWindow::ShowState() {
@@ -227,7 +253,9 @@ void MainWindow::ShowState() {
         work_.Pause();
     }
     line_->ShowWaiting(session_.Feed().IsWaiting());
-    view_->SetAsking(session_.Feed().IsWaiting());
+    view_->SetAsking(!session_.Feed().IsWaiting()                   ? DrawingView::Asking::kNothing
+                     : session_.Program().Interpreter().IsPicking() ? DrawingView::Asking::kEntity
+                                                                    : DrawingView::Asking::kPoint);
     ShowDocuments();
     ShowDrawing();
     suite_->setText(ProjectTitle());

@@ -31,8 +31,6 @@ public:
     /// Starts commands as if chosen from a menu. When one fails and `tell` is set, what it said is
     /// shown in a box as well: nobody looks at the command line who has not typed.
     bool RunCommand(const QString& line, bool tell = false);
-    /// A command that works on objects: takes those selected, asks when there are none.
-    void RunOnSelection(const char* command);
     /// Opens drawings by the paths of the file system.
     void OpenDrawings(const QStringList& paths);
     /// Makes a folder the suite folder, after asking for every changed drawing. False, after saying
@@ -62,6 +60,8 @@ private:
     void documentToBeDestroyed(AcApDocument* document) override;
     void Connect();
     void Submit(const QString& line);
+    std::string TakeSelection(host::BuiltInCommand::Picks picks);
+    void AnswerPick(AcDbObjectId entity);
     void ShowState();
     void EndWork();
     void ShowDrawing();

@@ -50,6 +50,7 @@ bool Session::Start(const std::string& suiteFolder, std::string& error) {
         suite::CloseFolder();
     }
     host_ = std::make_unique<host::Host>();
+    host_->Interpreter().SetSelectionSource(selection_);
     feed_ = std::make_unique<CommandFeed>(host_->Interpreter());
     feed_->SetStateListener([this] { OnState(); });
     suiteFolder_ = suiteFolder;
@@ -62,6 +63,11 @@ bool Session::Start(const std::string& suiteFolder, std::string& error) {
 
 void Session::SetStateListener(std::function<void()> listener) {
     stateListener_ = std::move(listener);
+}
+
+void Session::SetSelectionSource(host::CommandInterpreter::SelectionSource selection) {
+    selection_ = std::move(selection);
+    host_->Interpreter().SetSelectionSource(selection_);
 }
 
 bool Session::Run(const std::string& gbkLine, std::string& said) {

@@ -35,6 +35,8 @@ public:
 
     /// Gets the command line's text, GBK as printed.
     void SetTextSink(std::function<void(const std::string& gbk)> sink) { sink_ = std::move(sink); }
+    /// Gives the commands of every session what is selected, as their interpreter asks for it.
+    void SetSelectionSource(host::CommandInterpreter::SelectionSource selection);
     /// Told of every state of the feed, and when a session has started.
     void SetStateListener(std::function<void()> listener);
 
@@ -52,6 +54,7 @@ private:
     windows::QtWindowSystem windows_;
     std::function<void(const std::string&)> sink_;
     std::function<void()> stateListener_;
+    host::CommandInterpreter::SelectionSource selection_;
     std::unique_ptr<host::Host> host_;
     std::unique_ptr<CommandFeed> feed_;
     std::string suiteFolder_;

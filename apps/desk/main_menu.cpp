@@ -28,10 +28,6 @@ std::function<void(MainWindow&)> Command(const char* line) {
     return [line](MainWindow& window) { window.RunCommand(QString::fromLatin1(line)); };
 }
 
-std::function<void(MainWindow&)> OnSelection(const char* command) {
-    return [command](MainWindow& window) { window.RunOnSelection(command); };
-}
-
 std::vector<Entry> FileEntries() {
     return {
         {"&New", "新建(&N)", QKeySequence::New, Command("NEW")},
@@ -49,15 +45,15 @@ std::vector<Entry> FileEntries() {
 
 std::vector<Entry> EditEntries() {
     return {
-        {"&Erase", "删除(&E)", {}, OnSelection("ERASE")},
-        {"&Move", "移动(&M)", {}, OnSelection("MOVE")},
-        {"&Copy", "复制(&C)", {}, OnSelection("COPY")},
-        {"&Rotate", "旋转(&R)", {}, OnSelection("ROTATE")},
-        {"&Scale", "缩放(&S)", {}, OnSelection("SCALE")},
-        {"M&irror", "镜像(&I)", {}, OnSelection("MIRROR")},
-        {"E&xplode", "分解(&X)", {}, OnSelection("EXPLODE")},
+        {"&Erase", "删除(&E)", {}, Command("ERASE")},
+        {"&Move", "移动(&M)", {}, Command("MOVE")},
+        {"&Copy", "复制(&C)", {}, Command("COPY")},
+        {"&Rotate", "旋转(&R)", {}, Command("ROTATE")},
+        {"&Scale", "缩放(&S)", {}, Command("SCALE")},
+        {"M&irror", "镜像(&I)", {}, Command("MIRROR")},
+        {"E&xplode", "分解(&X)", {}, Command("EXPLODE")},
         {},
-        {"&List", "列表(&L)", {}, OnSelection("LIST")},
+        {"&List", "列表(&L)", {}, Command("LIST")},
     };
 }
 

@@ -20,6 +20,9 @@ constexpr int kForeground = 7;
 constexpr double kDegrees = 180.0 / std::numbers::pi;
 constexpr QRgb kHighlightLight = qRgb(0, 110, 220);
 constexpr QRgb kHighlightDark = qRgb(90, 170, 255);
+constexpr QRgb kOfferLight = qRgb(200, 110, 0);
+constexpr QRgb kOfferDark = qRgb(255, 190, 70);
+constexpr double kEmphasisWidth = 1.5;  ///< pixels more
 
 bool IsAxisParallel(const QPolygonF& points) {
     constexpr double kPixels = 0.01;
@@ -53,12 +56,10 @@ public:
             if (!item.box.meets(view)) {
                 continue;
             }
-            const Emphasis emphasis =
-                look_.emphasis ? look_.emphasis(item.entity) : Emphasis::kNone;
-            if (emphasis == Emphasis::kLeftOut) {
+            emphasis_ = look_.emphasis ? look_.emphasis(item.entity) : Emphasis::kNone;
+            if (emphasis_ == Emphasis::kLeftOut) {
                 continue;
             }
-            highlighted_ = emphasis == Emphasis::kHighlighted;
             const bool whole = view.contains(item.box);
             for (const Shape& shape : list_.shapes(item)) {
                 if ((shape.printed || !look_.onPaper) && (whole || shape.box.meets(view))) {
@@ -73,9 +74,12 @@ private:
     QPointF at(picture::Point p) const { return map_.map(QPointF(p.x, p.y)); }
 
     QColor colorOf(const Shape& shape) const {
-        if (highlighted_) {
-            return QColor::fromRgb(
-                look_.background == picture::Background::kLight ? kHighlightLight : kHighlightDark);
+        const bool light = look_.background == picture::Background::kLight;
+        if (emphasis_ == Emphasis::kHighlighted) {
+            return QColor::fromRgb(light ? kHighlightLight : kHighlightDark);
+        }
+        if (emphasis_ == Emphasis::kOffered) {
+            return QColor::fromRgb(light ? kOfferLight : kOfferDark);
         }
         return colors_[shape.colorIndex];
     }
@@ -85,8 +89,8 @@ private:
             shape.lineWeight < 0.0F ? kDefaultLineWeight : static_cast<double>(shape.lineWeight);
         const double weight =
             look_.onPaper ? std::max(onPaper * pixelsPerUnit_, look_.leastLineWidth) : 1.0;
-        return QPen(colorOf(shape), highlighted_ ? weight + 1.5 : weight, Qt::SolidLine,
-                    Qt::RoundCap, Qt::RoundJoin);
+        return QPen(colorOf(shape), emphasis_ != Emphasis::kNone ? weight + kEmphasisWidth : weight,
+                    Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     }
 
     void usePen(const Shape& shape) {
@@ -245,7 +249,7 @@ private:
     const Look& look_;
     QColor colors_[256];
     double pixelsPerUnit_ = 1.0;
-    bool highlighted_ = false;
+    Emphasis emphasis_ = Emphasis::kNone;  ///< of the entity being drawn
     QPolygonF points_;
     QList<QLineF> levelLines_;  ///< not yet drawn
     QPen levelPen_;

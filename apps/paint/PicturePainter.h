@@ -13,7 +13,12 @@
 namespace paint {
 
 /// How one entity is shown.
-enum class Emphasis { kNone, kHighlighted, kLeftOut };
+enum class Emphasis {
+    kNone,
+    kOffered,  ///< what a click would take
+    kHighlighted,
+    kLeftOut
+};
 
 /// How a picture is shown.
 struct Look {

@@ -13,6 +13,7 @@ namespace host {
 
 namespace {
 using Arguments = BuiltInCommand::Arguments;
+using Picks = BuiltInCommand::Picks;
 
 constexpr const char* kPickPrompt = "Select object: ";
 constexpr const char* kBasePrompt = "Base point: ";
@@ -199,17 +200,22 @@ bool Grip(Host& /*host*/, const Arguments& arguments) {
 
 const std::vector<BuiltInCommand>& EditCommands() {
     static const std::vector<BuiltInCommand> commands = {
-        {"ERASE", false, {kPickPrompt}, Erase},
-        {"EXPLODE", false, {kPickPrompt}, Explode},
-        {"MOVE", false, {kPickPrompt, kBasePrompt, "Second point: "}, Move},
-        {"COPY", false, {kPickPrompt, kBasePrompt, "Second point: "}, Copy},
-        {"ROTATE", false, {kPickPrompt, kBasePrompt, "Angle in degrees: "}, Rotate},
-        {"SCALE", false, {kPickPrompt, kBasePrompt, "Scale factor: "}, Scale},
+        {"ERASE", false, {kPickPrompt}, Erase, Picks::kSeveral},
+        {"EXPLODE", false, {kPickPrompt}, Explode, Picks::kSeveral},
+        {"MOVE", false, {kPickPrompt, kBasePrompt, "Second point: "}, Move, Picks::kSeveral},
+        {"COPY", false, {kPickPrompt, kBasePrompt, "Second point: "}, Copy, Picks::kSeveral},
+        {"ROTATE",
+         false,
+         {kPickPrompt, kBasePrompt, "Angle in degrees: "},
+         Rotate,
+         Picks::kSeveral},
+        {"SCALE", false, {kPickPrompt, kBasePrompt, "Scale factor: "}, Scale, Picks::kSeveral},
         {"MIRROR",
          false,
          {kPickPrompt, "First point of the mirror line: ", "Second point: "},
-         Mirror},
-        {"GRIP", false, {kPickPrompt, "Grips: ", "Displacement: "}, Grip},
+         Mirror,
+         Picks::kSeveral},
+        {"GRIP", false, {kPickPrompt, "Grips: ", "Displacement: "}, Grip, Picks::kOne},
     };
     return commands;
 }

@@ -71,7 +71,7 @@ bool List(Host& /*host*/, const BuiltInCommand::Arguments& arguments) {
 
 const std::vector<BuiltInCommand>& InquiryCommands() {
     static const std::vector<BuiltInCommand> commands = {
-        {"LIST", false, {"Select object: "}, List},
+        {"LIST", false, {"Select object: "}, List, BuiltInCommand::Picks::kSeveral},
     };
     return commands;
 }

@@ -6,6 +6,7 @@
 #include "host/model_space.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbStub.h"
 #include "platform/db/AcDbText.h"
@@ -344,6 +345,17 @@ TEST_F(BuiltInCommandsTest, APointPicksWhatIsDrawnNearestThere) {
     wide->addVertexAt(0, AcGePoint2d(0, 200), 0.0, 20.0, 20.0);
     wide->addVertexAt(1, AcGePoint2d(100, 200), 0.0, 20.0, 20.0);
     Draw(std::move(wide));
+    auto* const dashes = new AcDbLinetypeTableRecord;
+    dashes->setDashLengths({10, -10});
+    auto dashed = LevelLine(300, {});
+    dashed->setLinetype(Add<AcDbLinetypeTable>(Current()->database()->header().LTYPE_CONTROL_OBJECT,
+                                               dashes, "dashes"));
+    Draw(std::move(dashed));
+    const AcDbObjectId label = AddBlock("label");
+    AppendToBlock(label, std::make_unique<AcDbText>(AcGePoint3d(), "ab", AcDbObjectId::kNull, 9.0));
+    auto mirrored = std::make_unique<AcDbBlockReference>(AcGePoint3d(0, 400, 0), label);
+    mirrored->setScaleFactors({1, -1, 1});
+    Draw(std::move(mirrored));
     struct Case {
         const char* point;
         const char* entity;  ///< null: nothing is there
@@ -352,6 +364,8 @@ TEST_F(BuiltInCommandsTest, APointPicksWhatIsDrawnNearestThere) {
         {"50,2.9", "AcDbLine"},      {"50,3.1", nullptr},        {"102,1", "AcDbLine"},
         {"57.1,57.1", "AcDbCircle"}, {"50,50", nullptr},         {"10,102", "AcDbText"},
         {"10,98", "AcDbText"},       {"50,209", "AcDbPolyline"}, {"50,214", nullptr},
+        {"40,300", "AcDbLine"},      {"50,300", nullptr},        {"5,393", "AcDbBlockReference"},
+        {"5,405", nullptr},
     };
     for (const Case& row : cases) {
         printed_.clear();

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/picture/shape_hits.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/mfc/message_box.h"
 #include "tests/apps/desk/DeskFixture.h"
@@ -40,6 +41,14 @@ protected:
             }
         }
         return tops;
+    }
+    /// A place beside the sheet.
+    Point Nowhere() const {
+        const picture::Box sheet = View().Picture().box();
+        return {sheet.left - 20.0, sheet.bottom + 20.0};
+    }
+    static QString PickOf(AcDbObjectId id) {
+        return QStringLiteral("#%1").arg(static_cast<qulonglong>(id.handle()), 0, 16);
     }
     /// Types an answer as soon as a command waits for one.
     bool Answer(const QString& line) {
@@ -121,6 +130,55 @@ TEST_F(Editing, HotGripsMoveTogetherAndEscGivesUp) {
     EXPECT_TRUE(View().Selection().empty());
 }
 
+TEST_F(Editing, WhatLightsUpIsTakenTheCurveBeforeItsGridThenWhatLiesBelow) {
+    QTest::keyClick(&View(), Qt::Key_Escape);
+    const double reach = View().ToPlane({6.0, 0.0}).x - View().ToPlane({0.0, 0.0}).x;
+    const auto nearest = [&](Point at) {
+        return picture::EntitiesAt(View().Picture(), at, 0.7 * reach).front().entity;
+    };
+    Point at = PointOn(curve_);
+    while (nearest(at) == curve_) {
+        at.y += 0.05 * reach;
+    }
+    Move(at);
+    EXPECT_EQ(View().Offered(), curve_);
+    Click(at);
+    EXPECT_EQ(View().Selection(), std::vector{curve_});
+    const AcDbObjectId below = View().Offered();
+    EXPECT_EQ(below, nearest(at));
+    Click(at);
+    EXPECT_EQ(View().Selection(), std::vector{below});
+    Click(at, Qt::ShiftModifier);
+    EXPECT_TRUE(View().Selection().empty());
+    Move(Nowhere());
+    EXPECT_TRUE(View().Offered().isNull());
+}
+
+TEST_F(Editing, SgrdxTakesTheSelectedCurveAndAsksAgainAfterAClickOnNothing) {
+    window_.RunCommand("GRIP " + PickOf(curve_) + " 3 0,-2");
+    ASSERT_EQ(View().Selection(), std::vector{curve_});
+    TypeLine("SGRDX");
+    EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
+    EXPECT_FALSE(Said().contains("请选择颗分试样曲线:")) << "it was selected";
+
+    const auto clickWhenAsked = [this](Point at) {
+        person_.Then("a click", [this, at] {
+            if (!session_.Feed().IsWaiting()) {
+                return false;
+            }
+            EXPECT_EQ(window_.findChild<QLabel*>("prompt")->text(), "请选择颗分试样曲线:");
+            Click(at);
+            return true;
+        });
+    };
+    clickWhenAsked(Nowhere());
+    clickWhenAsked(PointOn(curve_));
+    TypeLine("SGRDX");
+    person_.Finish();
+    EXPECT_TRUE(Said().contains("该试样没有改动")) << Said().toStdString();
+    EXPECT_FALSE(Said().contains("什么也没有选中")) << Said().toStdString();
+}
+
 TEST_F(Editing, WindowsSelectWithinAndAcross) {
     QTest::keyClick(&View(), Qt::Key_Escape);
     const picture::Box sheet = View().Picture().box();
@@ -143,7 +201,7 @@ TEST_F(Editing, WindowsSelectWithinAndAcross) {
     const std::vector<double> tops = TopsOf(moved);
     person_.Then("the base point is typed", [this] { return Answer("0,0"); });
     person_.Then("the second point is typed", [this] { return Answer("0,100"); });
-    window_.RunOnSelection("MOVE");
+    window_.RunCommand("MOVE");
     person_.Finish();
     const std::vector<double> now = TopsOf(moved);
     ASSERT_EQ(now.size(), across);
@@ -161,7 +219,7 @@ TEST_F(Editing, ACommandOnTheSelectionEndsWithItsDrawing) {
         return true;
     });
     View().Select({curve_, View().Picture().items().front().entity});
-    window_.RunOnSelection("MOVE");
+    window_.RunCommand("MOVE");
     person_.Finish();
     EXPECT_EQ(acDocManager->documentCount(), 0);
     EXPECT_TRUE(View().Selection().empty());

@@ -146,6 +146,10 @@ TEST(PicturePainter, EntitiesAreHighlightedLeftOutAndTurnedOver) {
     const QColor highlighted = At(image, 12, 22);
     EXPECT_NE(highlighted, QColor(Qt::black));
     EXPECT_NE(highlighted, QColor(Qt::white));
+    look.emphasis = [](AcDbObjectId) { return paint::Emphasis::kOffered; };
+    const QColor offered = At(Painted(Sample(), look), 12, 22);
+    EXPECT_NE(offered, highlighted);
+    EXPECT_NE(offered, QColor(Qt::white));
     look.emphasis = nullptr;
     QImage black = Painted(Sample(), look);
     EXPECT_EQ(At(black, 12, 22), QColor(Qt::white)) << "index 7 on a dark background";

@@ -1,24 +1,19 @@
-#include "apps/desk/shape_hits.h"
+#include "host/picture/shape_hits.h"
 
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
-namespace desk {
+namespace picture {
 
 namespace {
-using picture::Box;
-using picture::DisplayList;
-using picture::Item;
-using picture::Point;
-using picture::Shape;
-using picture::ShapeKind;
-
 constexpr int kChordsOfATurn = 90;
+constexpr double kTurn = 2.0 * std::numbers::pi;
 
-std::vector<Point> ChordsOf(const picture::Arc& arc) {
-    const int chords = std::max(
-        2, static_cast<int>(std::ceil(kChordsOfATurn * std::abs(arc.sweepAngle) / 6.2832)));
+std::vector<Point> ChordsOf(const Arc& arc) {
+    const int chords =
+        std::max(2, static_cast<int>(std::ceil(kChordsOfATurn * std::abs(arc.sweepAngle) / kTurn)));
     std::vector<Point> points;
     for (int i = 0; i <= chords; ++i) {
         const double angle = arc.startAngle + arc.sweepAngle * i / chords;
@@ -29,12 +24,12 @@ std::vector<Point> ChordsOf(const picture::Arc& arc) {
 }
 
 /// Corners around a run of characters, the first repeated at the end.
-std::vector<Point> OutlineOf(const picture::GlyphRun& run) {
+std::vector<Point> OutlineOf(const GlyphRun& run) {
     double width = 0.0;
-    for (const picture::GlyphCell& cell : run.cells) {
+    for (const GlyphCell& cell : run.cells) {
         width = std::max(width, cell.x + run.cellWidth);
     }
-    const picture::Affine& map = run.cellToWorld;
+    const Affine& map = run.cellToWorld;
     return {map.map({0, 0}), map.map({width, 0}), map.map({width, 1}), map.map({0, 1}),
             map.map({0, 0})};
 }
@@ -78,7 +73,25 @@ bool IsWithin(Point p, const std::vector<Point>& ring) {
     return within;
 }
 
+double Distance(Point p, const Arc& arc) {
+    const Point out = p - arc.center;
+    const double start = std::min(arc.startAngle, arc.startAngle + arc.sweepAngle);
+    const double past = std::remainder(std::atan2(out.y, out.x) - start, kTurn);
+    if ((past < 0.0 ? past + kTurn : past) <= std::abs(arc.sweepAngle)) {
+        return std::abs(std::hypot(out.x, out.y) - arc.radius);
+    }
+    double nearest = std::numeric_limits<double>::infinity();
+    for (const double angle : {start, start + std::abs(arc.sweepAngle)}) {
+        const Point off = out - Point{std::cos(angle), std::sin(angle)} * arc.radius;
+        nearest = std::min(nearest, std::hypot(off.x, off.y));
+    }
+    return nearest;
+}
+
 double Distance(const DisplayList& list, const Shape& shape, Point p) {
+    if (shape.kind == ShapeKind::kArc) {
+        return Distance(p, list.arc(shape));
+    }
     bool filled = false;
     const std::vector<Point> line = LineOf(list, shape, filled);
     if (filled && IsWithin(p, line)) {
@@ -123,26 +136,29 @@ bool Meets(const DisplayList& list, const Shape& shape, const Box& box) {
 }
 }  // namespace
 
-std::optional<AcDbObjectId> EntityAt(const DisplayList& list, Point point, double reach) {
-    std::optional<AcDbObjectId> found;
-    double nearest = reach;
+std::vector<Hit> EntitiesAt(const DisplayList& list, Point point, double reach) {
     Box around;
     around.add(point - Point{reach, reach});
     around.add(point + Point{reach, reach});
+    std::vector<Hit> hits;
     for (const Item& item : list.items()) {
         if (!item.box.meets(around)) {
             continue;
         }
+        double nearest = std::numeric_limits<double>::infinity();
         for (const Shape& shape : list.shapes(item)) {
-            const double distance =
-                shape.box.meets(around) ? Distance(list, shape, point) : 2.0 * reach;
-            if (distance <= nearest) {
-                nearest = distance;
-                found = item.entity;
+            if (shape.box.meets(around)) {
+                nearest = std::min(nearest, Distance(list, shape, point));
             }
         }
+        if (nearest <= reach) {
+            hits.push_back({item.entity, nearest});
+        }
     }
-    return found;
+    std::reverse(hits.begin(), hits.end());
+    std::stable_sort(hits.begin(), hits.end(),
+                     [](const Hit& a, const Hit& b) { return a.distance < b.distance; });
+    return hits;
 }
 
 std::vector<AcDbObjectId> EntitiesIn(const DisplayList& list, const Box& box, bool crossing) {
@@ -160,4 +176,4 @@ std::vector<AcDbObjectId> EntitiesIn(const DisplayList& list, const Box& box, bo
     return found;
 }
 
-}  // namespace desk
+}  // namespace picture
