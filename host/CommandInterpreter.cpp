@@ -129,11 +129,8 @@ bool CommandInterpreter::RunBuiltIn(const BuiltInCommand& command, CommandInput&
         }
         arguments.push_back(std::move(*word));
     }
-    if (command.picks != BuiltInCommand::Picks::kNothing && arguments.empty() && selection_) {
-        arguments.push_back(selection_(command.picks));
-        if (arguments.front().empty()) {
-            arguments.clear();
-        }
+    if (std::string pick = arguments.empty() ? Selected(command.picks) : ""; !pick.empty()) {
+        arguments.push_back(std::move(pick));
     }
     const ToldCommand told(command.name);
     bool good = false;
@@ -149,8 +146,7 @@ bool CommandInterpreter::Collect(const BuiltInCommand& command,
     while (arguments.size() < command.prompts.size()) {
         const std::string prompt = command.prompts[arguments.size()].Text();
         const bool picking = command.picks != BuiltInCommand::Picks::kNothing && arguments.empty();
-        std::optional<std::string> word = NextWord(("
-" + prompt).c_str(), picking);
+        std::optional<std::string> word = Ask(("\n" + prompt).c_str(), picking);
         if (!word) {
             return Complain("%1: cancelled, nothing was given for \"%2\".", {command.name, prompt});
         }
@@ -163,8 +159,9 @@ bool CommandInterpreter::Collect(const BuiltInCommand& command,
 }
 
 bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
-    if (LacksDocument()) {
-        return false;
+    // Modules' commands make drawings of their own and only ask for one to start from.
+    if (acDocManager->curDocument() == nullptr) {
+        host_.StartDocument();
     }
     const bool session = (command.flags & ACRX_CMD_SESSION) != 0;
     // The stack's own entry may move when the command adds or removes commands.
@@ -176,11 +173,12 @@ bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
     return true;
 }
 
-std::optional<std::string> CommandInterpreter::Ask(const char* prompt) {
-    return NextWord(prompt, false);
+std::string CommandInterpreter::Selected(BuiltInCommand::Picks picks) const {
+    return selection_ && picks != BuiltInCommand::Picks::kNothing ? selection_(picks)
+                                                                  : std::string();
 }
 
-std::optional<std::string> CommandInterpreter::NextWord(const char* prompt, bool picking) {
+std::optional<std::string> CommandInterpreter::Ask(const char* prompt, bool picking) {
     acutPrintf("%s", prompt);
     if (input_ == nullptr) {
         return std::nullopt;
@@ -192,12 +190,12 @@ std::optional<std::string> CommandInterpreter::NextWord(const char* prompt, bool
 }
 
 bool CommandInterpreter::Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point) {
-    const bool mayBeSelected = std::exchange(takesSelection_, false) && selection_ &&
-                               input_ != nullptr && input_->AtLineEnd();
+    const bool mayBeSelected =
+        std::exchange(takesSelection_, false) && input_ != nullptr && input_->AtLineEnd();
     std::optional<std::string> word =
-        mayBeSelected ? selection_(BuiltInCommand::Picks::kOne) : std::string();
+        mayBeSelected ? Selected(BuiltInCommand::Picks::kOne) : std::string();
     if (word->empty()) {
-        word = NextWord(prompt, true);
+        word = Ask(prompt, true);
     }
     AcApDocument* const document = acDocManager->curDocument();
     if (!word || word->empty() || document == nullptr) {

@@ -28,10 +28,6 @@ public:
     /// Runs one command, which takes its arguments from `input`, and what it sent to the documents.
     bool RunCommand(const std::string& name, CommandInput& input);
 
-    /// The next word of the running command's input, after the prompt was printed; nothing when no
-    /// command runs or its input is used up.
-    std::optional<std::string> Ask(const char* prompt);
-
     /// Answers a pick of the running command with the next word of its input. False when it names
     /// nothing, which is said, or when it is empty or there is none.
     bool Pick(const char* prompt, AcDbObjectId& id, AcGePoint3d& point);
@@ -54,7 +50,10 @@ private:
     bool RunModuleCommand(const AcEdCommand& command);
     bool Collect(const BuiltInCommand& command, BuiltInCommand::Arguments& arguments);
     bool RunPending();
-    std::optional<std::string> NextWord(const char* prompt, bool picking);
+    std::string Selected(BuiltInCommand::Picks picks) const;
+    /// The next word of the running command's input, after the prompt was printed; nothing when no
+    /// command runs or its input is used up.
+    std::optional<std::string> Ask(const char* prompt, bool picking);
 
     Host& host_;
     CommandInput* input_ = nullptr;  ///< of the running command

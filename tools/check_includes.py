@@ -44,12 +44,14 @@ def allowed(room):
         return [room, *SRC[room], *SRC_PLATFORM]
     if room == "host":
         return ["host", "platform/"]
+    if room == "lab":
+        return ["lab", "platform/"]
     if room == "apps/plot":
         return [room, "apps/paint", "host", "platform/"]
     if room == "apps/desk":
-        return [room, "apps/paint", "apps/windows", "host", "platform/"]
+        return [room, "apps/paint", "apps/windows", "lab", "host", "platform/"]
     if room == "apps/grdx":
-        return [room, "src/core", "host", "platform/"]
+        return [room, "lab", "src/core", "host", "platform/"]
     return [room, "host", "platform/"]
 
 
@@ -61,7 +63,7 @@ def room_of(path):
 def main():
     root = pathlib.Path(__file__).resolve().parent.parent
     faults = []
-    for top in ("platform", "src", "host", "apps"):
+    for top in ("platform", "src", "host", "lab", "apps"):
         for path in sorted((root / top).rglob("*")):
             if path.suffix not in (".h", ".cpp"):
                 continue

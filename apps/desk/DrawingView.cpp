@@ -67,6 +67,7 @@ void DrawingView::SetDocument(AcApDocument* document) {
     database_ = database;
     selection_.clear();
     target_.LookAway();
+    selectedLast_.setNull();
     picture_ = picture::DisplayList();
     windowCorner_.reset();
     panFrom_.reset();

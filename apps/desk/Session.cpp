@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "apps/windows/interface_text.h"
+#include "lab/data_management.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/ed/command_line.h"
 #include "platform/oledb/last_error.h"
@@ -56,6 +58,8 @@ bool Session::Start(const std::string& suiteFolder, std::string& error) {
     suiteFolder_ = suiteFolder;
     const bool good = (suiteFolder.empty() || host_->OpenSuite(suiteFolder, error)) &&
                       host_->LoadModule(plugin, error);
+    lab::AddDataManagement(windows::IsInterfaceChinese() ? lab::Language::kChinese
+                                                         : lab::Language::kEnglish);
     host_->StartDocument();
     OnState();
     return good;

@@ -66,6 +66,8 @@ std::vector<Entry> ChartEntries() {
         {"O&pen Layer Charts (ELGRDX)", "打开土层图(&P) ELGRDX", {}, Command("ELGRDX"), true},
         {},
         {"S&tore Curve (SGRDX)", "曲线入库(&T) SGRDX", {}, Command("SGRDX"), true},
+        {},
+        {"&Data Check (GoDBManage)", "数据检查(&D) GoDBManage", {}, Command("GoDBManage")},
     };
 }
 

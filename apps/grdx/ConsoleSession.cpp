@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "apps/grdx/Failure.h"
+#include "lab/data_management.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/ed/command_line.h"
 #include "platform/oledb/last_error.h"
@@ -46,6 +47,7 @@ void ConsoleSession::Start(const std::string& suiteFolder) {
     if (plugin.empty() || !host_.LoadModule(plugin, error)) {
         throw Failure(error);
     }
+    lab::AddDataManagement(lab::Language::kEnglish);
     host_.StartDocument();
 }
 

@@ -15,6 +15,7 @@
 #include "apps/grdx/new_suite.h"
 #include "apps/grdx/numbers.h"
 #include "apps/grdx/plot.h"
+#include "apps/grdx/project.h"
 #include "apps/grdx/script.h"
 #include "apps/grdx/suite_access.h"
 #include "apps/grdx/suite_listing.h"
@@ -42,6 +43,7 @@ struct Options {
     console::ProjectData project{1, "P1", "新建工程", 0};
     std::string file;
     std::vector<std::string> files;
+    lab::ProjectChange change;
     bool json = false;
     bool layers = false;
     console::DrawRequest draw;
@@ -127,6 +129,12 @@ bool List(const Options& options, MessageStream& /*messages*/) {
     return true;
 }
 
+bool Project(const Options& options, MessageStream& messages) {
+    OpenSuite(options);
+    console::ShowProject(options.change, options.json, messages);
+    return true;
+}
+
 bool Draw(const Options& options, MessageStream& messages) {
     return console::DrawCharts(options.suite, options.draw, messages);
 }
@@ -167,6 +175,7 @@ public:
         AddNew();
         AddImport();
         AddList();
+        AddProject();
         AddDraw();
         AddInfo();
         app_.add_subcommand(kPlot, "drawings as pages and pictures");
@@ -233,6 +242,18 @@ private:
     void AddList() {
         CLI::App& call =
             *AddCall(app_, "list", "boreholes, samples and layers with marks and results", List);
+        call.add_flag("--json", options_.json, "as one JSON object");
+        AddSuite(call);
+    }
+
+    void AddProject() {
+        CLI::App& call = *AddCall(app_, "project", "shows and changes the project's data", Project);
+        call.add_option("--number", options_.change.number, "project number");
+        call.add_option("--name", options_.change.name, "project name");
+        call.add_option("--code", options_.change.code, "standard code")
+            ->check(CLI::IsMember({0, 1, 2}));
+        call.add_option("--checked", options_.change.checked, "whether the data count as checked")
+            ->check(CLI::IsMember({"yes", "no"}));
         call.add_flag("--json", options_.json, "as one JSON object");
         AddSuite(call);
     }

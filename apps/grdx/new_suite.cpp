@@ -1,12 +1,11 @@
 #include "apps/grdx/new_suite.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <optional>
 
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/sheet_template.h"
-#include "platform/win32/code_page.h"
+#include "lab/project_texts.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
@@ -16,10 +15,6 @@ namespace console {
 namespace fs = std::filesystem;
 
 namespace {
-// What the project table's columns hold, in bytes of GBK.
-constexpr std::size_t kNumberLimit = 20;
-constexpr std::size_t kNameLimit = 150;
-
 constexpr const char* kSuiteFile = "suite.ini";
 constexpr const char* kSuiteProfile =
     "[Suite]\n"
@@ -33,41 +28,6 @@ constexpr const char* kFontMapping =
     "comfont.shx=WenQuanYi Zen Hei Mono\n"
     "st64f.shx=WenQuanYi Zen Hei Mono\n"
     "hztxt.shx=WenQuanYi Zen Hei\n";
-
-/// The text in GBK; Failure when it is too long, or holds what GBK or a profile cannot.
-std::string CheckedText(const std::string& text, const char* what, std::size_t limit) {
-    std::string gbk;
-    if (!win32::TryGbkFromUtf8(text, gbk)) {
-        throw Failure(std::string(what) + " \"" + text + "\": a character that GBK does not have");
-    }
-    if (gbk.size() > limit) {
-        throw Failure(std::string(what) + " \"" + text + "\": more than " + std::to_string(limit) +
-                      " bytes in GBK");
-    }
-    if (std::any_of(gbk.begin(), gbk.end(), [](unsigned char c) { return c < 0x20; })) {
-        throw Failure(std::string(what) + ": a control character");
-    }
-    return gbk;
-}
-
-/// The number names a folder below the suite's.
-std::string CheckedNumber(const std::string& number) {
-    if (number.empty() || number == "." || number == ".." ||
-        number.find_first_of("\\/'") != std::string::npos || number.front() == ' ' ||
-        number.back() == ' ') {
-        throw Failure("project number \"" + number +
-                      "\": it names a folder, so it must not be empty, hold \\ / or ', or have "
-                      "blanks around it");
-    }
-    return CheckedText(number, "project number", kNumberLimit);
-}
-
-/// A value that reads back as it is: profiles take blanks and quotes off its ends.
-std::string ProfileValue(const std::string& gbk) {
-    const bool bare = gbk.empty() || (gbk.find_first_of(" '\"") != 0 &&
-                                      gbk.find_last_of(" '\"") != gbk.size() - 1);
-    return bare ? gbk : '"' + gbk + '"';
-}
 
 void WriteFile(const fs::path& path, const std::string& content) {
     std::string error;
@@ -171,13 +131,13 @@ private:
 };
 
 void WriteProfiles(const fs::path& folder, const ProjectData& project) {
-    const std::string number = CheckedNumber(project.number);
-    const std::string name = CheckedText(project.name, "project name", kNameLimit);
+    const std::string number = lab::CheckedProjectNumber(project.number);
+    const std::string name = lab::CheckedProjectName(project.name);
     WriteFile(folder / kSuiteFile, kSuiteProfile);
     WriteFile(folder / "project.ini", "[Project]\nGCSY=" + std::to_string(project.index) +
-                                          "\nGCBH=" + ProfileValue(number) +
+                                          "\nGCBH=" + lab::ProfileValue(number) +
                                           "\nGCBZ=" + std::to_string(project.code) +
-                                          "\nGCMC=" + ProfileValue(name) + "\nGCSJ=0\n");
+                                          "\nGCMC=" + lab::ProfileValue(name) + "\nGCSJ=0\n");
     WriteFile(folder / "settings.ini", "[CKFDlg]\n[MDI]\nMDIMODE=0\n");
     WriteFile(folder / "marks.ini", "[CKFDlg]\n");
 }

@@ -207,6 +207,17 @@ TEST_F(Commands, ADatabaseRestoredMeanwhileIsToldAndTakenByOpeningTheFolderAgain
     EXPECT_EQ(Stored("PRAGMA integrity_check"), "ok");
 }
 
+TEST_F(Commands, AnUncheckedProjectIsMarkedInABox) {
+    EXPECT_EQ(
+        RunProgram({GRDX_PROGRAM, "project", "--checked", "no", "-s", suite_.Folder()}).status, 0);
+    person_.Answer("请到主模块执行[数检]命令后再试此功能！", IDOK);
+    person_.Answer("Mark the project as checked?", IDYES);
+    window_.RunCommand("CGRDX");
+    person_.Finish();
+    EXPECT_EQ(Stored("SELECT GCSJ FROM x_GongCheng"), "0");
+    DrawSheet("ZK2", {"2-2"});
+}
+
 TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
     const SampleSuite other(scratch_.Path() / "other", 2);
     EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(other.Folder())));

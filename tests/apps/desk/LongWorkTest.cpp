@@ -130,6 +130,13 @@ TEST_F(LongWork, WindowsOfTheCommandTakeTheFront) {
     TypeLine("CGRDX");
     person_.Finish();
     EXPECT_FALSE(Said().contains("Cancelled")) << Said().toStdString();
+
+    // No drawing is left; the next chart command starts from a new one.
+    EXPECT_EQ(acDocManager->documentCount(), 0);
+    person_.Press(kBrowserTitle, IDCANCEL);
+    TypeLine("EGRDX");
+    person_.Finish();
+    EXPECT_EQ(acDocManager->documentCount(), 1);
 }
 
 }  // namespace
