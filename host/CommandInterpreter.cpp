@@ -11,6 +11,8 @@
 #include "platform/ed/AcEdCommandStack.h"
 #include "platform/ed/AcEditor.h"
 #include "platform/ed/command_line.h"
+#include "platform/suite/suite_folder.h"
+#include "platform/win32/code_page.h"
 
 namespace host {
 
@@ -162,6 +164,11 @@ bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
     // Modules' commands make drawings of their own and only ask for one to start from.
     if (acDocManager->curDocument() == nullptr) {
         host_.StartDocument();
+    }
+    // Plug-ins work with the suite's files, and these may have been changed meanwhile.
+    std::string fault;
+    if (!suite::CheckOpenFolder(fault)) {
+        return Complain(win32::GbkFromUtf8(fault));
     }
     const bool session = (command.flags & ACRX_CMD_SESSION) != 0;
     // The stack's own entry may move when the command adds or removes commands.

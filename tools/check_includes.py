@@ -10,7 +10,7 @@ import sys
 
 PLATFORM = {
     "platform/win32": [],
-    "platform/suite": ["platform/win32"],
+    "platform/suite": ["platform/oledb", "platform/win32"],
     "platform/rx": ["platform/win32"],
     "platform/ge": [],
     "platform/gi": ["platform/ge", "platform/rx", "platform/win32"],

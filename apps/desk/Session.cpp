@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "apps/windows/interface_text.h"
+#include "apps/windows/qt_text.h"
 #include "lab/data_management.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/ed/command_line.h"
@@ -16,6 +17,7 @@ namespace desk {
 
 namespace {
 constexpr const char* kPlugin = "grdx.arx";
+constexpr std::size_t kToldPlaces = 20;  ///< more do not fit on a screen
 }  // namespace
 
 Session::Session() {
@@ -37,12 +39,32 @@ Session::~Session() {
     mfc::SetWindowSystem(nullptr);
 }
 
+bool Session::Admit(const std::string& suiteFolder, std::string& error) {
+    std::vector<suite::OutsidePlace> places;
+    if (suiteFolder.empty() || (suite::CheckFolder(suiteFolder, places, error) && places.empty())) {
+        return true;
+    }
+    if (!error.empty()) {
+        return false;
+    }
+    const QString question =
+        windows::InterfaceText(
+            "The suite folder %1 leads to what lies outside of it:\n\n%2\n\nUse it all the same?",
+            "工程目录 %1 要使用目录以外的下列位置：\n\n%2\n\n仍要使用吗？")
+            .arg(QString::fromStdString(suiteFolder),
+                 QString::fromStdString(DescribePlaces(places, kToldPlaces)));
+    return windows_.ShowMessageBox({windows::ToGbk(question), "",
+                                    MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2}) == IDYES &&
+           suite::AgreeToFolder(suiteFolder, places, error);
+}
+
 bool Session::Start(const std::string& suiteFolder, std::string& error) {
     const std::string plugin = host::Host::FindModule(kPlugin, error);
     if (plugin.empty()) {
         return false;
     }
-    if (!suiteFolder.empty() && !suite::CheckFolder(suiteFolder, error)) {
+    std::vector<suite::OutsidePlace> places;
+    if (!suiteFolder.empty() && !suite::CheckFolder(suiteFolder, places, error)) {
         return false;
     }
     // The plug-in asks for the suite's paths once, when it is loaded.

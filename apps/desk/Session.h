@@ -21,6 +21,9 @@ public:
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
 
+    /// Asks the user whether a suite folder, empty for none, may be used that leads to what lies
+    /// outside of it. False when he says no, and with the reason when it is no suite folder.
+    bool Admit(const std::string& suiteFolder, std::string& error);
     /// Starts with a suite folder, empty for none: an untitled drawing is open and the plug-in
     /// loaded. A running session ends first, its drawings close without being asked for. False,
     /// with the reason, when the folder is no suite folder (all is then as it was) or the plug-in

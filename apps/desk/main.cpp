@@ -69,7 +69,8 @@ int main(int argc, char** argv) {
 
     desk::Session session;
     std::string error;
-    if (!session.Start(SuiteAskedFor(arguments), error)) {
+    const std::string suite = SuiteAskedFor(arguments);
+    if (!session.Admit(suite, error) || !session.Start(suite, error)) {
         std::string unsaid;
         session.Start("", error.empty() ? error : unsaid);
     }

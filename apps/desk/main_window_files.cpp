@@ -14,7 +14,6 @@
 #include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/suite/suite_folder.h"
 #include "platform/win32/windows_path.h"
 
 namespace desk {
@@ -150,7 +149,7 @@ bool MainWindow::OpenSuite(const QString& folder) {
     const std::string path = QFileInfo(folder).absoluteFilePath().toStdString();
     std::string error;
     // Changed drawings may be saved first; the user may also stay.
-    if (!suite::CheckFolder(path, error) || !RunCommand(QStringLiteral("CLOSEALL")) ||
+    if (!session_.Admit(path, error) || !RunCommand(QStringLiteral("CLOSEALL")) ||
         !session_.Start(path, error)) {
         if (!error.empty()) {
             TellError(QString::fromStdString(error));

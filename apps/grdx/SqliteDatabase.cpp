@@ -5,6 +5,7 @@
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/numbers.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
+#include "platform/win32/file_place.h"
 
 namespace console {
 
@@ -24,7 +25,13 @@ void SqliteDatabase::Closer::operator()(sqlite3* handle) const {
 
 SqliteDatabase::SqliteDatabase(const std::string& path, Mode mode) : path_(path) {
     sqlite3* handle = nullptr;
-    const int result = sqlite3_open_v2(path.c_str(), &handle, FlagsOf(mode), nullptr);
+    win32::FilePlace place;
+    std::string refusal;
+    if (!win32::FindToWrite(path, place, refusal)) {
+        throw Failure(refusal);
+    }
+    const int result = sqlite3_open_v2(place.Path().c_str(), &handle,
+                                       FlagsOf(mode) | SQLITE_OPEN_NOFOLLOW, nullptr);
     handle_.reset(handle);
     if (result != SQLITE_OK) {
         Fail();

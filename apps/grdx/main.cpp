@@ -39,6 +39,7 @@ constexpr const char* kPlot = "plot";
 /// What the command line asked for; each call reads its own part.
 struct Options {
     std::string suite = ".";
+    bool trust = false;
     std::string folder;
     console::ProjectData project{1, "P1", "新建工程", 0};
     std::string file;
@@ -48,6 +49,20 @@ struct Options {
     bool layers = false;
     console::DrawRequest draw;
 };
+
+/// Agrees for the user to what the suite folder leads to outside of itself.
+void TrustSuite(const Options& options, MessageStream& messages) {
+    std::vector<suite::OutsidePlace> places;
+    std::string error;
+    if (!suite::CheckFolder(options.suite, places, error) ||
+        (!places.empty() && !suite::AgreeToFolder(options.suite, places, error))) {
+        throw Failure(error);
+    }
+    if (!places.empty()) {
+        messages.Report("from now on " + options.suite + " uses\n" +
+                        DescribePlaces(places, places.size()));
+    }
+}
 
 void OpenSuite(const Options& options) {
     std::string error;
@@ -189,6 +204,9 @@ public:
                 console::HandOverToPlotting(argv + 1);
             }
             app_.parse(argc, argv);
+            if (options_.trust) {
+                TrustSuite(options_, messages);
+            }
             return chosen_(options_, messages) ? kDone : kRefused;
         } catch (const CLI::ParseError& error) {
             return app_.exit(error) == 0 ? kDone : kWrongUsage;
@@ -209,6 +227,8 @@ private:
         call.add_option("-s,--suite", options_.suite, "suite folder")
             ->envname("GRDX_SUITE")
             ->capture_default_str();
+        call.add_flag("--trust", options_.trust,
+                      "agree to what the suite folder uses outside of itself");
     }
 
     void AddNew() {

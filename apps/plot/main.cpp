@@ -9,6 +9,7 @@
 #include "host/version.h"
 #include "platform/ed/command_line.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
+#include "platform/suite/suite_folder.h"
 #include "platform/win32/code_page.h"
 
 namespace {
@@ -56,10 +57,17 @@ private:
     host::Host host_;
 };
 
-bool Run(const plot::Request& request, const std::string& suite) {
+/// Agrees for the user to what the suite folder leads to outside of itself.
+bool Trust(const std::string& folder, std::string& error) {
+    std::vector<suite::OutsidePlace> places;
+    return suite::CheckFolder(folder, places, error) &&
+           (places.empty() || suite::AgreeToFolder(folder, places, error));
+}
+
+bool Run(const plot::Request& request, const std::string& suite, bool trust) {
     Session session;
     std::string error;
-    if (!session.start(suite, error)) {
+    if ((trust && !Trust(suite, error)) || !session.start(suite, error)) {
         Complain(error);
         return false;
     }
@@ -89,6 +97,7 @@ public:
             ->capture_default_str();
         app_.add_flag("--monochrome", request_.options.monochrome, "everything black");
         app_.add_option("-s,--suite", suite_, "suite folder, for its fonts")->envname("GRDX_SUITE");
+        app_.add_flag("--trust", trust_, "agree to what the suite folder uses outside of itself");
     }
 
     int run(int argc, char** argv) {
@@ -105,13 +114,14 @@ public:
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(PassOnFaults);
         const QGuiApplication application(argc, argv);
-        return Run(request_, suite_) ? kDone : kRefused;
+        return Run(request_, suite_, trust_) ? kDone : kRefused;
     }
 
 private:
     CLI::App app_{"Drawings as pages and pictures"};
     plot::Request request_;
     std::string suite_;
+    bool trust_ = false;
 };
 
 }  // namespace

@@ -107,7 +107,19 @@ private:
         return PngOf(sheets.front(), painter_, request_.options);
     }
 
+    /// Also by another name or through links.
+    bool isInput(const std::string& path) const {
+        std::error_code missing;
+        return std::any_of(request_.drawings.begin(), request_.drawings.end(),
+                           [&](const std::string& drawing) {
+                               return std::filesystem::equivalent(path, drawing, missing);
+                           });
+    }
+
     std::string write(const std::vector<paint::Sheet>& sheets, const std::string& path) {
+        if (isInput(path)) {
+            throw Refusal(path + ": it is one of the drawings to plot, and they stay as they are");
+        }
         const QByteArray bytes = bytesOf(sheets);
         if (bytes.isEmpty()) {
             throw Refusal(path + ": the picture would be too large at this resolution");

@@ -7,12 +7,11 @@
 
 #include <cerrno>
 #include <chrono>
-#include <filesystem>
 #include <map>
-#include <system_error>
 #include <thread>
 #include <utility>
 
+#include "platform/win32/file_place.h"
 #include "platform/win32/open_file.h"
 
 namespace win32 {
@@ -27,12 +26,12 @@ constexpr auto kPause = 2ms;
 /// The empty file that stands for the locked one.
 class FileLock::LockFile {
 public:
-    explicit LockFile(const std::filesystem::path& target)
-        : path_(target.parent_path() / ("." + target.filename().string() + ".lock")) {}
+    explicit LockFile(FilePlace target)
+        : target_(std::move(target)), name_("." + target_.Name() + ".lock") {}
     ~LockFile() {
         // Removed before it is unlocked, so that nobody locks a file that is about to go.
         if (file_.Get() >= 0) {
-            unlink(path_.c_str());
+            unlinkat(target_.Folder(), name_.c_str(), 0);
         }
     }
     LockFile(const LockFile&) = delete;
@@ -59,11 +58,11 @@ public:
 private:
     OpenFile Open() const {
         constexpr int kAlways = O_CREAT | O_NOFOLLOW | O_CLOEXEC;
-        OpenFile file(open(path_.c_str(), O_RDWR | kAlways, 0666));
+        OpenFile file(openat(target_.Folder(), name_.c_str(), O_RDWR | kAlways, 0666));
         // Another user's may be open for reading only, which is enough on most file systems.
         return file.Get() >= 0 || errno != EACCES
                    ? std::move(file)
-                   : OpenFile(open(path_.c_str(), O_RDONLY | kAlways, 0666));
+                   : OpenFile(openat(target_.Folder(), name_.c_str(), O_RDONLY | kAlways, 0666));
     }
 
     /// False when another holds the lock. Where the file system has no locks, nobody does.
@@ -75,27 +74,29 @@ private:
     bool IsStillThere(const OpenFile& file) const {
         struct stat held {};
         struct stat named {};
-        return fstat(file.Get(), &held) == 0 && lstat(path_.c_str(), &named) == 0 &&
+        return fstat(file.Get(), &held) == 0 &&
+               fstatat(target_.Folder(), name_.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
                held.st_dev == named.st_dev && held.st_ino == named.st_ino;
     }
 
-    std::string path_;
+    FilePlace target_;
+    std::string name_;
     OpenFile file_;
 };
 
 FileLock::FileLock(const std::string& fileSystemPath) {
     static std::map<std::string, std::weak_ptr<LockFile>> held;
-    std::error_code fault;
-    const std::filesystem::path target = std::filesystem::weakly_canonical(fileSystemPath, fault);
-    if (fault) {
+    FilePlace target;
+    std::string refusal;
+    if (!FindToWrite(fileSystemPath, target, refusal)) {
         return;
     }
-    std::weak_ptr<LockFile>& own = held[target.string()];
+    std::weak_ptr<LockFile>& own = held[target.Path()];
     lockFile_ = own.lock();
     if (lockFile_ != nullptr) {
         return;
     }
-    lockFile_ = std::make_shared<LockFile>(target);
+    lockFile_ = std::make_shared<LockFile>(std::move(target));
     if (lockFile_->Take()) {
         own = lockFile_;
     } else {

@@ -10,57 +10,15 @@
 #include <cstdint>
 #include <cstdio>
 #include <system_error>
-#include <utility>
 
+#include "platform/win32/file_place.h"
 #include "platform/win32/windows_path.h"
 
 namespace win32 {
 namespace {
 
-constexpr int kMaxLinks = 40;
-
 std::string Reason(const std::string& path, int code) {
     return path + ": " + std::generic_category().message(code);
-}
-
-/// A file descriptor that is closed in the end.
-class OpenFile {
-public:
-    explicit OpenFile(int descriptor = -1) : descriptor_(descriptor) {}
-    ~OpenFile() { Close(); }
-    OpenFile(OpenFile&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
-    OpenFile& operator=(OpenFile&& other) noexcept {
-        std::swap(descriptor_, other.descriptor_);
-        return *this;
-    }
-    int Get() const { return descriptor_; }
-    /// False when the system reports a late failure.
-    bool Close() {
-        const int descriptor = std::exchange(descriptor_, -1);
-        return descriptor < 0 || close(descriptor) == 0;
-    }
-
-private:
-    int descriptor_;
-};
-
-std::string FolderPrefix(const std::string& path) {
-    return path.substr(0, path.rfind('/') + 1);
-}
-
-/// Where the path leads to once symbolic links are followed, also when nothing is there yet.
-/// Empty when they go in circles.
-std::string FollowLinks(std::string path) {
-    for (int i = 0; i < kMaxLinks; ++i) {
-        std::string target(4096, '\0');
-        const ssize_t length = readlink(path.c_str(), target.data(), target.size());
-        if (length < 0) {
-            return path;
-        }
-        target.resize(static_cast<std::size_t>(length));
-        path = target.starts_with('/') ? target : FolderPrefix(path).append(target);
-    }
-    return {};
 }
 
 bool WriteAll(int descriptor, std::string_view content) {
@@ -79,17 +37,19 @@ bool Lock(const OpenFile& file) {
     return flock(file.Get(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 }
 
-bool IsStillAt(const OpenFile& file, const std::string& path) {
+bool IsStillAt(const OpenFile& file, int folder, const std::string& name) {
     struct stat held {};
     struct stat named {};
-    return fstat(file.Get(), &held) == 0 && lstat(path.c_str(), &named) == 0 &&
+    return fstat(file.Get(), &held) == 0 &&
+           fstatat(folder, name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
            held.st_dev == named.st_dev && held.st_ino == named.st_ino;
 }
 
 /// Removes a temporary file that its process has left: nobody holds its lock any more.
-bool RemoveLeftOver(const std::string& path) {
-    const OpenFile file(open(path.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
-    return file.Get() >= 0 && Lock(file) && IsStillAt(file, path) && unlink(path.c_str()) == 0;
+bool RemoveLeftOver(int folder, const std::string& name) {
+    const OpenFile file(openat(folder, name.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    return file.Get() >= 0 && Lock(file) && IsStillAt(file, folder, name) &&
+           unlinkat(folder, name.c_str(), 0) == 0;
 }
 
 /// The new content of a file while it is written: beside the file, locked, under a name that
@@ -97,31 +57,32 @@ bool RemoveLeftOver(const std::string& path) {
 /// end unless it was put in the file's place.
 class TemporaryFile {
 public:
+    explicit TemporaryFile(const FilePlace& target) : target_(target) {}
     ~TemporaryFile() {
-        if (!path_.empty()) {
-            unlink(path_.c_str());
+        if (!name_.empty()) {
+            unlinkat(target_.Folder(), name_.c_str(), 0);
         }
     }
-    TemporaryFile() = default;
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     int Get() const { return file_.Get(); }
 
     /// False with errno.
-    bool Make(const std::string& target) {
+    bool Make() {
         constexpr int kMostTries = 1000;
         constexpr int kTriesAName = 10;
         for (int i = 0; i < kMostTries; ++i) {
-            const std::string path = NameFor(target, i / kTriesAName);
-            file_ = OpenFile(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+            const std::string name = NameFor(i / kTriesAName);
+            file_ = OpenFile(openat(target_.Folder(), name.c_str(),
+                                    O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
             if (file_.Get() < 0 && errno != EEXIST) {
                 return false;
             }
             if (file_.Get() < 0) {
-                RemoveLeftOver(path);
-            } else if (Lock(file_) && IsStillAt(file_, path)) {
-                path_ = path;
+                RemoveLeftOver(target_.Folder(), name);
+            } else if (Lock(file_) && IsStillAt(file_, target_.Folder(), name)) {
+                name_ = name;
                 return true;
             }
         }
@@ -137,41 +98,41 @@ public:
     }
 
     /// False with errno.
-    bool PutInPlaceOf(const std::string& target) {
-        if (rename(path_.c_str(), target.c_str()) != 0) {
+    bool PutInPlace() {
+        if (renameat(target_.Folder(), name_.c_str(), target_.Folder(), target_.Name().c_str()) !=
+            0) {
             return false;
         }
-        path_.clear();
+        name_.clear();
         return true;
     }
 
 private:
-    static std::string NameFor(const std::string& target, int number) {
+    std::string NameFor(int number) const {
         std::uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
-        for (const char c : target.substr(target.rfind('/') + 1)) {
+        for (const char c : target_.Name()) {
             hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
         }
         char name[64];
         std::snprintf(name, sizeof name, ".replace-%016llx-%d.tmp",
                       static_cast<unsigned long long>(hash), number);
-        return FolderPrefix(target) + name;
+        return name;
     }
 
-    std::string path_;
+    const FilePlace& target_;
+    std::string name_;
     OpenFile file_;
 };
 
 /// Puts the entry of a file in its folder on the disk.
-bool FlushFolderOf(const std::string& target) {
-    const std::string prefix = FolderPrefix(target);
-    const OpenFile folder(
-        open(prefix.empty() ? "." : prefix.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+bool FlushFolderOf(const FilePlace& target) {
+    const OpenFile folder(openat(target.Folder(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     // A folder that may be written but not read cannot be flushed; the file itself is safe then.
     return folder.Get() < 0 || fsync(folder.Get()) == 0 || errno == EINVAL;
 }
 
 /// 0, or the code of the reason why a file at `target` may not be replaced.
-int RefusalOf(const std::string& target, bool exists, const struct stat& old) {
+int RefusalOf(const FilePlace& target, bool exists, const struct stat& old) {
     if (!exists) {
         return 0;
     }
@@ -181,7 +142,7 @@ int RefusalOf(const std::string& target, bool exists, const struct stat& old) {
     if (!S_ISREG(old.st_mode)) {
         return EINVAL;
     }
-    return access(target.c_str(), W_OK) == 0 ? 0 : errno;
+    return faccessat(target.Folder(), target.Name().c_str(), W_OK, 0) == 0 ? 0 : errno;
 }
 
 /// Gives the new file the old one's permissions, and its owner where we may.
@@ -204,24 +165,25 @@ bool ReplaceFileWhole(const std::string& fileSystemPath, std::string_view conten
         error = Reason(fileSystemPath, code);
         return false;
     };
-    const std::string target = FollowLinks(fileSystemPath);
-    if (target.empty()) {
-        return fail(fileSystemPath.empty() ? ENOENT : ELOOP);
+    FilePlace target;
+    if (!FindToWrite(fileSystemPath, target, error)) {
+        return false;
     }
     struct stat old {};
-    const bool exists = stat(target.c_str(), &old) == 0;
+    const bool exists =
+        fstatat(target.Folder(), target.Name().c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0;
     if (const int refusal = RefusalOf(target, exists, old); refusal != 0) {
         return fail(refusal);
     }
 
     const bool flushed = durability == Durability::kOnDisk;
-    TemporaryFile temporary;
-    if (!temporary.Make(target) || (exists && !TakeOver(temporary.Get(), old)) ||
+    TemporaryFile temporary(target);
+    if (!temporary.Make() || (exists && !TakeOver(temporary.Get(), old)) ||
         !WriteAll(temporary.Get(), content) || (flushed && fsync(temporary.Get()) != 0) ||
-        !temporary.CheckWritten() || !temporary.PutInPlaceOf(target)) {
+        !temporary.CheckWritten() || !temporary.PutInPlace()) {
         return fail(errno);
     }
-    NoteEntryMade(target);
+    NoteEntryMade(target.Path());
     return !flushed || FlushFolderOf(target) || fail(errno);
 }
 

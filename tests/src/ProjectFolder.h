@@ -41,13 +41,19 @@ public:
             << "[Suite]\nProjectProfile=project.ini\nSettingsProfile=settings.ini\n"
                "MarkProfile=marks.ini\nRegisteredFolder=.\nDatabase="
             << initString << "\n";
+        setenv("XDG_CONFIG_HOME", configuration_.Path().c_str(), 1);
         std::string error;
-        EXPECT_TRUE(suite::OpenFolder(folder_.Path(), error)) << error;
+        std::vector<suite::OutsidePlace> places;
+        EXPECT_TRUE(suite::CheckFolder(folder_.Path(), places, error) &&
+                    suite::AgreeToFolder(folder_.Path(), places, error) &&
+                    suite::OpenFolder(folder_.Path(), error))
+            << error;
     }
     std::string Path() const { return folder_.Path(); }
     const SqliteTestDatabase& Database() const { return database_; }
 
 private:
+    ScratchFolder configuration_;
     ScratchFolder folder_;
     SqliteTestDatabase database_{folder_.Path("project.db").c_str()};
 };

@@ -129,6 +129,17 @@ TEST_F(PlotTest, WhatCannotBePlottedIsNamedAndNoPartialFileLeft) {
     EXPECT_EQ(Plot({sheet, "--to", "png", "--dpi", "0"}).status, 2);
     EXPECT_EQ(Plot({"--to", "pdf"}).status, 2);
 
+    // Over a drawing that is plotted, by whatever name.
+    std::filesystem::create_symlink(sheet, path("link.pdf"));
+    std::filesystem::create_hard_link(sheet, path("same.pdf"));
+    const std::string drawing = FileBytes(sheet);
+    for (const std::string& over : {sheet, path("link.pdf"), path("same.pdf")}) {
+        const ProgramResult run = Plot({sheet, "--to", "pdf", "-o", over});
+        EXPECT_EQ(run.status, 1) << over;
+        EXPECT_THAT(run.errors, HasSubstr(over + ": "));
+        EXPECT_EQ(FileBytes(sheet), drawing);
+    }
+
     // A damaged font in the suite: said, and the sheet drawn with the installed one.
     std::ofstream(suite.Folder() / "Support" / "hztxt.shx") << "AC1.0 shapes";
     const ProgramResult damaged =

@@ -227,6 +227,32 @@ TEST_F(Commands, AnotherSuiteFolderStartsAnew) {
     EXPECT_TRUE(suite_.Sheets().empty());
 }
 
+TEST_F(Commands, WhatASuiteFolderUsesOutsideOfItselfIsAskedFor) {
+    qputenv("XDG_CONFIG_HOME", (scratch_.Path() / "configuration").c_str());
+    const SampleSuite other(scratch_.Path() / "other", 2);
+    const QString folder = QString::fromStdString(other.Folder());
+    const QString marks = QString::fromStdString(scratch_.Path() / "marks.ini");
+    std::filesystem::remove(other.Folder() / "marks.ini");
+    std::filesystem::create_symlink(marks.toStdString(), other.Folder() / "marks.ini");
+    person_.Answer("MarkProfile: " + marks, IDNO);
+    EXPECT_FALSE(window_.OpenSuite(folder));
+    EXPECT_EQ(session_.SuiteFolder(), suite_.Folder());
+    person_.Answer("MarkProfile: " + marks, IDYES);
+    EXPECT_TRUE(window_.OpenSuite(folder));
+    person_.Finish();
+    EXPECT_TRUE(window_.OpenSuite(folder)) << "asked once";
+
+    // What is changed while the folder is open.
+    std::filesystem::create_symlink(scratch_.Path(), other.Folder() / "output");
+    TypeLine("EGRDX");
+    EXPECT_TRUE(Said().contains("output: " + QString::fromStdString(scratch_.Path())));
+    std::filesystem::remove(other.Folder() / "output");
+    std::ofstream(other.Folder() / "project.ini") << "[Project]\nGCSY=1\nGCSJ=0\nGCBH=..\\x\n";
+    TypeLine("EGRDX");
+    EXPECT_TRUE(Said().contains("the project number \"..\\x\""));
+    qunsetenv("XDG_CONFIG_HOME");
+}
+
 TEST_F(Commands, ANewcomersChartsWithoutASuiteLeadToOne) {
     std::string error;
     ASSERT_TRUE(session_.Start("", error)) << error;

@@ -45,7 +45,15 @@ std::string Answer(Operation operation, int expected = 1) {
 
 class SuiteFolder : public testing::Test {
 protected:
+    SuiteFolder() { setenv("XDG_CONFIG_HOME", configuration_.Path().c_str(), 1); }
     ~SuiteFolder() override { suite::CloseFolder(); }
+    /// As a user does who agrees to what is outside.
+    bool Open(const std::string& folder) {
+        std::vector<suite::OutsidePlace> places;
+        return suite::CheckFolder(folder, places, error_) &&
+               suite::AgreeToFolder(folder, places, error_) && suite::OpenFolder(folder, error_);
+    }
+    ScratchFolder configuration_;
     ScratchFolder scratch_;
     std::string error_;
 };
@@ -59,7 +67,7 @@ TEST_F(SuiteFolder, OperationsAnswerFullPaths) {
 
     scratch_.MakeFolder("套件");
     scratch_.Write("套件/Suite.INI", Profile());
-    ASSERT_TRUE(suite::OpenFolder(scratch_.Path("套件/"), error_)) << error_;
+    ASSERT_TRUE(Open(scratch_.Path("套件/"))) << error_;
     const std::string folder = scratch_.Windows(win32::GbkFromUtf8("套件"));
     EXPECT_EQ(Answer(GetProjectProfilePath), folder + "\\project.ini");
     EXPECT_EQ(Answer(GetSettingsProfilePath), folder + "\\conf\\settings.ini");
@@ -73,7 +81,7 @@ TEST_F(SuiteFolder, ARelativeFolderCountsFromTheCurrentOneAtOpening) {
     const std::filesystem::path before = std::filesystem::current_path();
     scratch_.Write("suite.ini", Profile());
     std::filesystem::current_path(scratch_.Path());
-    const bool opened = suite::OpenFolder(".", error_);
+    const bool opened = Open(".");
     std::filesystem::current_path(before);
     ASSERT_TRUE(opened) << error_;
     EXPECT_EQ(Answer(GetRegisteredFolder), scratch_.Windows());
@@ -83,7 +91,7 @@ TEST_F(SuiteFolder, PathsFillTheirBuffersAndNoMore) {
     const std::string prefix = scratch_.Windows() + "\\";
     const std::string fits(255 - prefix.size(), 'x');
     scratch_.Write("suite.ini", Profile("ProjectProfile", fits.c_str()));
-    ASSERT_TRUE(suite::OpenFolder(scratch_.Path(), error_)) << error_;
+    ASSERT_TRUE(Open(scratch_.Path())) << error_;
     EXPECT_EQ(Answer(GetProjectProfilePath), prefix + fits);
 
     scratch_.Write("suite.ini", Profile("ProjectProfile", (fits + "x").c_str()));
@@ -95,7 +103,7 @@ TEST_F(SuiteFolder, PathsFillTheirBuffersAndNoMore) {
 
     const std::string source = "Provider=MSDASQL;" + std::string(1007, 'x');
     scratch_.Write("suite.ini", Profile("Database", source.substr(0, 1023).c_str()));
-    EXPECT_TRUE(suite::OpenFolder(scratch_.Path(), error_)) << error_;
+    EXPECT_TRUE(Open(scratch_.Path())) << error_;
     EXPECT_EQ(Answer(GetDatabaseInitString).size(), 1023U);
     scratch_.Write("suite.ini", Profile("Database", source.c_str()));
     EXPECT_FALSE(suite::OpenFolder(scratch_.Path(), error_));

@@ -8,6 +8,7 @@
 #include "platform/oledb/lock_wait.h"
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
+#include "platform/win32/file_place.h"
 
 namespace oledb::sqlite {
 namespace {
@@ -87,11 +88,17 @@ HRESULT SqliteDatabase::CheckPlace() {
 
 HRESULT SqliteDatabase::Open(const std::string& path) {
     path_ = path;
-    // Without a folder in front, ":memory:" would be a database and no file.
-    const std::string file = path.starts_with('/') ? path : "./" + path;
+    // The real path: a link put there by now is no way to another file.
+    win32::FilePlace place;
+    std::string refusal;
+    if (!win32::FindToWrite(path, place, refusal)) {
+        return SetLastError(DB_SEC_E_PERMISSIONDENIED, refusal);
+    }
+    const std::string file = place.Path();
     sqlite3* opened = nullptr;
-    int code = SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened,
-                           SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    int code =
+        SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened,
+                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) return Failure(code, path);
     SQLITE_CALL(sqlite3_busy_handler, opened, WaitForLock, nullptr);
