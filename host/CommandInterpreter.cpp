@@ -168,7 +168,7 @@ bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
     // Plug-ins work with the suite's files, and these may have been changed meanwhile.
     std::string fault;
     if (!suite::CheckOpenFolder(fault)) {
-        return Complain(win32::GbkFromUtf8(fault));
+        return ComplainAsTold(win32::GbkFromUtf8(fault));
     }
     const bool session = (command.flags & ACRX_CMD_SESSION) != 0;
     // The stack's own entry may move when the command adds or removes commands.

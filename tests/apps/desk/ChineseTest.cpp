@@ -24,7 +24,7 @@ protected:
         desk::SetUpApplication();
     }
 
-    /// The texts of a window with English words, names of files and units left out.
+    /// The texts of a window with English words, names of files, commands and units left out.
     static std::string EnglishIn(const QWidget& window) {
         QStringList shown{window.windowTitle()};
         for (const auto* label : window.findChildren<QLabel*>()) {
@@ -36,9 +36,9 @@ protected:
         for (const auto* action : window.findChildren<QAction*>()) {
             shown << action->text();
         }
-        static const QRegularExpression file(QStringLiteral("\\w+\\.dwg"));
+        static const QRegularExpression named(QStringLiteral("\\w+\\.dwg|GoDBManage"));
         static const QRegularExpression word(QStringLiteral("[a-z]{4,}"));
-        return shown.replaceInStrings(file, QString())
+        return shown.replaceInStrings(named, QString())
             .filter(word)
             .join(QLatin1Char('\n'))
             .toStdString();

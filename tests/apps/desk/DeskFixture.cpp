@@ -51,6 +51,7 @@ void DeskFixture::Press(Point at, Qt::KeyboardModifiers keys) {
 }
 
 void DeskFixture::Move(Point to) {
+    QCoreApplication::processEvents();  // a layout still to be done moves what the pixels show
     QTest::mouseMove(&View(), View().ToPixel(to).toPoint());
     QCoreApplication::processEvents();
 }
