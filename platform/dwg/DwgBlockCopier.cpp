@@ -120,7 +120,7 @@ bool DwgBlockCopier::canCopy(const AcDbEntity& entity) const {
         return reference.code != kHardPointer || object == nullptr ||
                object->isKindOf(AcDbEntity::desc()) ||
                (object->isKindOf(AcDbSymbolTableRecord::desc()) &&
-                !tableFor(kindOf(static_cast<const AcDbSymbolTableRecord&>(*object))).isNull());
+                !kindOf(static_cast<const AcDbSymbolTableRecord&>(*object)).table.isNull());
     });
 }
 
@@ -225,43 +225,26 @@ AcDbObjectId DwgBlockCopier::counterpart(AcDbObjectId id) {
                : AcDbObjectId::kNull;
 }
 
-// Records lean on records of the kinds before their own only: a line type on text styles, a layer
-// on a line type.
-DwgBlockCopier::Kind DwgBlockCopier::kindOf(const AcDbSymbolTableRecord& record) {
-    const AcRxClass* const classes[] = {
-        AcDbTextStyleTableRecord::desc(), AcDbLinetypeTableRecord::desc(),
-        AcDbLayerTableRecord::desc(), AcDbDimStyleTableRecord::desc(),
-        AcDbBlockTableRecord::desc()};
-    return static_cast<Kind>(std::find(std::begin(classes), std::end(classes), record.isA()) -
-                             std::begin(classes));
-}
-
-AcDbObjectId DwgBlockCopier::tableFor(Kind kind) const {
+DwgBlockCopier::RecordKind DwgBlockCopier::kindOf(const AcDbSymbolTableRecord& record) const {
     const HeaderVariables& header = target_.header();
-    switch (kind) {
-        case Kind::kTextStyle:
-            return header.STYLE_CONTROL_OBJECT;
-        case Kind::kLinetype:
-            return header.LTYPE_CONTROL_OBJECT;
-        case Kind::kLayer:
-            return header.LAYER_CONTROL_OBJECT;
-        case Kind::kDimStyle:
-            return header.DIMSTYLE_CONTROL_OBJECT;
-        case Kind::kBlock:
-            return header.BLOCK_CONTROL_OBJECT;
-        default:
-            return {};
-    }
+    const std::pair<const AcRxClass*, AcDbObjectId> tables[] = {
+        {AcDbTextStyleTableRecord::desc(), header.STYLE_CONTROL_OBJECT},
+        {AcDbLinetypeTableRecord::desc(), header.LTYPE_CONTROL_OBJECT},
+        {AcDbLayerTableRecord::desc(), header.LAYER_CONTROL_OBJECT},
+        {AcDbDimStyleTableRecord::desc(), header.DIMSTYLE_CONTROL_OBJECT},
+        {AcDbBlockTableRecord::desc(), header.BLOCK_CONTROL_OBJECT},
+    };
+    const auto found = std::find_if(std::begin(tables), std::end(tables),
+                                    [&](const auto& table) { return record.isA() == table.first; });
+    return {found - std::begin(tables),
+            found == std::end(tables) ? AcDbObjectId::kNull : found->second};
 }
 
 AcDbObjectId DwgBlockCopier::recordCounterpart(const AcDbSymbolTableRecord& record) {
-    const Kind kind = kindOf(record);
-    if (kind >= before_) {
-        return {};  // a file can make records lean on each other in a circle, or in a long row
-    }
-    const AcDbObjectId tableId = tableFor(kind);
+    const RecordKind kind = kindOf(record);
     AcDbSymbolTable* table = nullptr;
-    if (acdbOpenObject(table, tableId, AcDb::kForRead) != Acad::eOk) {
+    // A file can make records lean on each other in a circle, or in a long row.
+    if (kind.rank >= leaning_ || acdbOpenObject(table, kind.table, AcDb::kForRead) != Acad::eOk) {
         return {};
     }
     AcDbObjectId id;
@@ -270,11 +253,11 @@ AcDbObjectId DwgBlockCopier::recordCounterpart(const AcDbSymbolTableRecord& reco
     if (id.isNull()) {
         std::unique_ptr<AcDbObject> copy = record.clone();
         replaceReactors(*copy);
-        const Kind before = std::exchange(before_, kind);
+        const auto leaning = std::exchange(leaning_, kind.rank);
         replaceIds(*copy);
-        before_ = before;
-        id = addRecord(tableId, std::unique_ptr<AcDbSymbolTableRecord>(
-                                    static_cast<AcDbSymbolTableRecord*>(copy.release())));
+        leaning_ = leaning;
+        id = addRecord(kind.table, std::unique_ptr<AcDbSymbolTableRecord>(
+                                       static_cast<AcDbSymbolTableRecord*>(copy.release())));
     }
     return counterparts_[record.objectId().stub()] = id;
 }

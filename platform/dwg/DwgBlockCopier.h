@@ -28,8 +28,10 @@ public:
 
 private:
     using Children = std::vector<AcDbObjectId>;
-    /// Records that are copied, those that others lean on before them.
-    enum class Kind { kTextStyle, kLinetype, kLayer, kDimStyle, kBlock, kOther };
+    struct RecordKind {
+        std::ptrdiff_t rank = 0;  ///< records lean on records of lower rank only
+        AcDbObjectId table;       ///< the target's for such records; null for what is not copied
+    };
     /// A block whose record is made already.
     struct Block {
         const AcDbBlockTableRecord* source = nullptr;
@@ -51,15 +53,13 @@ private:
     AcDbObjectId blockCounterpart(const AcDbBlockTableRecord& block);
     AcDbObjectId addRecord(AcDbObjectId tableId, std::unique_ptr<AcDbSymbolTableRecord> record);
     AcDbObjectId addBlock(const AcDbBlockTableRecord& source, const std::string& name);
-    static Kind kindOf(const AcDbSymbolTableRecord& record);
-    /// The target's table for records of that kind; null for kinds that are not copied.
-    AcDbObjectId tableFor(Kind kind) const;
+    RecordKind kindOf(const AcDbSymbolTableRecord& record) const;
 
     AcDbDatabase& target_;
     AcDbDatabase& source_;
     std::unordered_map<const AcDbStub*, AcDbObjectId> counterparts_;
     std::unordered_map<const AcDbStub*, Children> parts_;  // of entities that own others
     std::vector<Block> pending_;
-    Kind before_ = Kind::kOther;  // what is being copied may lean on records of the kinds before it
+    std::ptrdiff_t leaning_ = PTRDIFF_MAX;  // rank of the record whose references are replaced
     std::map<std::string, std::size_t> leftOut_;
 };
