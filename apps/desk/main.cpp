@@ -3,7 +3,9 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QTimer>
+#include <algorithm>
 #include <iostream>
+#include <string_view>
 
 #include "apps/desk/MainWindow.h"
 #include "apps/desk/application.h"
@@ -63,9 +65,16 @@ int main(int argc, char** argv) {
     if (AnswerWithoutScreen(arguments, argc, argv)) {
         return 0;
     }
-    const QApplication application(argc, argv);
+    // Behind "--" are drawings: one that is called like an option of the window system's must not
+    // name it a plug-in.
+    int options = static_cast<int>(std::find(argv, argv + argc, std::string_view("--")) - argv);
+    QStringList behind;
+    for (int i = options; i < argc; ++i) {
+        behind.append(QString::fromLocal8Bit(argv[i]));
+    }
+    const QApplication application(options, argv);
     desk::SetUpApplication();
-    arguments.process(application);
+    arguments.process(QApplication::arguments() + behind);
 
     desk::Session session;
     std::string error;

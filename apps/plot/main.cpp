@@ -113,7 +113,9 @@ public:
         }
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(PassOnFaults);
-        const QGuiApplication application(argc, argv);
+        // Its own options are not asked for: a drawing called like one must not name it a plug-in.
+        int nameOnly = 1;
+        const QGuiApplication application(nameOnly, argv);
         return Run(request_, suite_, trust_) ? kDone : kRefused;
     }
 

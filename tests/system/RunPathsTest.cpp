@@ -81,6 +81,16 @@ TEST_F(RunPathsTest, NothingInTheCurrentFolderIsRun) {
         EXPECT_EQ(plotted.status, 1);
         EXPECT_THAT(plotted.errors, HasSubstr("no.dwg"));
         EXPECT_THAT(plotted.output, Not(HasSubstr("planted")));
+        // No file's name makes the window system load something.
+        const ProgramResult named =
+            RunProgram({tree / "bin" / "grdx", "plot", "--to", "pdf", "--", "-platform", "own"});
+        EXPECT_EQ(named.status, 1);
+        EXPECT_THAT(named.errors, HasSubstr("-platform"));
+        const ProgramResult opened =
+            RunProgram({"sh", "-c", "QT_QPA_PLATFORM=offscreen timeout 2 \"$0\" -- -platform own",
+                        tree / "bin" / "desk"});
+        constexpr int kStillThere = 124;
+        EXPECT_EQ(opened.status, kStillThere) << opened.errors;
     }
 }
 
