@@ -21,10 +21,6 @@ bool IsBlank(std::string_view character) {
     return character == " " || character == "　"_gbk;
 }
 
-std::string NameOf(const SampleKey& sample) {
-    return sample.borehole + "-" + sample.sample;
-}
-
 }  // namespace
 
 NameFault FindNameFault(std::string_view name, std::size_t mostCharacters) {
@@ -53,12 +49,16 @@ NameFault FindNameFault(std::string_view name, std::size_t mostCharacters) {
 SheetNames::SheetNames(const std::vector<SampleKey>& samples) {
     byName_.reserve(samples.size());
     for (const SampleKey& sample : samples) {
-        byName_.emplace(win32::FoldCase(NameOf(sample)), sample);
+        byName_.emplace(win32::FoldCase(KeyOf(sample)), sample);
     }
 }
 
+std::string SheetNames::KeyOf(const SampleKey& sample) {
+    return sample.borehole + "-" + sample.sample;
+}
+
 std::string SheetNames::FileName(const SampleKey& sample) {
-    return "KF" + NameOf(sample) + ".dwg";
+    return "KF" + KeyOf(sample) + ".dwg";
 }
 
 const SampleKey* SheetNames::FindOther(const std::string& folded, const SampleKey& sample) const {
@@ -72,7 +72,7 @@ const SampleKey* SheetNames::FindOther(const std::string& folded, const SampleKe
 }
 
 const SampleKey* SheetNames::FindRival(const SampleKey& sample) const {
-    const std::string name = win32::FoldCase(NameOf(sample));
+    const std::string name = win32::FoldCase(KeyOf(sample));
     const SampleKey* rival = FindOther(name, sample);
     // "ZK1-1~ZK1-2" is also how a sheet of two is named. A split within a double-byte character
     // does no harm: no name ends with half of one.

@@ -44,6 +44,8 @@ public:
     /// same name, or this one's looks like that of a sheet of the other and further samples. Null
     /// when there is none.
     const SampleKey* FindRival(const SampleKey& sample) const;
+    /// How the sample stands in the names of its sheets.
+    static std::string KeyOf(const SampleKey& sample);
     /// Name of the file when the sample has a sheet of its own, with extension.
     static std::string FileName(const SampleKey& sample);
 

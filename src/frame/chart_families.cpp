@@ -5,13 +5,14 @@
 #include "src/chart/cumulative_chart.h"
 #include "src/chart/result_chart.h"
 #include "src/common/module_state.h"
+#include "src/core/sample_names.h"
 #include "src/frame/chart_openers.h"
 #include "src/ui/CKefenSheet.h"
 
 namespace {
 
 std::string SampleFileKey(const std::string& sample) {
-    return CurrentBorehole + "-" + sample;
+    return SheetNames::KeyOf({CurrentBorehole, sample});
 }
 
 std::vector<std::string> TakeSamples(const CKefenSheet& sheet) {

@@ -19,6 +19,7 @@ std::string Quoted(const std::string& name) {
 std::string FaultText(const NameFault& fault, std::size_t length) {
     switch (fault.kind) {
         case NameFault::Kind::kNone:
+            break;
         case NameFault::Kind::kEmpty:
             return "为空"_gbk;
         case NameFault::Kind::kTooLong:
@@ -73,8 +74,11 @@ private:
     }
 
     void Add(const NameColumn& column, const std::string& name, const NameFault& fault) {
+        if (!fault) {
+            return;
+        }
         const std::string line = column.title + Quoted(name) + FaultText(fault, column.length);
-        if (fault && std::find(lines_.begin(), lines_.end(), line) == lines_.end()) {
+        if (std::find(lines_.begin(), lines_.end(), line) == lines_.end()) {
             lines_.push_back(line);
         }
     }
@@ -84,7 +88,7 @@ private:
     bool IsOneOf(const std::vector<std::string>& names, const NameColumn& column,
                  const SampleKey& key, std::size_t front) const {
         const std::string& name = key.*column.name;
-        return (&(key.*column.name) == &key.borehole || key.borehole == borehole_) &&
+        return (column.name == &SampleKey::borehole || key.borehole == borehole_) &&
                name.size() >= front &&
                std::find(names.begin(), names.end(), name.substr(front)) != names.end();
     }
