@@ -8,11 +8,8 @@ inline constexpr DWORD GENERIC_READ = 0x80000000;
 inline constexpr DWORD GENERIC_WRITE = 0x40000000;
 inline constexpr DWORD FILE_SHARE_READ = 1;
 inline constexpr DWORD FILE_SHARE_WRITE = 2;
-inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
 inline constexpr DWORD OPEN_ALWAYS = 4;
 inline constexpr DWORD LOCKFILE_EXCLUSIVE_LOCK = 2;
-// NOLINTNEXTLINE(performance-no-int-to-ptr): the published value
-inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(-1));
 
 struct SECURITY_ATTRIBUTES;
 struct OVERLAPPED {

@@ -2,18 +2,12 @@
 
 #include "platform/win32/win_types.h"
 
-inline constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
-inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
-
 struct WIN32_FIND_DATA {
     DWORD dwFileAttributes;
     DWORD nFileSizeHigh;
     DWORD nFileSizeLow;
     char cFileName[MAX_PATH];  ///< the name alone
 };
-
-// NOLINTNEXTLINE(performance-no-int-to-ptr): the published value, all bits set
-inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
 
 /// Starts a search; the last name of `pattern` may hold '*' (any run of characters) and '?' (one
 /// character, of one byte or two), and is compared without regard to case. "*.*" finds every name.

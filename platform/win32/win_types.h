@@ -46,6 +46,11 @@ using HRSRC = struct HRSRC__*;
 using HGLOBAL = void*;
 using HANDLE = void*;
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): the published value, all bits set
+inline const HANDLE INVALID_HANDLE_VALUE = reinterpret_cast<HANDLE>(~std::uintptr_t{0});
+inline constexpr DWORD FILE_ATTRIBUTE_DIRECTORY = 0x10;
+inline constexpr DWORD FILE_ATTRIBUTE_NORMAL = 0x80;
+
 inline constexpr BOOL TRUE = 1;
 inline constexpr BOOL FALSE = 0;
 /// Size of a path buffer, its terminating zero counted.
