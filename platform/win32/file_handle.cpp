@@ -8,7 +8,7 @@
 
 #include "platform/win32/file_fault.h"
 #include "platform/win32/file_lock.h"
-#include "platform/win32/open_file.h"
+#include "platform/win32/file_place.h"
 #include "platform/win32/windows_path.h"
 
 namespace {
@@ -34,8 +34,13 @@ HANDLE CreateFile(LPCSTR fileName, DWORD access, DWORD /*shareMode*/,
     }
     auto handle = std::make_unique<FileHandle>();
     handle->path = win32::FileSystemPath(fileName);
-    constexpr int kFlags = O_RDWR | O_CREAT | O_NONBLOCK | O_CLOEXEC;
-    handle->file = win32::OpenFile(open(handle->path.c_str(), kFlags, 0666));
+    win32::FilePlace place;
+    std::string refusal;
+    if (!win32::FindToWrite(handle->path, place, refusal)) {
+        return INVALID_HANDLE_VALUE;
+    }
+    constexpr int kFlags = O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    handle->file = win32::OpenFile(openat(place.Folder(), place.Name().c_str(), kFlags, 0666));
     return handle->file.Get() < 0 ? INVALID_HANDLE_VALUE : handle.release();
 }
 

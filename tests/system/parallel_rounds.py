@@ -52,8 +52,10 @@ def rows(path):
 
 def traces(suite):
     readers = {".ini": profile, ".db": rows}
+    # The database's log is read with it; programs that end at the same moment may leave it there.
     return {str(path.relative_to(suite)): readers.get(path.suffix, pathlib.Path.read_bytes)(path)
-            for path in sorted(suite.rglob("*")) if path.is_file()}
+            for path in sorted(suite.rglob("*"))
+            if path.is_file() and not path.name.endswith(("-wal", "-shm"))}
 
 
 def main(grdx, samples, rounds):

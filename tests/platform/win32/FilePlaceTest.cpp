@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/win32/directory.h"
+#include "platform/win32/file_handle.h"
 #include "platform/win32/file_replace.h"
 #include "tests/platform/win32/ScratchFolder.h"
 
@@ -88,6 +89,9 @@ TEST_F(FilePlace, LinksOfBoundedFoldersLeadNowhereElse) {
     }
     EXPECT_EQ(_mkdir(scratch_.Windows("suite\\folder\\made").c_str()), -1);
     EXPECT_EQ(_mkdir(scratch_.Windows("suite\\there\\made").c_str()), 0);
+    EXPECT_EQ(CreateFile(scratch_.Windows("agreed\\out").c_str(), GENERIC_READ | GENERIC_WRITE, 0,
+                         nullptr, OPEN_ALWAYS, 0, nullptr),
+              INVALID_HANDLE_VALUE);
     EXPECT_EQ(scratch_.Read("other/file"), "theirs");
-    EXPECT_FALSE(fs::exists(scratch_.Path("other/made")));
+    EXPECT_FALSE(fs::exists(scratch_.Path("other/made")) || fs::exists(scratch_.Path("other/new")));
 }
