@@ -4,8 +4,9 @@
 #include "lab/Project.h"
 #include "platform/ed/AcEdCommandStack.h"
 #include "platform/ed/command_line.h"
-#include "platform/mfc/message_box.h"
+#include "platform/mfc/window_system.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/window_message.h"
 
 namespace lab {
 
@@ -42,7 +43,8 @@ void Say(const std::string& utf8) {
 }
 
 int Ask(const std::string& utf8, UINT type) {
-    return AfxMessageBox(win32::GbkFromUtf8(utf8).c_str(), type);
+    return mfc::CurrentWindowSystem().ShowMessageBox(
+        {win32::GbkFromUtf8(utf8), "", type, win32::MainWindow(), true});
 }
 
 void AskForCheck(const Project& project) {

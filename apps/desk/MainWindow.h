@@ -37,6 +37,8 @@ public:
     /// why, when it is none or the user wants to go on with the present one.
     /// While a command runs it is cancelled, and the folder opened when it has ended.
     bool OpenSuite(const QString& folder);
+    /// Says why a folder cannot be the suite folder.
+    void TellSuiteFault(const QString& folder, const std::string& error);
     /// Says something went wrong.
     void TellError(const QString& text);
 

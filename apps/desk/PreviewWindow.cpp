@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include "apps/windows/interface_text.h"
@@ -76,6 +77,11 @@ PreviewWindow::PreviewWindow(int count, std::function<paint::Sheet(int)> sheetAt
     connect(on_, &QPushButton::clicked, this, [this] { Show(index_ + 1); });
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     Show(0);
+}
+
+QSize PreviewWindow::sizeHint() const {
+    constexpr double kShareOfScreen = 0.85;
+    return QSize(620, 760).boundedTo(screen()->availableSize() * kShareOfScreen);
 }
 
 void PreviewWindow::Show(int index) {

@@ -17,7 +17,8 @@ public:
     PreviewWindow(int count, std::function<paint::Sheet(int)> sheetAt,
                   const paint::PlotOptions& options, QWidget* parent);
 
-    QSize sizeHint() const override { return {620, 760}; }
+    /// Of a page upright, as large as the screen has room for.
+    QSize sizeHint() const override;
 
 private:
     class Paper;

@@ -54,7 +54,8 @@ bool Session::Admit(const std::string& suiteFolder, std::string& error) {
             .arg(QString::fromStdString(suiteFolder),
                  QString::fromStdString(DescribePlaces(places, kToldPlaces)));
     return windows_.ShowMessageBox({windows::ToGbk(question), "",
-                                    MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2}) == IDYES &&
+                                    MB_YESNO | MB_ICONEXCLAMATION | MB_DEFBUTTON2, nullptr,
+                                    true}) == IDYES &&
            suite::AgreeToFolder(suiteFolder, places, error);
 }
 

@@ -87,7 +87,7 @@ int main(int argc, char** argv) {
     window.show();
     const auto open = [&] {
         if (!error.empty()) {
-            window.TellError(QString::fromStdString(error));
+            window.TellSuiteFault(QString::fromStdString(SuiteAskedFor(arguments)), error);
         }
         window.OpenDrawings(arguments.positionalArguments());
     };

@@ -152,12 +152,24 @@ bool MainWindow::OpenSuite(const QString& folder) {
     if (!session_.Admit(path, error) || !RunCommand(QStringLiteral("CLOSEALL")) ||
         !session_.Start(path, error)) {
         if (!error.empty()) {
-            TellError(QString::fromStdString(error));
+            TellSuiteFault(folder, error);
         }
         return false;
     }
     RememberSuite();
     return true;
+}
+
+void MainWindow::TellSuiteFault(const QString& folder, const std::string& error) {
+    const bool isOther =
+        !folder.isEmpty() && !QFileInfo::exists(QDir(folder).filePath(QStringLiteral("suite.ini")));
+    TellError(isOther ? windows::InterfaceText(
+                            "%1 holds no suite.ini: it is no suite folder.\n\nOn the console, "
+                            "\"grdx new\" makes one.",
+                            "%1 中没有 suite.ini，不是工程目录。\n\n新建工程目录请用命令行程序 "
+                            "grdx new。")
+                            .arg(folder)
+                      : QString::fromStdString(error));
 }
 
 void MainWindow::customEvent(QEvent* /*event*/) {

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QPushButton>
 
@@ -59,6 +60,16 @@ MessageBoxWindow::MessageBoxWindow(const mfc::MessageBoxRequest& request, QWidge
             }
         }
     }
+    MakeRoomForTitle();
+}
+
+/// A box is as wide as its text wants, and a short one would cut its title off.
+void MessageBoxWindow::MakeRoomForTitle() {
+    constexpr int kTitleButtons = 10;  ///< the room they take, in characters
+    auto* const grid = static_cast<QGridLayout*>(layout());
+    const int width = fontMetrics().horizontalAdvance(windowTitle()) +
+                      kTitleButtons * fontMetrics().horizontalAdvance(QLatin1Char('M'));
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
 int MessageBoxWindow::Ask() {

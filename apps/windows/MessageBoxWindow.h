@@ -21,6 +21,7 @@ protected:
 
 private:
     bool MayBeClosed() const;
+    void MakeRoomForTitle();
 
     UINT type_;
 };

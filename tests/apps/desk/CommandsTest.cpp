@@ -146,7 +146,7 @@ TEST_F(Commands, WhatCannotBeOpenedIsToldInABox) {
     });
     person_.Answer("letter.dwg", IDOK);
     window_.OpenDrawings({QString::fromStdString(file)});
-    person_.Answer("suite.ini", IDOK);
+    person_.Answer("holds no suite.ini", IDOK);
     EXPECT_FALSE(window_.OpenSuite(QString::fromStdString(scratch_.Path())));
     person_.Finish();
     EXPECT_EQ(session_.SuiteFolder(), suite_.Folder()) << "the one before stays";

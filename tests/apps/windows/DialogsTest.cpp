@@ -130,6 +130,8 @@ TEST_F(Dialogs, ARefusedOkKeepsTheSheetOpenWithTheRightPageInFront) {
         auto& box = dynamic_cast<QMessageBox&>(window);
         EXPECT_EQ(box.text(), "请选择试样编号");
         EXPECT_EQ(box.icon(), QMessageBox::NoIcon);
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance("GRDX MMMMMMMMMM"))
+            << "the title's buttons would cut it off";
         QTest::keyClick(&box, Qt::Key_Return);
     });
     person_.In(kSheet, [](QWidget& sheet) {
