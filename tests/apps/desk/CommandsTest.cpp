@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressDialog>
+#include <QPushButton>
 #include <QTabBar>
 #include <QTest>
 #include <QWheelEvent>
@@ -211,6 +212,14 @@ TEST_F(Commands, AnUncheckedProjectIsMarkedInABox) {
     EXPECT_EQ(
         RunProgram({GRDX_PROGRAM, "project", "--checked", "no", "-s", suite_.Folder()}).status, 0);
     person_.Answer("请到主模块执行[数检]命令后再试此功能！", IDOK);
+    person_.Then("the program asks in its own language", [] {
+        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box == nullptr || !box->text().contains("Project profile (GCSJ): not checked")) {
+            return false;
+        }
+        EXPECT_EQ(Control<QPushButton>(*box, IDYES)->text(), "&Yes");
+        return true;
+    });
     person_.Answer("Mark the project as checked?", IDYES);
     window_.RunCommand("CGRDX");
     person_.Finish();
