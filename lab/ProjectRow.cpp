@@ -90,7 +90,10 @@ void ProjectRow::Write(const ProjectFacts& facts) {
         changes.push_back({kDataCheck, oledb::Value::Of(std::int64_t{facts.checked ? 0 : 1})});
     }
     if (!changes.empty()) {
-        Check(row_->Update(0, changes));
+        std::string reason;
+        if (FAILED(row_->Update(0, changes, reason))) {
+            throw Failure(row_->Title() + ": " + reason);
+        }
         facts_ = facts;
     }
 }

@@ -149,7 +149,7 @@ void MainWindow::Connect() {
     session_.SetTextSink([this](const std::string& gbk) { line_->Print(windows::FromGbk(gbk)); });
     session_.SetStateListener([this] { ShowState(); });
     ed::SetBreakCheck([this] { return work_.Step(); });
-    oledb::SetLockWaitListener([this] { return !work_.Wait(); });
+    oledb::SetLockWaitListener([this](std::chrono::milliseconds) { return !work_.Wait(); });
     line_->SetLineHandler([this](const QString& text) { Submit(text); });
     line_->SetEscapeHandler([this] {
         if (!session_.Feed().Cancel()) {
@@ -264,6 +264,7 @@ void MainWindow::ShowState() {
 
 /// What the user has ended is told, as what was made before is there.
 void MainWindow::EndWork() {
+    oledb::ForgetGivenUpWait();
     if (const std::optional<int> done = work_.End()) {
         line_->Print(windows::InterfaceText("\nCancelled; %1 done before that stand.\n",
                                             "\n已取消，此前完成的 %1 项保留。\n")

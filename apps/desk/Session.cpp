@@ -18,6 +18,22 @@ namespace desk {
 namespace {
 constexpr const char* kPlugin = "grdx.arx";
 constexpr std::size_t kToldPlaces = 20;  ///< more do not fit on a screen
+constexpr std::size_t kBoxLines = 15;    ///< of faults, which may be long
+
+/// As many of them as a box holds, GBK; all of them stand on the command line.
+std::string BoxText(const std::vector<std::string>& faults) {
+    std::string text;
+    const std::size_t shown = std::min(faults.size(), kBoxLines);
+    for (std::size_t i = 0; i < shown; ++i) {
+        text += (i == 0 ? "" : "\n") + win32::GbkFromUtf8(faults[i]);
+    }
+    if (shown < faults.size()) {
+        text += "\n" + windows::ToGbk(windows::InterfaceText("… and %1 more on the command line.",
+                                                             "……其余 %1 条见命令行。")
+                                          .arg(faults.size() - shown));
+    }
+    return text;
+}
 }  // namespace
 
 Session::Session() {
@@ -122,20 +138,18 @@ void Session::OnFault(const std::string& fault) {
 
 /// What nobody has said by the end of a command is said then, where it cannot be overlooked.
 void Session::OnState() {
-    std::string faults;
+    std::vector<std::string> faults;
     if (!feed_->IsRunning()) {
-        for (const std::string& fault : std::exchange(unsaidFaults_, {})) {
-            faults += "\n" + win32::GbkFromUtf8(fault);
-        }
+        faults = std::exchange(unsaidFaults_, {});
     }
-    if (!faults.empty()) {
-        OnText(faults);
+    for (const std::string& fault : faults) {
+        OnText("\n" + win32::GbkFromUtf8(fault));
     }
     if (stateListener_) {
         stateListener_();
     }
     if (!faults.empty()) {
-        windows_.ShowMessageBox({faults.substr(1), "", MB_OK | MB_ICONEXCLAMATION, nullptr, true});
+        windows_.ShowMessageBox({BoxText(faults), "", MB_OK | MB_ICONEXCLAMATION, nullptr, true});
     }
 }
 

@@ -37,13 +37,13 @@ void MessageStream::Report(std::string_view finding) {
 }
 
 void MessageStream::ShowProgress(const std::string& progress) {
-    if (!terminal_ || (progress.empty() && !progressShown_)) {
+    if (!terminal_ || progress == progress_) {
         return;
     }
-    std::fputs(progressShown_ ? kEraseLine : "", stderr);
+    std::fputs(progress_.empty() ? "" : kEraseLine, stderr);
     std::fputs(progress.c_str(), stderr);
     std::fflush(stderr);
-    progressShown_ = !progress.empty();
+    progress_ = progress;
 }
 
 void MessageStream::Write(std::string_view text) {

@@ -30,7 +30,7 @@ private:
 
     bool terminal_;
     bool atLineStart_ = true;
-    bool progressShown_ = false;
+    std::string progress_;  ///< shown last
 };
 
 }  // namespace console

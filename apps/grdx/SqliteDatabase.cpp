@@ -4,14 +4,13 @@
 
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/numbers.h"
+#include "platform/oledb/providers/sqlite/busy_wait.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 #include "platform/win32/file_place.h"
 
 namespace console {
 
 namespace {
-constexpr int kLockWaitMilliseconds = 5000;
-
 /// Also what is only read is opened for writing, as the last one to close a database can then
 /// clear its log away.
 int FlagsOf(SqliteDatabase::Mode mode) {
@@ -36,7 +35,7 @@ SqliteDatabase::SqliteDatabase(const std::string& path, Mode mode) : path_(path)
     if (result != SQLITE_OK) {
         Fail();
     }
-    sqlite3_busy_timeout(handle, kLockWaitMilliseconds);
+    sqlite3_busy_handler(handle, oledb::sqlite::WaitForLock, nullptr);
     if (mode == Mode::ReadOnly) {
         KeepFromWriting();
     }

@@ -8,6 +8,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/grdx/Failure.h"
+#include "apps/grdx/LockPatience.h"
 #include "apps/grdx/MessageStream.h"
 #include "apps/grdx/data_import.h"
 #include "apps/grdx/draw.h"
@@ -47,6 +48,7 @@ struct Options {
     lab::ProjectChange change;
     bool json = false;
     bool layers = false;
+    int waitSeconds = 30;
     console::DrawRequest draw;
 };
 
@@ -101,7 +103,7 @@ std::string Count(std::size_t count, const std::string& unit) {
     return std::to_string(count) + " " + unit + (count == 1 ? "" : "s");
 }
 
-bool ImportSamples(const Options& options, MessageStream& /*messages*/) {
+bool ImportSamples(const Options& options, MessageStream& messages) {
     OpenSuite(options);
     std::vector<console::LineError> errors;
     const auto samples = console::ReadSampleFile(ReadText(options.file), errors);
@@ -112,17 +114,19 @@ bool ImportSamples(const Options& options, MessageStream& /*messages*/) {
     for (const auto& sample : samples) {
         items += sample.items.size();
     }
+    messages.EndLine();
     std::cout << Count(samples.size(), "sample") << ", " << Count(items, "sieve item") << '\n';
     return true;
 }
 
-bool ImportLayers(const Options& options, MessageStream& /*messages*/) {
+bool ImportLayers(const Options& options, MessageStream& messages) {
     OpenSuite(options);
     std::vector<console::LineError> errors;
     const auto layers = console::ReadLayerFile(ReadText(options.file), errors);
     ThrowIfAny(errors, options.file);
     SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
     console::StoreLayers(database, console::CurrentProject().index, layers);
+    messages.EndLine();
     std::cout << Count(layers.size(), "layer") << '\n';
     return true;
 }
@@ -207,6 +211,7 @@ public:
             if (options_.trust) {
                 TrustSuite(options_, messages);
             }
+            const console::LockPatience patience(messages, options_.waitSeconds);
             return chosen_(options_, messages) ? kDone : kRefused;
         } catch (const CLI::ParseError& error) {
             return app_.exit(error) == 0 ? kDone : kWrongUsage;
@@ -229,6 +234,14 @@ private:
             ->capture_default_str();
         call.add_flag("--trust", options_.trust,
                       "agree to what the suite folder uses outside of itself");
+    }
+
+    void AddWait(CLI::App& call) {
+        constexpr int kDay = 86400;
+        call.add_option("--wait", options_.waitSeconds,
+                        "seconds to wait for a database that another program has locked")
+            ->check(CLI::Range(0, kDay))
+            ->capture_default_str();
     }
 
     void AddNew() {
@@ -256,6 +269,7 @@ private:
         for (CLI::App* call : {samples, layers}) {
             call->add_option("file", options_.file, "CSV file, UTF-8 or GBK")->required();
             AddSuite(*call);
+            AddWait(*call);
         }
     }
 
@@ -302,6 +316,7 @@ private:
         });
         AddPageChoices(call);
         AddSuite(call);
+        AddWait(call);
     }
 
     void AddPageChoices(CLI::App& call) {
@@ -345,6 +360,7 @@ private:
             *AddCall(app_, "script", "command-line input with answers to dialogs", Script);
         call.add_option("file", options_.file, "the script, - for standard input")->required();
         AddSuite(call);
+        AddWait(call);
     }
 
     CLI::App app_{"Grain-size analysis charts"};

@@ -4,6 +4,7 @@
 
 #include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/ScriptLines.h"
+#include "platform/oledb/lock_wait.h"
 
 namespace console {
 
@@ -51,6 +52,7 @@ bool RunScript(const std::string& suiteFolder, const std::string& utf8, MessageS
         }
         good = !session.ReportFaults() && good;
         good = !session.TakeStoreFailure() && good;
+        oledb::ForgetGivenUpWait();
     });
     good = interpreter.Run(input) && good;
     interpreter.SetAfterCommand(nullptr);

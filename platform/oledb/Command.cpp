@@ -36,7 +36,7 @@ HRESULT Command::Execute(IUnknown* outer, REFIID riid, DBPARAMS* params, DBROWCO
     if (text_.empty()) return SetLastError(DB_E_NOCOMMAND, "no command text was set");
 
     std::unique_ptr<Selection> selection;
-    const HRESULT result = connection_->Select(text_, selection);
+    const HRESULT result = transaction_->Select(text_, selection);
     if (FAILED(result)) return result;
     RowsetProperties granted = properties_;
     if (granted.Changes() && !selection->FromOneTable()) {
@@ -47,7 +47,7 @@ HRESULT Command::Execute(IUnknown* outer, REFIID riid, DBPARAMS* params, DBROWCO
         granted = RowsetProperties();
     }
     ClearLastError();
-    return HandOut(new Rowset(std::move(selection), granted), riid, rowset);
+    return HandOut(new Rowset(transaction_, std::move(selection), granted), riid, rowset);
 }
 
 }  // namespace oledb

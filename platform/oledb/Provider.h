@@ -11,7 +11,8 @@
 #include "platform/oledb/oledb_errors.h"
 
 // What a database has to bring to be a provider. Interfaces, properties, accessors and conversions
-// are common to all. Every failing call leaves its reason with SetLastError (last_error.h).
+// are common to all. Every failing call leaves its reason with SetLastError (last_error.h), unless
+// it says otherwise.
 
 namespace oledb {
 
@@ -30,10 +31,12 @@ public:
     /// until the next call.
     virtual HRESULT Read(std::size_t row, std::vector<Value>& values) = 0;
     /// Changes exactly this row. DB_E_NOTSUPPORTED when rows have no identity, DB_E_DELETEDROW when
-    /// the row is gone.
-    virtual HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values) = 0;
-    virtual HRESULT Delete(std::size_t row) = 0;
-    virtual HRESULT Insert(const std::vector<ColumnValue>& values) = 0;
+    /// the row is gone; DB_E_TIMEOUT, DB_SEC_E_PERMISSIONDENIED and E_FAIL when it is not the row
+    /// that stands in the way. A failure is not told but leaves its bare reason.
+    virtual HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values,
+                           std::string& reason) = 0;
+    virtual HRESULT Delete(std::size_t row, std::string& reason) = 0;
+    virtual HRESULT Insert(const std::vector<ColumnValue>& values, std::string& reason) = 0;
 };
 
 /// An open database.
@@ -42,6 +45,12 @@ public:
     virtual ~Connection() = default;
     /// Runs `statement` (UTF-8), which must be one select and nothing else.
     virtual HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) = 0;
+    /// What is changed up to Commit is written together or, after Rollback, not at all. Nobody else
+    /// writes meanwhile. Failures as those of changes.
+    virtual HRESULT Begin(std::string& reason) = 0;
+    virtual HRESULT Commit(std::string& reason) = 0;
+    /// To be called also when Begin, Commit or a change has failed.
+    virtual void Rollback() = 0;
 };
 
 struct Provider {

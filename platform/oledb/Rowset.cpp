@@ -246,8 +246,10 @@ HRESULT Rowset::SetData(HROW row, HACCESSOR accessor, void* data) {
     if (FAILED(result)) return result;
     Taken taken;
     result = Take(*bound, static_cast<std::byte*>(data), true, taken);
-    if (FAILED(result)) return result;
-    return selection_->Update(row - 1, taken.values);
+    if (FAILED(result) || taken.values.empty()) return result;
+    return transaction_->Change(
+        [&] { return ChangeText(*selection_, *bound, values_, taken.values); },
+        [&](std::string& reason) { return selection_->Update(row - 1, taken.values, reason); });
 }
 
 HRESULT Rowset::InsertRow(HCHAPTER /*chapter*/, HACCESSOR accessor, void* data, HROW* row) {
@@ -261,14 +263,25 @@ HRESULT Rowset::InsertRow(HCHAPTER /*chapter*/, HACCESSOR accessor, void* data, 
     Taken taken;
     result = Take(*bound, static_cast<std::byte*>(data), false, taken);
     if (FAILED(result)) return result;
-    return selection_->Insert(taken.values);
+    return transaction_->Change(
+        [&] { return ChangeText(*selection_, *bound, values_, taken.values); },
+        [&](std::string& reason) { return selection_->Insert(taken.values, reason); });
 }
 
 HRESULT Rowset::DeleteRow(HROW row) {
     HRESULT result = CheckRow(row);
-    if (SUCCEEDED(result)) result = selection_->Delete(row - 1);
+    if (FAILED(result)) return result;
+    result = transaction_->Change(
+        [&] { return RowName(row) + ": row to be deleted"; },
+        [&](std::string& reason) { return selection_->Delete(row - 1, reason); });
     if (SUCCEEDED(result)) deleted_.insert(row);
     return result;
+}
+
+std::string Rowset::RowName(HROW row) {
+    const Accessor* const accessor = FindAccessor(lastAccessor_);
+    const bool known = accessor != nullptr && SUCCEEDED(selection_->Read(row - 1, values_));
+    return known ? RowText(*selection_, *accessor, values_) : selection_->Title();
 }
 
 HRESULT Rowset::DeleteRows(HCHAPTER /*chapter*/, DBCOUNTITEM count, const HROW* rows,

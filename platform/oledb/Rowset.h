@@ -13,6 +13,7 @@
 #include "platform/oledb/ComObject.h"
 #include "platform/oledb/Provider.h"
 #include "platform/oledb/RowsetProperties.h"
+#include "platform/oledb/Transaction.h"
 #include "platform/oledb/oledb.h"
 
 namespace oledb {
@@ -20,8 +21,11 @@ namespace oledb {
 /// A walk over a selection. A row handle is the row's number from 1.
 class Rowset final : public ComObject<IRowset, IRowsetChange, IAccessor> {
 public:
-    Rowset(std::unique_ptr<Selection> selection, const RowsetProperties& properties)
-        : selection_(std::move(selection)), properties_(properties) {}
+    Rowset(std::shared_ptr<Transaction> transaction, std::unique_ptr<Selection> selection,
+           const RowsetProperties& properties)
+        : transaction_(std::move(transaction)),
+          selection_(std::move(selection)),
+          properties_(properties) {}
 
     HRESULT GetData(HROW row, HACCESSOR accessor, void* data) override;
     HRESULT GetNextRows(HCHAPTER chapter, DBROWOFFSET offset, DBROWCOUNT count,
@@ -54,6 +58,8 @@ private:
     HRESULT CheckRow(HROW row) const;
     HRESULT CheckChange(LONG kind) const;
     HRESULT DeleteRow(HROW row);
+    /// "table, KEY=value, …", as the accessor made last has the keys.
+    std::string RowName(HROW row);
     /// Every cell that is not null must fit its binding; the first that does not is told.
     HRESULT CheckCells(const Accessor& accessor);
     DBSTATUS Deliver(const DBBINDING& binding, std::byte* data) const;
@@ -65,6 +71,7 @@ private:
     HRESULT Unreadable(const Accessor& accessor, const DBBINDING& binding, DBSTATUS status) const;
     HRESULT Unwritable(const Accessor& accessor, const DBBINDING& binding, DBSTATUS status) const;
 
+    std::shared_ptr<Transaction> transaction_;
     std::unique_ptr<Selection> selection_;
     RowsetProperties properties_;
     std::map<HACCESSOR, Accessor> accessors_;

@@ -28,6 +28,11 @@ inline constexpr IID IID_IRowsetChange{
 inline constexpr IID IID_IRowsetUpdate{
     0x0C733A6D, 0x2A1C, 0x11CE, {0xAD, 0xE5, 0x00, 0xAA, 0x00, 0x44, 0x77, 0x3D}};
 
+inline constexpr IID IID_ITransaction{
+    0x0FB15084, 0xAF41, 0x11CE, {0xBD, 0x2B, 0x20, 0x4C, 0x4F, 0x4F, 0x50, 0x20}};
+inline constexpr IID IID_ITransactionLocal{
+    0x0C733A5F, 0x2A1C, 0x11CE, {0xAD, 0xE5, 0x00, 0xAA, 0x00, 0x44, 0x77, 0x3D}};
+
 struct IDBInitialize : IUnknown {
     /// Opens the database. DB_E_ALREADYINITIALIZED when it is open; after a failure it may be
     /// called again.
@@ -44,6 +49,24 @@ struct IOpenRowset : IUnknown {};
 
 struct IDBCreateCommand : IUnknown {
     virtual HRESULT CreateCommand(IUnknown* outer, REFIID riid, IUnknown** command) = 0;
+};
+
+struct ITransaction : IUnknown {
+    /// XACT_E_ABORTED, and nothing is written, when it cannot be or a change has failed for a
+    /// reason that is not its row's. `retaining` must be FALSE: the next transaction is started by
+    /// itself.
+    virtual HRESULT Commit(BOOL retaining, DWORD controls, DWORD reserved) = 0;
+    /// Takes back everything since StartTransaction. `reason` is not looked at.
+    virtual HRESULT Abort(const void* reason, BOOL retaining, BOOL async) = 0;
+};
+
+/// Of a session: what its row sets change from StartTransaction to Commit is written together. A
+/// row that the database refuses by itself leaves the others to be written.
+struct ITransactionLocal : ITransaction {
+    /// XACT_E_XTIONEXISTS within a transaction. Isolation is always that of the highest level;
+    /// `flags` must be 0, `options` null, `level` (may be null) is set to 1.
+    virtual HRESULT StartTransaction(ISOLEVEL isolation, ULONG flags, ITransactionOptions* options,
+                                     ULONG* level) = 0;
 };
 
 struct ICommand : IUnknown {

@@ -41,3 +41,8 @@ inline constexpr HRESULT DB_E_NOTSUPPORTED = oledb::detail::Failure(0x80040E53);
 inline constexpr HRESULT DB_E_BADORDINAL = oledb::detail::Failure(0x80040E55);
 inline constexpr HRESULT DB_E_BADINITSTRING = oledb::detail::Failure(0x80040E73);
 inline constexpr HRESULT DB_E_TIMEOUT = oledb::detail::Failure(0x80040E97);
+
+/// No transaction runs, one runs already, or it came to nothing.
+inline constexpr HRESULT XACT_E_NOTRANSACTION = oledb::detail::Failure(0x8004D00E);
+inline constexpr HRESULT XACT_E_XTIONEXISTS = oledb::detail::Failure(0x8004D013);
+inline constexpr HRESULT XACT_E_ABORTED = oledb::detail::Failure(0x8004D019);

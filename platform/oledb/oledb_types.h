@@ -136,4 +136,8 @@ inline constexpr GUID DBPROPSET_ROWSET{
 inline constexpr GUID DBGUID_DEFAULT{
     0xC8B521FB, 0x5CF3, 0x11CE, {0xAD, 0xE5, 0x00, 0xAA, 0x00, 0x44, 0x77, 0x3D}};
 
+using ISOLEVEL = LONG;
+inline constexpr ISOLEVEL ISOLATIONLEVEL_SERIALIZABLE = 0x00100000;
+
 struct DBPARAMS;
+struct ITransactionOptions;

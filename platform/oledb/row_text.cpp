@@ -29,6 +29,22 @@ std::string ValueText(const Value& value) {
     return plain ? std::string(value.text) : '"' + std::string(value.text) + '"';
 }
 
+bool IsKey(const DBBINDING& binding) {
+    return (binding.dwPart & DBPART_STATUS) == 0;
+}
+
+/// Whether RowText tells the cell.
+bool StandsInRowText(const Accessor& accessor, const std::vector<Value>& row,
+                     const ColumnValue& cell) {
+    for (const DBBINDING& binding : accessor.Bindings()) {
+        if (!IsKey(binding)) break;
+        if (binding.iOrdinal - 1 == cell.column) {
+            return ValueText(row[cell.column]) == ValueText(cell.value);
+        }
+    }
+    return false;
+}
+
 }  // namespace
 
 std::string CellText(const Selection& selection, const ColumnValue& cell) {
@@ -39,9 +55,21 @@ std::string RowText(const Selection& selection, const Accessor& accessor,
                     const std::vector<Value>& row) {
     std::string text = selection.Title();
     for (const DBBINDING& binding : accessor.Bindings()) {
-        if ((binding.dwPart & DBPART_STATUS) != 0) break;
+        if (!IsKey(binding)) break;
         const std::size_t column = binding.iOrdinal - 1;
         text += ", " + CellText(selection, {column, row[column]});
+    }
+    return text;
+}
+
+std::string ChangeText(const Selection& selection, const Accessor& accessor,
+                       const std::vector<Value>& row, const std::vector<ColumnValue>& cells) {
+    std::string text = RowText(selection, accessor, row);
+    const char* separator = ": ";
+    for (const ColumnValue& cell : cells) {
+        if (StandsInRowText(accessor, row, cell)) continue;
+        text += separator + CellText(selection, cell);
+        separator = ", ";
     }
     return text;
 }

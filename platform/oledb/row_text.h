@@ -18,4 +18,8 @@ std::string CellText(const Selection& selection, const ColumnValue& cell);
 std::string RowText(const Selection& selection, const Accessor& accessor,
                     const std::vector<Value>& row);
 
+/// "table, KEY=value, …: COLUMN=value, …" of a row and what is to stand in it.
+std::string ChangeText(const Selection& selection, const Accessor& accessor,
+                       const std::vector<Value>& row, const std::vector<ColumnValue>& cells);
+
 }  // namespace oledb

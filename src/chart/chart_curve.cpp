@@ -5,12 +5,27 @@
 #include "platform/ed/command_line.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/db/CStoreTransaction.h"
 #include "src/db/class_percentage_store.h"
 #include "src/entity/CKFCurve.h"
 
 namespace {
 
 constexpr double kValueHeight = 0.8;  // of the chart's text height
+
+/// All that is stored of a sample, in one step; a layer has no percentages of its own to store.
+void StoreResults(const GrainSizeRecord& record, CKFCurve& curve) {
+    if (record.kind == RecordKind::layer) {
+        curve.StoreToDatabase();
+        return;
+    }
+    CStoreTransaction transaction;
+    curve.StoreToDatabase();
+    if (StoreClassPercentages(record.sizes, record.amounts, record.totalMass) != 1) {
+        acutPrintf("%s", "\n所占的百分比入库失败!"_gbk);
+    }
+    transaction.Commit();
+}
 
 }  // namespace
 
@@ -34,14 +49,7 @@ void AddCurve(const CSheetPen& pen, const GrainSizeRecord& record, const CurveGr
     }
     curve->ComputeDiameters();
     curve->setColorIndex(AcCmColor::kNone, true);
-    curve->StoreToDatabase();
+    StoreResults(record, *curve);
     AcDbObjectId id;
     pen.Tools().AppendEntity(curve.release(), id, pen.Sheet());
-}
-
-void StorePercentages(const GrainSizeRecord& record) {
-    if (record.kind == RecordKind::sample &&
-        StoreClassPercentages(record.sizes, record.amounts, record.totalMass) != 1) {
-        acutPrintf("%s", "\n所占的百分比入库失败!"_gbk);
-    }
 }

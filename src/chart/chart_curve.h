@@ -7,9 +7,8 @@
 
 /// Marks the measured points.
 void DrawDots(const CSheetPen& pen, const AcGePoint3dArray& points);
-/// Makes the record's curve, reads its values, stores them and adds it to the sheet. The values
-/// will be written at `valuePoints`, a little smaller than ChartTextHeight.
+/// Makes the record's curve, reads its values, stores them, of a sample with its class percentages,
+/// and adds it to the sheet. The values will be written at `valuePoints`, a little smaller than
+/// ChartTextHeight. A row that is missing for the percentages is told on the command line.
 void AddCurve(const CSheetPen& pen, const GrainSizeRecord& record, const CurveGrid& grid,
               const AcGePoint3dArray& points, const AcGePoint3dArray& valuePoints);
-/// Stores a sample's class percentages; a failure is told on the command line. Layers have none.
-void StorePercentages(const GrainSizeRecord& record);

@@ -98,7 +98,6 @@ int DrawChart(RecordKind kind, const CSheetPen& pen) {
     DrawDots(pen, points);
     const AcGePoint3dArray valuePoints = DrawValueTable(pen, grid);
     AddCurve(pen, data.record, grid, points, valuePoints);
-    StorePercentages(data.record);
     return 1;
 }
 

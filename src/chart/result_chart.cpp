@@ -104,7 +104,6 @@ int DrawChart(const ChartData& data, const CSheetPen& pen) {
     DrawDots(pen, points);
     const AcGePoint3dArray valuePoints = DrawIndexBlock(pen, table);
     AddCurve(pen, data.record, grid, points, valuePoints);
-    StorePercentages(data.record);
 
     const GrainSizeRecord shown = ShownRecord(data.record, table.ColumnCount());
     DrawPercentages(table, shown);

@@ -11,6 +11,7 @@
 #include "src/core/number_format.h"
 #include "src/db/CKeFenTable.h"
 #include "src/db/CSheJiTable.h"
+#include "src/db/CStoreTransaction.h"
 #include "src/db/table_filters.h"
 #include "src/db/table_open_error.h"
 
@@ -38,6 +39,7 @@ std::optional<double> Rounded(const std::optional<double>& value) {
 }
 
 int StoreSampleValues(const CurveValues& curve) {
+    CStoreTransaction transaction;
     CKeFenTable table;
     const std::string filter = SampleFilter(curve.projectIndex, curve.borehole, curve.sample);
     if (!table.Open(table.BuildQuery(filter))) {
@@ -52,7 +54,7 @@ int StoreSampleValues(const CurveValues& curve) {
     SetFloat(record.KLBJXS, record.KLBJXSStatus, Rounded(Uniformity(curve.diameters)));
     SetFloat(record.KLQLXS, record.KLQLXSStatus, Rounded(Curvature(curve.diameters)));
     if (SUCCEEDED(table.SetData())) table.Update();
-    return 1;
+    return transaction.Commit() ? 1 : 0;
 }
 
 /// One parameter of a layer on its way into the table.
@@ -109,6 +111,7 @@ void InsertMissing(CSheJiTable& table, const CurveValues& curve, const std::vect
 
 int StoreLayerValues(const CurveValues& curve) {
     std::vector<Slot> slots = MakeSlots(curve);
+    CStoreTransaction transaction;
     CSheJiTable table;
     HRESULT result =
         table.OpenFirst(LayerFilter(curve.projectIndex, curve.mainLayer, curve.subLayer));
@@ -117,7 +120,7 @@ int StoreLayerValues(const CurveValues& curve) {
     // A row that cannot be read may be one of those that seem to be missing.
     if (FAILED(result)) return 0;
     InsertMissing(table, curve, slots);
-    return 1;
+    return transaction.Commit() ? 1 : 0;
 }
 
 }  // namespace

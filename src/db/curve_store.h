@@ -16,8 +16,9 @@ struct CurveValues {
     std::array<double, kDiameterCount> diameters{};
 };
 
-/// Writes the diameters and the two coefficients: with `chartMode` kSampleCharts into the sample's
-/// result row, with kLayerCharts into the layer's parameter rows, otherwise nowhere. 1 done, even
-/// when single rows could not be written; 0 when the table did not open (told to the user in sample
-/// charts only) or there is no row for the sample or layer.
+/// Writes the diameters and the two coefficients in one step: with `chartMode` kSampleCharts into
+/// the sample's result row, with kLayerCharts into the layer's parameter rows, otherwise nowhere. 1
+/// done, even when the database refused single rows; 0 when the table did not open (told to the
+/// user in sample charts only), there is no row for the sample or layer, or the database could not
+/// be written at all.
 int StoreCurveValues(const CurveValues& curve, int chartMode);

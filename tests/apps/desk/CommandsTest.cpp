@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <fstream>
 
@@ -173,11 +174,23 @@ TEST_F(Commands, WhatTheDatabaseRefusesIsToldInABox) {
         progress->cancel();
         return true;
     });
-    person_.Answer("database is locked", IDOK);
+    person_.Answer(
+        "QYBH=1: KLD30=0.003, KLD50=0.008, KLD60=0.013, KLD85=0.045, KLD90=0.055, "
+        "KLD95=0.067: database is locked",
+        IDOK);
     TypeLine("CGRDX");
     person_.Finish();
-    sqlite3_close(other);
     EXPECT_TRUE(window_.findChildren<QProgressDialog*>().isEmpty());
+
+    // Whoever waits is not sent away: the window stays until the lock goes.
+    QTimer unlocking;
+    unlocking.setSingleShot(true);
+    unlocking.callOnTimeout(
+        [other] { sqlite3_exec(other, "ROLLBACK", nullptr, nullptr, nullptr); });
+    unlocking.start(2500);
+    DrawSheet("ZK1", {"*1"});
+    sqlite3_close(other);
+    EXPECT_NE(Stored("SELECT KLD60 FROM Z_c_KeFen WHERE ZKBH='ZK1' AND QYBH='1'"), "");
 }
 
 TEST_F(Commands, ASuiteWithoutItsDatabaseIsToldInABox) {

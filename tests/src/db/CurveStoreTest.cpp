@@ -108,4 +108,23 @@ TEST_F(CurveStore, RowsThatCannotBeWrittenDoNotStopTheOthers) {
     EXPECT_EQ(Box(), "");
 }
 
+TEST_F(CurveStore, ADatabaseThatCannotBeWrittenStoresNothing) {
+    AddResultRow();
+    AddLayerRow(1119, "'5'");
+    project_.Database().Lock();
+    EXPECT_EQ(StoreCurveValues(curve_, kSampleCharts), 0);
+    EXPECT_EQ(StoreCurveValues(curve_, kLayerCharts), 0);
+    project_.Database().Unlock();
+    EXPECT_EQ(Results(), "null|null|null|null|null|null|null|null|null|null");
+    EXPECT_EQ(Layer(), "1119|5");
+    EXPECT_EQ(StoreCurveValues(curve_, kSampleCharts), 1);
+}
+
+TEST_F(CurveStore, ALayerWithARowThatCannotBeReadIsLeftAlone) {
+    AddLayerRow(1119, "'5'");
+    Run("INSERT INTO x_SheJi VALUES(12,2,1,NULL,'5','')");
+    EXPECT_EQ(StoreCurveValues(curve_, kLayerCharts), 0);
+    EXPECT_EQ(Layer(), "1119|5 null|5");
+}
+
 }  // namespace

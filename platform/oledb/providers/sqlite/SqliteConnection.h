@@ -19,6 +19,10 @@ public:
     HRESULT Open(const std::string& path) { return database_.Open(path); }
     HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) override;
 
+    HRESULT Begin(std::string& reason) override { return database_.Begin(reason); }
+    HRESULT Commit(std::string& reason) override { return database_.Commit(reason); }
+    void Rollback() override { database_.Rollback(); }
+
     SqliteDatabase& Database() { return database_; }
 
 private:

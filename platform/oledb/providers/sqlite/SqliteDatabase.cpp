@@ -1,11 +1,10 @@
 #include "platform/oledb/providers/sqlite/SqliteDatabase.h"
 
-#include <chrono>
 #include <string_view>
-#include <thread>
 
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/lock_wait.h"
+#include "platform/oledb/providers/sqlite/busy_wait.h"
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 #include "platform/win32/file_place.h"
@@ -13,9 +12,6 @@
 namespace oledb::sqlite {
 namespace {
 
-/// How long a database locked by somebody else is waited for.
-constexpr auto kPatience = std::chrono::milliseconds(2000);
-constexpr auto kBetweenTries = std::chrono::milliseconds(5);
 /// Statements kept prepared; far more than the tables of a project need.
 constexpr std::size_t kKeptStatements = 64;
 
@@ -37,12 +33,6 @@ HRESULT ResultOf(int code, std::string_view message) {
     }
 }
 
-int WaitForLock(void* /*data*/, int tries) {
-    if (tries * kBetweenTries >= kPatience || !GoesOnWaiting()) return 0;
-    std::this_thread::sleep_for(kBetweenTries);
-    return 1;
-}
-
 }  // namespace
 
 std::string QuotedName(const std::string& name) {
@@ -57,9 +47,15 @@ void SqliteDatabase::Close::operator()(sqlite3* database) const {
     SQLITE_CALL(sqlite3_close_v2, database);
 }
 
+HRESULT SqliteDatabase::Reason(int code, std::string& reason) const {
+    reason = SQLITE_CALL(sqlite3_errmsg, handle_.get());
+    return ResultOf(code, reason);
+}
+
 HRESULT SqliteDatabase::Failure(int code, const std::string& title) const {
-    const std::string message = SQLITE_CALL(sqlite3_errmsg, handle_.get());
-    return SetLastError(ResultOf(code, message), title + ": " + message);
+    std::string reason;
+    const HRESULT result = Reason(code, reason);
+    return SetLastError(result, title + ": " + reason);
 }
 
 SqliteDatabase::~SqliteDatabase() {
@@ -75,15 +71,20 @@ void SqliteDatabase::LeavePlace() {
     }
 }
 
-HRESULT SqliteDatabase::Displaced() {
+HRESULT SqliteDatabase::CheckFiles(std::string& reason) {
+    if (files_.AllAreThere()) return S_OK;
     if (!files_.DatabaseIsThere()) LeavePlace();
-    return SetLastError(E_FAIL, path_ +
-                                    ": the database was replaced or deleted while it was open; "
-                                    "the suite folder has to be opened again");
+    reason = path_ +
+             ": the database was replaced or deleted while it was open; the suite folder has to be "
+             "opened again";
+    return E_FAIL;
 }
 
 HRESULT SqliteDatabase::CheckPlace() {
-    return files_.DatabaseIsThere() ? S_OK : Displaced();
+    if (files_.DatabaseIsThere()) return S_OK;
+    std::string reason;
+    const HRESULT result = CheckFiles(reason);
+    return SetLastError(result, reason);
 }
 
 HRESULT SqliteDatabase::Open(const std::string& path) {
@@ -141,36 +142,76 @@ void SqliteDatabase::SpareWaits() {
     if (setting.Prepare(Handle(), "PRAGMA synchronous=NORMAL") == SQLITE_OK) setting.Step();
 }
 
-HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>& parameters,
-                            const std::string& title, const std::function<void()>& row) const {
+int SqliteDatabase::StepThrough(SqliteStatement& statement, const std::vector<Value>& parameters,
+                                const std::function<void()>& row) {
     for (std::size_t i = 0; i < parameters.size(); ++i) {
         statement.Bind(static_cast<int>(i) + 1, parameters[i]);
     }
     int code = SQLITE_ROW;
     while ((code = statement.Step()) == SQLITE_ROW) row();
+    return code;
+}
+
+HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>& parameters,
+                            const std::string& title, const std::function<void()>& row) const {
+    const int code = StepThrough(statement, parameters, row);
     const HRESULT result = code == SQLITE_DONE ? S_OK : Failure(code, title);
     statement.Reset();
     return result;
 }
 
-HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
-                                  const std::string& title) {
-    if (!files_.AllAreThere()) return Displaced();
+HRESULT SqliteDatabase::RunKept(const std::string& sql, const std::vector<Value>& parameters,
+                                std::string& reason) {
     if (changes_.size() >= kKeptStatements) changes_.clear();
     const auto [kept, isNew] = changes_.try_emplace(sql);
-    if (isNew) {
-        const int code = kept->second.Prepare(Handle(), sql);
-        if (code != SQLITE_OK) {
-            changes_.erase(kept);
-            return Failure(code, title);
-        }
+    const int prepared = isNew ? kept->second.Prepare(Handle(), sql) : SQLITE_OK;
+    if (prepared != SQLITE_OK) {
+        changes_.erase(kept);
+        return Reason(prepared, reason);
     }
-    const HRESULT result = Run(kept->second, parameters, title, [] {});
-    if (FAILED(result)) return result;
+    const int code = StepThrough(kept->second, parameters, [] {});
+    const HRESULT result = code == SQLITE_DONE ? S_OK : Reason(code, reason);
+    kept->second.Reset();
+    if (SUCCEEDED(result)) NoteLockHad();
+    return result;
+}
+
+HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
+                                  std::string& reason) {
+    HRESULT result = inTransaction_ ? S_OK : CheckFiles(reason);
+    if (SUCCEEDED(result)) result = RunKept(sql, parameters, reason);
+    if (FAILED(result)) {
+        // Some failures, and triggers that want it so, take the whole transaction back.
+        const bool lost = inTransaction_ && SQLITE_CALL(sqlite3_get_autocommit, Handle()) != 0;
+        return lost ? E_FAIL : result;
+    }
     if (SQLITE_CALL(sqlite3_changes, Handle()) == 0) {
-        return SetLastError(DB_E_DELETEDROW, title + ": the row does not exist any more");
+        reason = "the row does not exist any more";
+        return DB_E_DELETEDROW;
     }
     return S_OK;
+}
+
+/// Asks for the right to write at once: one who has read by then could get it no more when somebody
+/// else has written in between.
+HRESULT SqliteDatabase::Begin(std::string& reason) {
+    HRESULT result = CheckFiles(reason);
+    if (SUCCEEDED(result)) result = RunKept("BEGIN IMMEDIATE", {}, reason);
+    inTransaction_ = SUCCEEDED(result);
+    return result;
+}
+
+HRESULT SqliteDatabase::Commit(std::string& reason) {
+    HRESULT result = CheckFiles(reason);
+    if (SUCCEEDED(result)) result = RunKept("COMMIT", {}, reason);
+    if (SUCCEEDED(result)) inTransaction_ = false;
+    return result;
+}
+
+void SqliteDatabase::Rollback() {
+    std::string reason;
+    if (SQLITE_CALL(sqlite3_get_autocommit, Handle()) == 0) RunKept("ROLLBACK", {}, reason);
+    inTransaction_ = false;
 }
 
 }  // namespace oledb::sqlite

@@ -34,11 +34,14 @@ public:
     /// E_FAIL, told, when another file has taken the place of the one that is open, or none.
     HRESULT CheckPlace();
     /// Runs a statement that changes one row and has been run before by the same text, if so, as
-    /// that prepared statement. `title` names the table in the error's text. DB_E_DELETEDROW when
-    /// no row was changed. Nothing is changed once others do not find these files by their names
-    /// any more.
+    /// that prepared statement. DB_E_DELETEDROW when no row was changed. Nothing is changed once
+    /// others do not find these files by their names any more. The failures of this and of the
+    /// next three are those of changes (Provider.h).
     HRESULT ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
-                      const std::string& title);
+                      std::string& reason);
+    HRESULT Begin(std::string& reason);
+    HRESULT Commit(std::string& reason);
+    void Rollback();
     /// Runs a select from front to back; `row` is called with each row stepped to.
     HRESULT Run(SqliteStatement& statement, const std::vector<Value>& parameters,
                 const std::string& title, const std::function<void()>& row) const;
@@ -52,11 +55,19 @@ private:
     int CountPages(std::int64_t& pages);
     void SpareWaits();
 
-    HRESULT Displaced();
+    /// What a code stands for, and the library's words for it.
+    HRESULT Reason(int code, std::string& reason) const;
+    HRESULT CheckFiles(std::string& reason);
     void LeavePlace();
+    /// Runs a statement to its end, prepared as it was for the same text before.
+    HRESULT RunKept(const std::string& sql, const std::vector<Value>& parameters,
+                    std::string& reason);
+    static int StepThrough(SqliteStatement& statement, const std::vector<Value>& parameters,
+                           const std::function<void()>& row);
 
     std::string path_;
     OpenFiles files_;
+    bool inTransaction_ = false;
     std::unique_ptr<sqlite3, Close> handle_;
     std::unordered_map<std::string, SqliteStatement> changes_;  ///< by their text
 };

@@ -66,19 +66,18 @@ HRESULT SqliteSelection::Read(std::size_t row, std::vector<Value>& values) {
 
 // Changing
 
-HRESULT SqliteSelection::CheckIdentified() const {
+HRESULT SqliteSelection::CheckIdentified(std::string& reason) const {
     if (plan_->Identified()) return S_OK;
-    return SetLastError(DB_E_NOTSUPPORTED,
-                        plan_->Title() + ": the rows are no single rows of the table");
+    reason = "the rows are no single rows of the table";
+    return DB_E_NOTSUPPORTED;
 }
 
-HRESULT SqliteSelection::CheckColumns(const std::vector<ColumnValue>& values) const {
+HRESULT SqliteSelection::CheckColumns(const std::vector<ColumnValue>& values,
+                                      std::string& reason) const {
     for (const ColumnValue& value : values) {
-        if (plan_->Origin(value.column).empty()) {
-            return SetLastError(
-                DB_E_ERRORSOCCURRED,
-                plan_->Title() + ", column " + ColumnName(value.column) + ": a computed value");
-        }
+        if (!plan_->Origin(value.column).empty()) continue;
+        reason = "column " + ColumnName(value.column) + " is a computed value";
+        return DB_E_ERRORSOCCURRED;
     }
     return S_OK;
 }
@@ -96,9 +95,10 @@ void SqliteSelection::NoteChanged(std::size_t row, std::vector<Value> key,
     changed_.insert_or_assign(row, std::move(changed));
 }
 
-HRESULT SqliteSelection::Update(std::size_t row, const std::vector<ColumnValue>& values) {
-    HRESULT result = CheckIdentified();
-    if (SUCCEEDED(result)) result = CheckColumns(values);
+HRESULT SqliteSelection::Update(std::size_t row, const std::vector<ColumnValue>& values,
+                                std::string& reason) {
+    HRESULT result = CheckIdentified(reason);
+    if (SUCCEEDED(result)) result = CheckColumns(values, reason);
     if (FAILED(result) || values.empty()) return result;
     std::string sql = "UPDATE " + plan_->Table() + " SET ";
     std::vector<Value> parameters;
@@ -110,22 +110,21 @@ HRESULT SqliteSelection::Update(std::size_t row, const std::vector<ColumnValue>&
     sql += " WHERE " + plan_->KeyCondition();
     std::vector<Value> key = Key(row);
     parameters.insert(parameters.end(), key.begin(), key.end());
-    result = connection_->Database().ChangeOne(sql, parameters, plan_->Title());
+    result = connection_->Database().ChangeOne(sql, parameters, reason);
     if (SUCCEEDED(result)) NoteChanged(row, std::move(key), values);
     return result;
 }
 
-HRESULT SqliteSelection::Delete(std::size_t row) {
-    const HRESULT result = CheckIdentified();
+HRESULT SqliteSelection::Delete(std::size_t row, std::string& reason) {
+    const HRESULT result = CheckIdentified(reason);
     if (FAILED(result)) return result;
     return connection_->Database().ChangeOne(
-        "DELETE FROM " + plan_->Table() + " WHERE " + plan_->KeyCondition(), Key(row),
-        plan_->Title());
+        "DELETE FROM " + plan_->Table() + " WHERE " + plan_->KeyCondition(), Key(row), reason);
 }
 
-HRESULT SqliteSelection::Insert(const std::vector<ColumnValue>& values) {
-    HRESULT result = CheckIdentified();
-    if (SUCCEEDED(result)) result = CheckColumns(values);
+HRESULT SqliteSelection::Insert(const std::vector<ColumnValue>& values, std::string& reason) {
+    HRESULT result = CheckIdentified(reason);
+    if (SUCCEEDED(result)) result = CheckColumns(values, reason);
     if (FAILED(result)) return result;
     std::string columns;
     std::string places;
@@ -138,7 +137,7 @@ HRESULT SqliteSelection::Insert(const std::vector<ColumnValue>& values) {
     }
     return connection_->Database().ChangeOne(
         "INSERT INTO " + plan_->Table() + "(" + columns + ") VALUES(" + places + ")", parameters,
-        plan_->Title());
+        reason);
 }
 
 }  // namespace oledb::sqlite

@@ -26,9 +26,10 @@ public:
     std::string ColumnName(std::size_t column) const override;
     bool FromOneTable() const override { return plan_->FromOneTable(); }
     HRESULT Read(std::size_t row, std::vector<Value>& values) override;
-    HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values) override;
-    HRESULT Delete(std::size_t row) override;
-    HRESULT Insert(const std::vector<ColumnValue>& values) override;
+    HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values,
+                   std::string& reason) override;
+    HRESULT Delete(std::size_t row, std::string& reason) override;
+    HRESULT Insert(const std::vector<ColumnValue>& values, std::string& reason) override;
 
 private:
     /// A row that was changed: its identity alone, or the whole row once it was read again.
@@ -41,8 +42,8 @@ private:
     void ReadKnown(std::size_t row, std::vector<Value>& values) const;
     std::vector<Value> Key(std::size_t row) const;
     HRESULT ReadAgain(Changed& changed);
-    HRESULT CheckIdentified() const;
-    HRESULT CheckColumns(const std::vector<ColumnValue>& values) const;
+    HRESULT CheckIdentified(std::string& reason) const;
+    HRESULT CheckColumns(const std::vector<ColumnValue>& values, std::string& reason) const;
     void NoteChanged(std::size_t row, std::vector<Value> key,
                      const std::vector<ColumnValue>& values);
 

@@ -1,0 +1,20 @@
+#pragma once
+
+struct ITransactionLocal;
+
+/// What is stored while it lives goes into the project database together, or not at all without
+/// Commit. Rows that the database refuses by themselves do not keep the others from it. Where a
+/// transaction runs already, or none is offered, it does nothing.
+class CStoreTransaction {
+public:
+    CStoreTransaction();
+    ~CStoreTransaction();
+    CStoreTransaction(const CStoreTransaction&) = delete;
+    CStoreTransaction& operator=(const CStoreTransaction&) = delete;
+
+    /// False when nothing of it could be written.
+    bool Commit();
+
+private:
+    ITransactionLocal* running_ = nullptr;  ///< the one started here
+};
