@@ -100,8 +100,10 @@ void StoreSample(Database& database, const std::string& borehole, const std::str
                  key);
     database.Run("SELECT GCSY,ZKBH,QYBH,XH,KLLJ,KLSYZL FROM Z_c_KeFenCSXM WHERE GCSY > -1 and " +
                  key + " ORDER BY XH");
+    database.Run("BEGIN IMMEDIATE");
     database.ReadAndWriteBack(key);  // diameters and coefficients
     database.ReadAndWriteBack(key);  // class percentages
+    database.Run("COMMIT");
 }
 
 std::vector<std::string> ReadSheets(const std::filesystem::path& folder) {

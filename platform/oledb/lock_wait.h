@@ -15,7 +15,7 @@ LockWaitListener SetLockWaitListener(LockWaitListener listener);
 /// begins. For programs: this one has ended.
 void ForgetGivenUpWait();
 
-/// For providers: whether to wait on, and that a lock was had.
+/// For providers: whether to wait on, and that something was written.
 bool GoesOnWaiting(std::chrono::milliseconds waited);
 void NoteLockHad();
 

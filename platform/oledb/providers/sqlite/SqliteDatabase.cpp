@@ -172,7 +172,6 @@ HRESULT SqliteDatabase::RunKept(const std::string& sql, const std::vector<Value>
     const int code = StepThrough(kept->second, parameters, [] {});
     const HRESULT result = code == SQLITE_DONE ? S_OK : Reason(code, reason);
     kept->second.Reset();
-    if (SUCCEEDED(result)) NoteLockHad();
     return result;
 }
 
@@ -185,6 +184,7 @@ HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Valu
         const bool lost = inTransaction_ && SQLITE_CALL(sqlite3_get_autocommit, Handle()) != 0;
         return lost ? E_FAIL : result;
     }
+    if (!inTransaction_) NoteLockHad();
     if (SQLITE_CALL(sqlite3_changes, Handle()) == 0) {
         reason = "the row does not exist any more";
         return DB_E_DELETEDROW;
@@ -204,8 +204,10 @@ HRESULT SqliteDatabase::Begin(std::string& reason) {
 HRESULT SqliteDatabase::Commit(std::string& reason) {
     HRESULT result = CheckFiles(reason);
     if (SUCCEEDED(result)) result = RunKept("COMMIT", {}, reason);
-    if (SUCCEEDED(result)) inTransaction_ = false;
-    return result;
+    if (FAILED(result)) return result;
+    inTransaction_ = false;
+    NoteLockHad();
+    return S_OK;
 }
 
 void SqliteDatabase::Rollback() {
