@@ -18,9 +18,13 @@ CStoreTransaction::CStoreTransaction() {
 }
 
 CStoreTransaction::~CStoreTransaction() {
+    Abort();
+}
+
+void CStoreTransaction::Abort() {
     if (running_ != nullptr) {
         running_->Abort(nullptr, FALSE, FALSE);
-        running_->Release();
+        std::exchange(running_, nullptr)->Release();
     }
 }
 

@@ -14,6 +14,8 @@ public:
 
     /// False when nothing of it could be written.
     bool Commit();
+    /// Ends it without writing, so that nobody waits for it while a message is read.
+    void Abort();
 
 private:
     ITransactionLocal* running_ = nullptr;  ///< the one started here

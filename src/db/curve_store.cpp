@@ -43,6 +43,7 @@ int StoreSampleValues(const CurveValues& curve) {
     CKeFenTable table;
     const std::string filter = SampleFilter(curve.projectIndex, curve.borehole, curve.sample);
     if (!table.Open(table.BuildQuery(filter))) {
+        transaction.Abort();
         ReportTableOpenError(kGrainSizeTableError);
         return 0;
     }
