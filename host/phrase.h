@@ -13,7 +13,7 @@ enum class Language { kEnglish, kChinese };
 /// every locale, as scripts may read what it says.
 void SetLanguage(Language language);
 
-/// One text of kPhrases, named by its English. A text that stands not there does not compile.
+/// One text of kPhrases, named by its English. A text that is not there does not compile.
 class Phrase {
 public:
     // NOLINTNEXTLINE(google-explicit-constructor): a phrase is written as its literal.

@@ -32,12 +32,8 @@ WorkProgress::~WorkProgress() {
 }
 
 bool WorkProgress::Step() {
-    if (!ended_) {
-        ++steps_;
-        Refresh(InterfaceText("At work: %1 done.", "正在处理：已完成 %1。").arg(steps_),
+    return Step(InterfaceText("At work: %1 done.", "正在处理：已完成 %1。").arg(steps_ + 1),
                 kUnknownTotal);
-    }
-    return ended_;
 }
 
 bool WorkProgress::Step(const QString& label, int total) {
