@@ -36,6 +36,11 @@ void MessageStream::Report(std::string_view finding) {
     PrintLine("grdx: " + std::string(finding));
 }
 
+void MessageStream::PrintResult(std::string_view text) {
+    EndLine();
+    results_.Print(text);
+}
+
 void MessageStream::ShowProgress(const std::string& progress) {
     if (!terminal_ || progress == progress_) {
         return;

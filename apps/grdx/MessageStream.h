@@ -3,10 +3,13 @@
 #include <string>
 #include <string_view>
 
+#include "host/ResultStream.h"
+
 namespace console {
 
-/// Standard error as the console program writes to it: texts of the plug-in as they stand, lines of
-/// the program itself, and the progress of long work, which only a terminal shows. All UTF-8.
+/// What the console program says: on standard error texts of the plug-in as they stand, lines of
+/// the program itself, and the progress of long work, which only a terminal shows; on standard
+/// output the results. All UTF-8.
 class MessageStream {
 public:
     MessageStream();
@@ -20,6 +23,11 @@ public:
     void PrintLine(std::string_view text);
     /// A finding of the program's own, named as such.
     void Report(std::string_view finding);
+    /// A result, which ends with a line break.
+    void PrintResult(std::string_view text);
+    /// Whether a result has not been written, and what to say of it (host::ResultStream).
+    bool ResultsFailed() const { return results_.Failed(); }
+    std::string ResultFault() const { return results_.Fault(); }
     /// Ends the line begun last, so that what standard output says next begins one on a terminal.
     void EndLine();
     /// Replaces the progress shown last; an empty text takes it away.
@@ -28,6 +36,7 @@ public:
 private:
     void Write(std::string_view text);
 
+    host::ResultStream results_;
     bool terminal_;
     bool atLineStart_ = true;
     std::string progress_;  ///< shown last

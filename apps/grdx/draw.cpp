@@ -1,7 +1,6 @@
 #include "apps/grdx/draw.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/Failure.h"
@@ -73,9 +72,7 @@ private:
             perSheet_ = ChartsPerSheet();
         }
         ++saved_;
-        session_.Messages().EndLine();
-        std::puts(path.c_str());
-        std::fflush(stdout);
+        session_.Messages().PrintResult(path + "\n");
         session_.Messages().ShowProgress(std::to_string(saved_) + " of " + SheetCount(Expected()));
     }
 

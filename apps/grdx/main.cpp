@@ -1,13 +1,12 @@
-#include <cstdio>
 #include <exception>
-#include <iostream>
-#include <iterator>
+#include <sstream>
 #include <string_view>
 
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
 #include "apps/grdx/Failure.h"
+#include "apps/grdx/InputStream.h"
 #include "apps/grdx/LockPatience.h"
 #include "apps/grdx/MessageStream.h"
 #include "apps/grdx/data_import.h"
@@ -20,10 +19,9 @@
 #include "apps/grdx/script.h"
 #include "apps/grdx/suite_access.h"
 #include "apps/grdx/suite_listing.h"
-#include "apps/grdx/text_encoding.h"
 #include "host/version.h"
 #include "platform/suite/suite_folder.h"
-#include "platform/win32/file_replace.h"
+#include "platform/win32/file_fault.h"
 
 namespace {
 
@@ -66,26 +64,14 @@ void TrustSuite(const Options& options, MessageStream& messages) {
     }
 }
 
+/// For calls that read profiles by themselves: one that cannot be read is not taken for an empty
+/// one.
 void OpenSuite(const Options& options) {
+    win32::SetFileFaultListener([](const std::string& text) { throw Failure(text); });
     std::string error;
     if (!suite::OpenFolder(options.suite, error)) {
         throw Failure(error);
     }
-}
-
-std::string ReadText(const std::string& path) {
-    std::string bytes;
-    std::string error;
-    std::string utf8;
-    if (path == "-") {
-        bytes.assign(std::istreambuf_iterator<char>(std::cin), {});
-    } else if (!win32::ReadFileWhole(path, bytes, error)) {
-        throw Failure(error);
-    }
-    if (!console::DecodeText(bytes, utf8, error)) {
-        throw Failure(path + ": " + error);
-    }
-    return utf8;
 }
 
 void ThrowIfAny(const std::vector<console::LineError>& errors, const std::string& path) {
@@ -106,7 +92,7 @@ std::string Count(std::size_t count, const std::string& unit) {
 bool ImportSamples(const Options& options, MessageStream& messages) {
     OpenSuite(options);
     std::vector<console::LineError> errors;
-    const auto samples = console::ReadSampleFile(ReadText(options.file), errors);
+    const auto samples = console::ReadSampleFile(console::ReadInputText(options.file), errors);
     ThrowIfAny(errors, options.file);
     SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
     console::StoreSamples(database, console::CurrentProject().index, samples);
@@ -114,37 +100,33 @@ bool ImportSamples(const Options& options, MessageStream& messages) {
     for (const auto& sample : samples) {
         items += sample.items.size();
     }
-    messages.EndLine();
-    std::cout << Count(samples.size(), "sample") << ", " << Count(items, "sieve item") << '\n';
+    messages.PrintResult(Count(samples.size(), "sample") + ", " + Count(items, "sieve item") +
+                         "\n");
     return true;
 }
 
 bool ImportLayers(const Options& options, MessageStream& messages) {
     OpenSuite(options);
     std::vector<console::LineError> errors;
-    const auto layers = console::ReadLayerFile(ReadText(options.file), errors);
+    const auto layers = console::ReadLayerFile(console::ReadInputText(options.file), errors);
     ThrowIfAny(errors, options.file);
     SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
     console::StoreLayers(database, console::CurrentProject().index, layers);
-    messages.EndLine();
-    std::cout << Count(layers.size(), "layer") << '\n';
+    messages.PrintResult(Count(layers.size(), "layer") + "\n");
     return true;
 }
 
-bool NewSuite(const Options& options, MessageStream& /*messages*/) {
+bool NewSuite(const Options& options, MessageStream& messages) {
     console::MakeSuiteFolder(options.folder, options.project);
-    std::cout << options.folder << '\n';
+    messages.PrintResult(options.folder + "\n");
     return true;
 }
 
-bool List(const Options& options, MessageStream& /*messages*/) {
+bool List(const Options& options, MessageStream& messages) {
     OpenSuite(options);
     const console::SuiteListing listing = console::ReadSuite();
-    if (options.json) {
-        std::cout << console::SuiteAsJson(listing).dump() << '\n';
-    } else {
-        std::cout << console::DescribeSuite(listing);
-    }
+    messages.PrintResult(options.json ? console::SuiteAsJson(listing).dump() + "\n"
+                                      : console::DescribeSuite(listing));
     return true;
 }
 
@@ -163,8 +145,8 @@ bool Info(const Options& options, MessageStream& messages) {
     for (const std::string& file : options.files) {
         try {
             const console::DrawingInfo info = console::ReadDrawingInfo(file, options.layers);
-            std::cout << (options.json ? console::DrawingAsJson(info).dump() + "\n"
-                                       : console::DescribeDrawing(info));
+            messages.PrintResult(options.json ? console::DrawingAsJson(info).dump() + "\n"
+                                              : console::DescribeDrawing(info));
             for (const std::string& line : info.damage) {
                 messages.Report(line);
                 good = false;
@@ -178,7 +160,7 @@ bool Info(const Options& options, MessageStream& messages) {
 }
 
 bool Script(const Options& options, MessageStream& messages) {
-    return console::RunScript(options.suite, ReadText(options.file), messages);
+    return console::RunScript(options.suite, console::ReadInputText(options.file), messages);
 }
 
 using Call = bool (*)(const Options& options, MessageStream& messages);
@@ -203,6 +185,15 @@ public:
 
     int Run(int argc, char** argv) {
         MessageStream messages;
+        const int status = Parse(argc, argv, messages);
+        if (!messages.ResultFault().empty()) {
+            messages.Report(messages.ResultFault());
+        }
+        return messages.ResultsFailed() ? kRefused : status;
+    }
+
+private:
+    int Parse(int argc, char** argv, MessageStream& messages) {
         try {
             if (argc > 1 && std::string_view(argv[1]) == kPlot) {
                 console::HandOverToPlotting(argv + 1);
@@ -214,14 +205,16 @@ public:
             const console::LockPatience patience(messages, options_.waitSeconds);
             return chosen_(options_, messages) ? kDone : kRefused;
         } catch (const CLI::ParseError& error) {
-            return app_.exit(error) == 0 ? kDone : kWrongUsage;
+            std::ostringstream help;
+            const int status = app_.exit(error, help) == 0 ? kDone : kWrongUsage;
+            messages.PrintResult(help.str());
+            return status;
         } catch (const std::exception& failure) {
             messages.Report(failure.what());
             return kRefused;
         }
     }
 
-private:
     CLI::App* AddCall(CLI::App& parent, const char* name, const char* what, Call call) {
         CLI::App* const added = parent.add_subcommand(name, what);
         added->callback([this, call] { chosen_ = call; });

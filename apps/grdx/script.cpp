@@ -1,7 +1,5 @@
 #include "apps/grdx/script.h"
 
-#include <cstdio>
-
 #include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/ScriptLines.h"
 #include "platform/oledb/lock_wait.h"
@@ -29,11 +27,8 @@ bool ReportAnswers(ConsoleSession& session) {
 bool RunScript(const std::string& suiteFolder, const std::string& utf8, MessageStream& messages) {
     ConsoleSession session(messages);
     session.Start(suiteFolder);
-    session.SetSaveListener([&messages](const std::string& path) {
-        messages.EndLine();
-        std::puts(path.c_str());
-        std::fflush(stdout);
-    });
+    session.SetSaveListener(
+        [&messages](const std::string& path) { messages.PrintResult(path + "\n"); });
 
     bool good = true;
     ScriptLines lines(

@@ -1,11 +1,14 @@
 #include <QGuiApplication>
+#include <charconv>
 #include <iostream>
 #include <map>
+#include <sstream>
 
 #include <CLI/CLI.hpp>
 
 #include "apps/plot/plot.h"
 #include "host/Host.h"
+#include "host/ResultStream.h"
 #include "host/version.h"
 #include "platform/ed/command_line.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
@@ -64,15 +67,26 @@ bool Trust(const std::string& folder, std::string& error) {
            (places.empty() || suite::AgreeToFolder(folder, places, error));
 }
 
-bool Run(const plot::Request& request, const std::string& suite, bool trust) {
+bool Run(const plot::Request& request, const std::string& suite, bool trust,
+         host::ResultStream& results) {
     Session session;
     std::string error;
     if ((trust && !Trust(suite, error)) || !session.start(suite, error)) {
         Complain(error);
         return false;
     }
-    return Plot(request, {[](const std::string& path) { std::cout << path << std::endl; }, Complain,
-                          Complain});
+    return Plot(request,
+                {[&](const std::string& path) { results.Print(path + "\n"); }, Complain, Complain});
+}
+
+/// What stands against a resolution; empty for a good one.
+std::string CheckResolution(const std::string& text) {
+    double dots = 0.0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, dots);
+    // Written so that what is no number is none of them either.
+    const bool good = fault == std::errc() && stop == end && dots >= 10.0 && dots <= 2400.0;
+    return good ? "" : text + " is no number of dots an inch from 10 to 2400";
 }
 
 /// What the command line asked for.
@@ -93,7 +107,7 @@ public:
         app_.add_option("-o,--output", request_.output,
                         "the file to write, drawings as pages of one PDF; else one beside each");
         app_.add_option("--dpi", request_.options.dpi, "dots an inch of PNG pictures")
-            ->check(CLI::Range(10.0, 2400.0))
+            ->check(CheckResolution)
             ->capture_default_str();
         app_.add_flag("--monochrome", request_.options.monochrome, "everything black");
         app_.add_option("-s,--suite", suite_, "suite folder, for its fonts")->envname("GRDX_SUITE");
@@ -101,6 +115,16 @@ public:
     }
 
     int run(int argc, char** argv) {
+        host::ResultStream results;
+        const int status = run(argc, argv, results);
+        if (!results.Fault().empty()) {
+            Complain(results.Fault());
+        }
+        return results.Failed() ? kRefused : status;
+    }
+
+private:
+    int run(int argc, char** argv, host::ResultStream& results) {
         try {
             app_.parse(argc, argv);
             if (request_.format != plot::Format::kPdf && request_.drawings.size() > 1 &&
@@ -109,17 +133,19 @@ public:
                                            "names one page, so it goes with one drawing");
             }
         } catch (const CLI::ParseError& error) {
-            return app_.exit(error) == 0 ? kDone : kWrongUsage;
+            std::ostringstream help;
+            const int status = app_.exit(error, help) == 0 ? kDone : kWrongUsage;
+            results.Print(help.str());
+            return status;
         }
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(PassOnFaults);
         // Its own options are not asked for: a drawing called like one must not name it a plug-in.
         int nameOnly = 1;
         const QGuiApplication application(nameOnly, argv);
-        return Run(request_, suite_, trust_) ? kDone : kRefused;
+        return Run(request_, suite_, trust_, results) ? kDone : kRefused;
     }
 
-private:
     CLI::App app_{"Drawings as pages and pictures"};
     plot::Request request_;
     std::string suite_;

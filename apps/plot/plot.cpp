@@ -81,6 +81,7 @@ private:
     void noteFontFaults(const Report& report) {
         for (const std::string& fault : fonts_.takeFaults()) {
             report.noted(fault);
+            lacking_ = true;
         }
     }
 

@@ -196,10 +196,21 @@ bool ReadFileWhole(const std::string& fileSystemPath, std::string& content, std:
         }
         return false;
     };
-    const OpenFile file(open(fileSystemPath.c_str(), O_RDONLY | O_CLOEXEC));
+    // A pipe without a writer would keep the call waiting.
+    const OpenFile file(open(fileSystemPath.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat status {};
     if (file.Get() < 0 || fstat(file.Get(), &status) != 0) {
         return fail(errno);
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return fail(EISDIR);
+    }
+    if (!S_ISREG(status.st_mode)) {
+        error = fileSystemPath + ": it is a pipe or a device, not a file";
+        if (missing != nullptr) {
+            *missing = false;
+        }
+        return false;
     }
     // One byte more than the file has, so that its end is seen without more room.
     std::string read(static_cast<std::size_t>(status.st_size) + 1, '\0');

@@ -25,7 +25,8 @@ enum class Durability { kWithSystem, kOnDisk };
 bool ReplaceFileWhole(const std::string& fileSystemPath, std::string_view content,
                       std::string& error, Durability durability = Durability::kWithSystem);
 
-/// Reads the whole file; false with path and reason in `error`. For a missing file the reason is
+/// Reads the whole file. Anything but an ordinary file is refused at once: a pipe or a device might
+/// have no end. False with path and reason in `error`. For a missing file the reason is
 /// set as well, and `missing`, if not null, tells it from other failures.
 bool ReadFileWhole(const std::string& fileSystemPath, std::string& content, std::string& error,
                    bool* missing = nullptr);

@@ -23,8 +23,14 @@ bool ReadValue(LPCSTR section, LPCSTR key, LPCSTR fileName, std::string& value) 
     }
     std::string content;
     std::string error;
-    return win32::ReadFileWhole(win32::FileSystemPath(fileName), content, error) &&
-           win32::ProfileText(content).Find(section, key, value);
+    bool missing = false;
+    if (!win32::ReadFileWhole(win32::FileSystemPath(fileName), content, error, &missing)) {
+        if (!missing) {
+            win32::NoteFileFault(error);
+        }
+        return false;
+    }
+    return win32::ProfileText(content).Find(section, key, value);
 }
 
 /// The base that a prefix names, which is taken off.

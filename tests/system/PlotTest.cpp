@@ -126,7 +126,9 @@ TEST_F(PlotTest, WhatCannotBePlottedIsNamedAndNoPartialFileLeft) {
 
     EXPECT_EQ(Plot({sheet, "--to", "pdf", "-o", path("missing/a.pdf")}).status, 1);
     EXPECT_EQ(Plot({sheet, sheet, "--to", "png", "-o", path("a.png")}).status, 2);
-    EXPECT_EQ(Plot({sheet, "--to", "png", "--dpi", "0"}).status, 2);
+    for (const char* dots : {"0", "-100", "nan", "inf", "1e9", "150,5", "0x60"}) {
+        EXPECT_EQ(Plot({sheet, "--to", "png", "--dpi=" + std::string(dots)}).status, 2) << dots;
+    }
     EXPECT_EQ(Plot({"--to", "pdf"}).status, 2);
 
     // Over a drawing that is plotted, by whatever name.
@@ -144,7 +146,7 @@ TEST_F(PlotTest, WhatCannotBePlottedIsNamedAndNoPartialFileLeft) {
     std::ofstream(suite.Folder() / "Support" / "hztxt.shx") << "AC1.0 shapes";
     const ProgramResult damaged =
         Plot({sheet, "--to", "pdf", "-s", suite.Folder(), "-o", path("a.pdf")});
-    EXPECT_EQ(damaged.status, 0);
+    EXPECT_EQ(damaged.status, 1);
     EXPECT_THAT(damaged.errors, HasSubstr("hztxt.shx: byte 0: "));
     EXPECT_THAT(Read({"pdftotext", path("a.pdf"), "-"}), HasSubstr("颗粒级配曲线"));
 }
