@@ -1,29 +1,54 @@
 #include "apps/grdx/ConsoleSession.h"
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 #include <utility>
 
 #include "apps/grdx/Failure.h"
 #include "lab/data_management.h"
+#include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/ed/command_line.h"
+#include "platform/mfc/message_box.h"
 #include "platform/oledb/last_error.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_fault.h"
-#include "platform/win32/gbk_literal.h"
 #include "platform/win32/windows_path.h"
 
 namespace console {
 
 namespace {
 constexpr const char* kPlugin = "grdx.arx";
+
+/// Words on the command line by which the plug-in says that a command refuses or has failed; it
+/// tells so in no other way, and goes on.
+constexpr const char* kFailures[] = {
+    "存储失败!",        "入库失败!",     "没有选中颗分试样曲线!", "什么也没有选中.",
+    "取试体ID失败",     "打开试体错误",  "文档无法自动关闭,",     "打开文档【",
+    "关闭当前文档失败", "设置主层有误!",
+};
+
+bool TellsOfFailure(const std::string& utf8) {
+    return std::any_of(std::begin(kFailures), std::end(kFailures),
+                       [&](const char* words) { return utf8.find(words) != std::string::npos; });
+}
+
+/// Sheets are made in memory, what the user saves is a document's drawing.
+bool IsOfDocument(const AcDbDatabase* database) {
+    const std::unique_ptr<AcApDocumentIterator> documents(acDocManager->newAcApDocumentIterator());
+    while (!documents->done() && documents->document()->database() != database) {
+        documents->step();
+    }
+    return !documents->done();
+}
 }  // namespace
 
-ConsoleSession::ConsoleSession(MessageStream& messages) : messages_(messages) {
+ConsoleSession::ConsoleSession(MessageStream& messages) : messages_(messages), charts_(messages) {
     mfc::SetWindowSystem(&windows_);
-    windows_.SetBoxSink([this](const mfc::MessageBoxRequest& box) {
-        messages_.PrintLine(win32::Utf8FromGbk(box.text));
-    });
+    windows_.SetBoxSink([this](const mfc::MessageBoxRequest& box) { OnBox(box); });
+    windows_.SetEndListener(
+        [this](mfc::FrameModel& window, bool givenUp) { OnDialogEnd(window, givenUp); });
     ed::SetCommandLineSink([this](const std::string& text) { OnCommandLine(text); });
     oledb::SetErrorListener([this](const std::string& text) { NoteFault(text); });
     win32::SetFileFaultListener([this](const std::string& text) { NoteFault(text); });
@@ -54,8 +79,7 @@ void ConsoleSession::Start(const std::string& suiteFolder) {
 void ConsoleSession::OnCommandLine(const std::string& text) {
     const std::string utf8 = win32::Utf8FromGbk(text);
     messages_.Print(utf8);
-    // The plug-in tells of a store that failed in no other way, and goes on.
-    storeFailed_ = storeFailed_ || text.find("入库失败"_gbk) != std::string::npos;
+    refused_ = refused_ || TellsOfFailure(utf8);
     std::erase_if(unsaidFaults_,
                   [&](const std::string& fault) { return utf8.find(fault) != std::string::npos; });
 }
@@ -74,11 +98,34 @@ bool ConsoleSession::ReportFaults() {
     return std::exchange(faulty_, false);
 }
 
-bool ConsoleSession::TakeStoreFailure() {
-    return std::exchange(storeFailed_, false);
+bool ConsoleSession::JudgeCommand() {
+    const bool faulty = ReportFaults();
+    const bool complete = charts_.Judge();
+    return !std::exchange(refused_, false) && !faulty && complete;
 }
 
-void ConsoleSession::saveComplete(AcDbDatabase* /*database*/, const char* path) {
+void ConsoleSession::OnBox(const mfc::MessageBoxRequest& box) {
+    messages_.PrintLine(win32::Utf8FromGbk(box.text));
+    // One that asks nothing tells what stands against it; an open dialog can still be mended.
+    const bool asks = mfc::HasButton(box.type, IDYES) || mfc::HasButton(box.type, IDCANCEL);
+    if (!asks) {
+        (windows_.IsDialogOpen() ? objected_ : refused_) = true;
+    }
+}
+
+/// Who cancels a dialog after its objection has his will, who only leaves it has been refused.
+void ConsoleSession::OnDialogEnd(mfc::FrameModel& window, bool givenUp) {
+    refused_ = refused_ || (givenUp && objected_);
+    objected_ = false;
+    if (window.Result() == IDOK) {
+        charts_.NoteConfirmed(window);
+    }
+}
+
+void ConsoleSession::saveComplete(AcDbDatabase* database, const char* path) {
+    if (!IsOfDocument(database)) {
+        charts_.NoteSaved();
+    }
     if (saveListener_) {
         saveListener_(win32::FileSystemPath(path));
     }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/grdx/ChartTally.h"
 #include "apps/grdx/MessageStream.h"
 #include "host/Host.h"
 #include "platform/db/AcRxEventReactor.h"
@@ -33,15 +34,20 @@ public:
         saveListener_ = std::move(listener);
     }
 
-    /// Says on standard error which files could not be read or written and what the database
-    /// refused, as far as nobody has said it. True when there was anything since the last call.
-    bool ReportFaults();
-    /// True when the plug-in has said that results could not be stored since the last call.
-    bool TakeStoreFailure();
+    /// The charts of the command that runs.
+    const ChartTally& Charts() const { return charts_; }
+
+    /// Once a command has ended: says on standard error which files could not be read or written,
+    /// what the database refused and which charts are missing, as far as nobody has said it. False
+    /// when there was any of these, or the command has said that it refuses or has failed.
+    bool JudgeCommand();
 
 private:
     void NoteFault(const std::string& text);
+    bool ReportFaults();
     void OnCommandLine(const std::string& text);
+    void OnBox(const mfc::MessageBoxRequest& box);
+    void OnDialogEnd(mfc::FrameModel& window, bool givenUp);
     void saveComplete(AcDbDatabase* database, const char* path) override;
     void abortSave(AcDbDatabase* database) override;
     void abortRead(AcDbDatabase* database) override;
@@ -53,7 +59,9 @@ private:
     std::function<void(const std::string&)> saveListener_;
     bool faulty_ = false;
     std::vector<std::string> unsaidFaults_;  ///< UTF-8, in order
-    bool storeFailed_ = false;
+    ChartTally charts_;
+    bool objected_ = false;  ///< a dialog has, and is still open
+    bool refused_ = false;   ///< the command has said so
 };
 
 }  // namespace console

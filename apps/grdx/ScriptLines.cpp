@@ -1,5 +1,7 @@
 #include "apps/grdx/ScriptLines.h"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "platform/win32/code_page.h"
@@ -25,53 +27,64 @@ bool SaysNothing(std::string_view line) {
 }
 }  // namespace
 
-ScriptLines::ScriptLines(const std::string& utf8, AnswerSink answers, FaultSink faults)
-    : answers_(std::move(answers)), faults_(std::move(faults)) {
-    for (std::size_t start = 0; start < utf8.size();) {
-        const std::size_t end = std::min(utf8.find('\n', start), utf8.size());
-        lines_.push_back(utf8.substr(start, end - start));
-        start = end + 1;
-    }
+ScriptLines::ScriptLines(LineSource lines, FaultSink faults)
+    : lines_(std::move(lines)), faults_(std::move(faults)) {}
+
+ScriptLines::LineSource ScriptLines::OfText(std::string utf8) {
+    auto rest = std::make_shared<std::pair<std::string, std::size_t>>(std::move(utf8), 0);
+    return [rest]() -> std::optional<std::string> {
+        auto& [text, start] = *rest;
+        if (start >= text.size()) {
+            return std::nullopt;
+        }
+        const std::size_t end = std::min(text.find('\n', start), text.size());
+        const std::size_t from = std::exchange(start, end + 1);
+        return text.substr(from, end - from);
+    };
 }
 
-std::optional<std::string> ScriptLines::Next() {
-    while (!AtEnd()) {
-        const std::string& line = lines_[position_++];
-        std::string gbk;
-        if (SaysNothing(line)) {
-            continue;
+/// False at the end.
+bool ScriptLines::Look() {
+    while (!line_ && !ended_) {
+        line_ = lines_();
+        ended_ = !line_;
+        number_ += ended_ ? 0 : 1;
+        if (line_ && SaysNothing(*line_)) {
+            line_.reset();
         }
-        if (IsAnswer(line)) {
-            Fault("an answer without a command above it");
-        } else if (!win32::TryGbkFromUtf8(line, gbk)) {
-            Fault("a character that GBK does not have");
-        } else {
-            HandOutAnswers();
-            return gbk;
+    }
+    return !ended_;
+}
+
+std::optional<mfc::Answer> ScriptLines::NextAnswer() {
+    while (Look() && IsAnswer(*line_)) {
+        mfc::Answer answer{};
+        std::string error;
+        const bool good = mfc::ParseAnswer(Trimmed(*line_), answer, error);
+        line_.reset();
+        if (good) {
+            return answer;
         }
+        Fault(error);
     }
     return std::nullopt;
 }
 
-void ScriptLines::HandOutAnswers() {
-    while (!AtEnd() && (IsAnswer(lines_[position_]) || SaysNothing(lines_[position_]))) {
-        const std::string_view line = Trimmed(lines_[position_++]);
-        mfc::Answer answer{};
-        std::string error;
-        if (SaysNothing(line)) {
-            continue;
+std::optional<std::string> ScriptLines::NextInput() {
+    while (Look() && !IsAnswer(*line_)) {
+        std::string gbk;
+        const bool good = win32::TryGbkFromUtf8(*line_, gbk);
+        line_.reset();
+        if (good) {
+            return gbk;
         }
-        if (mfc::ParseAnswer(line, answer, error)) {
-            answers_(std::move(answer));
-        } else {
-            Fault(error);
-        }
+        Fault("a character that GBK does not have");
     }
+    return std::nullopt;
 }
 
-/// Of the line taken last.
 void ScriptLines::Fault(const std::string& reason) {
-    faults_("line " + std::to_string(position_) + ": " + reason);
+    faults_("line " + std::to_string(number_) + ": " + reason);
 }
 
 }  // namespace console

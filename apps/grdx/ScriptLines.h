@@ -3,34 +3,45 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "platform/mfc/dialog_answer.h"
 
 namespace console {
 
-/// A script's lines, told apart into command input and the answers under it.
+/// A script's lines, told apart into command input and the answers under it. A line is taken from
+/// the script when it is wanted and not before, so that a person or a program may write them one
+/// by one.
 class ScriptLines {
 public:
-    using AnswerSink = std::function<void(mfc::Answer)>;
+    /// Gives the next line (UTF-8) without its end; nothing at the script's end.
+    using LineSource = std::function<std::optional<std::string>()>;
     /// Gets what is wrong with a line, with its number (UTF-8).
     using FaultSink = std::function<void(const std::string&)>;
 
-    ScriptLines(const std::string& utf8, AnswerSink answers, FaultSink faults);
+    ScriptLines(LineSource lines, FaultSink faults);
+    /// The lines of a text.
+    static LineSource OfText(std::string utf8);
 
-    /// The next line of input (GBK); nothing at the end. The answers that stand under it, up to the
-    /// next line of input, are handed out at the same time; empty lines and comments do not count.
-    std::optional<std::string> Next();
+    /// The next line if it is an answer; nothing when it is input, which then stays, or at the end.
+    /// Empty lines, comments and answers that cannot be read, which are faults, do not count.
+    std::optional<mfc::Answer> NextAnswer();
+    /// The next line if it is input (GBK); nothing when it is an answer, which then stays, or at
+    /// the end.
+    std::optional<std::string> NextInput();
+    /// Waits for a line that says something; true when there is none any more.
+    bool AtEnd() { return !Look(); }
+
+    /// Tells what is wrong with the line taken last.
+    void Fault(const std::string& reason);
 
 private:
-    void HandOutAnswers();
-    void Fault(const std::string& reason);
-    bool AtEnd() const { return position_ >= lines_.size(); }
+    bool Look();
 
-    std::vector<std::string> lines_;
-    AnswerSink answers_;
+    LineSource lines_;
     FaultSink faults_;
-    std::size_t position_ = 0;
+    std::optional<std::string> line_;  ///< the next that says something, once it was looked at
+    std::size_t number_ = 0;
+    bool ended_ = false;
 };
 
 }  // namespace console

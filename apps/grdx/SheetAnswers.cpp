@@ -3,8 +3,8 @@
 #include <unordered_map>
 
 #include "apps/grdx/Failure.h"
+#include "apps/grdx/sheet_lists.h"
 #include "platform/mfc/ListBoxModel.h"
-#include "platform/mfc/SheetModel.h"
 #include "platform/win32/code_page.h"
 
 namespace console {
@@ -13,8 +13,6 @@ namespace {
 // Templates and controls of the sheet, as scripts name them too.
 constexpr int kAnnotationPage = 601;
 constexpr int kOptionPage = 2008;
-constexpr int kBoreholeList = 2008;
-constexpr int kItemList = 2001;
 constexpr int kOuterFrame = 2035;
 constexpr int kRightAxis = 2036;
 constexpr int kRecompute = 2037;
@@ -33,21 +31,6 @@ constexpr Annotation kAnnotations[] = {
     {&PageChoices::checker, &PageChoices::showChecker, 2010, 2028, "--checker"},
     {&PageChoices::date, &PageChoices::showDate, 2030, 2029, "--date"},
 };
-
-std::string WithoutMark(const std::string& item) {
-    return item.starts_with('*') ? item.substr(1) : item;
-}
-
-/// The list on one of the sheet's pages; null when there is none.
-mfc::ListBoxModel* FindList(mfc::FrameModel& window, int id) {
-    for (const mfc::SheetModel::Tab& tab : static_cast<mfc::SheetModel&>(window).Tabs()) {
-        mfc::WindowModel* control = tab.page != nullptr ? tab.page->Find(id) : nullptr;
-        if (control != nullptr && control->Kind() == mfc::WindowKind::ListBox) {
-            return static_cast<mfc::ListBoxModel*>(control);
-        }
-    }
-    return nullptr;
-}
 
 /// Index of every item of the list by its text without mark.
 std::unordered_map<std::string, int> Offered(const mfc::ListBoxModel* list) {
@@ -100,15 +83,14 @@ std::vector<mfc::Answer> SheetAnswers::operator()(mfc::FrameModel& window) {
             step_ = Step::Done;
             return PickItems(window);
         case Step::Done:
-            picked_.clear();  // the sheet has not taken it and is cancelled
-            break;
+            break;  // the sheet has not taken it and is cancelled
     }
     return {};
 }
 
 std::vector<mfc::Answer> SheetAnswers::PickBorehole(mfc::FrameModel& sheet) {
     const std::string borehole = ListName(request_.borehole);
-    if (!Offered(FindList(sheet, kBoreholeList)).contains(borehole)) {
+    if (!Offered(FindSheetList(sheet, kBoreholeList)).contains(borehole)) {
         windows_.Fail("borehole \"" + request_.borehole + "\" is not offered");
         return {};
     }
@@ -117,7 +99,7 @@ std::vector<mfc::Answer> SheetAnswers::PickBorehole(mfc::FrameModel& sheet) {
 }
 
 std::vector<mfc::Answer> SheetAnswers::PickItems(mfc::FrameModel& sheet) {
-    mfc::ListBoxModel* const list = FindList(sheet, kItemList);
+    mfc::ListBoxModel* const list = FindSheetList(sheet, kItemList);
     const std::unordered_map<std::string, int> offered = Offered(list);
     std::set<int> wanted;
     for (const std::string& item : request_.items) {
@@ -139,8 +121,8 @@ std::vector<mfc::Answer> SheetAnswers::PickItems(mfc::FrameModel& sheet) {
 void SheetAnswers::Click(mfc::ListBoxModel* list, const std::set<int>& wanted) {
     const int count = list != nullptr ? static_cast<int>(list->Items().size()) : 0;
     for (int index = 0; index < count; ++index) {
-        if ((request_.all || wanted.contains(index)) && list->Click(index)) {
-            picked_.push_back(WithoutMark(list->Items()[static_cast<std::size_t>(index)].text));
+        if (request_.all || wanted.contains(index)) {
+            list->Click(index);
         }
     }
 }

@@ -21,10 +21,6 @@ public:
     /// An answer source for the window system.
     std::vector<mfc::Answer> operator()(mfc::FrameModel& window);
 
-    /// What was picked, in the order of the page's list (GBK, without marks); empty before, and
-    /// when the sheet refused to close with it.
-    const std::vector<std::string>& Picked() const { return picked_; }
-
 private:
     enum class Step { Borehole, Items, Done };
 
@@ -38,7 +34,6 @@ private:
     const DrawRequest& request_;
     mfc::ScriptedWindowSystem& windows_;
     Step step_;
-    std::vector<std::string> picked_;
 };
 
 }  // namespace console

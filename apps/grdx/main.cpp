@@ -160,7 +160,7 @@ bool Info(const Options& options, MessageStream& messages) {
 }
 
 bool Script(const Options& options, MessageStream& messages) {
-    return console::RunScript(options.suite, console::ReadInputText(options.file), messages);
+    return console::RunScript(options.suite, options.file, messages);
 }
 
 using Call = bool (*)(const Options& options, MessageStream& messages);

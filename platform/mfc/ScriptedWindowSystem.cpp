@@ -27,16 +27,40 @@ void ScriptedWindowSystem::RunModal(FrameModel& window) {
     shown_.push_back({kind, window.Text(), ""});
     int rounds = 0;
     Answer answer{};
+    ++dialogs_;
     while (!window.Ended() && NextAnswer(window, rounds, answer)) {
         std::string reason;
         if (!ApplyAnswer(window, answer, reason)) {
             Fail(DescribeAnswer(answer) + ": " + reason);
         }
     }
-    if (!window.Ended()) {
+    const bool givenUp = !window.Ended();
+    if (givenUp) {
         Cancel(window);
     }
+    --dialogs_;
     shown_[index].answer = window.Result();
+    if (endListener_) {
+        endListener_(window, givenUp);
+    }
+}
+
+void ScriptedWindowSystem::FetchAnswer() {
+    while (feed_ && answers_.empty() && !Failed()) {
+        std::optional<Answer> answer = feed_();
+        if (!answer) {
+            break;
+        }
+        if (!PutsAwayBox(*answer)) {
+            answers_.push_back(std::move(*answer));
+        }
+    }
+}
+
+bool ScriptedWindowSystem::PutsAwayBox(const Answer& answer) {
+    const bool puts = boxesUnanswered_ > 0 && answer.kind == Answer::Kind::Box && answer.id == IDOK;
+    boxesUnanswered_ -= puts ? 1 : 0;
+    return puts;
 }
 
 bool ScriptedWindowSystem::NextAnswer(FrameModel& window, int& rounds, Answer& answer) {
@@ -48,6 +72,7 @@ bool ScriptedWindowSystem::NextAnswer(FrameModel& window, int& rounds, Answer& a
             Fail("the dialog stays open whatever is answered");
         }
     }
+    FetchAnswer();
     if (Failed() || answers_.empty()) {
         return false;
     }
@@ -66,6 +91,10 @@ int ScriptedWindowSystem::ShowMessageBox(const MessageBoxRequest& request) {
         sink_(request);
     }
     int button = DefaultButton(request.type);
+    const bool asks = HasButton(request.type, IDYES) || HasButton(request.type, IDCANCEL);
+    if (asks) {
+        FetchAnswer();
+    }
     if (!Failed() && !answers_.empty() && answers_.front().kind == Answer::Kind::Box) {
         const Answer answer = std::move(answers_.front());
         answers_.pop_front();
@@ -74,6 +103,8 @@ int ScriptedWindowSystem::ShowMessageBox(const MessageBoxRequest& request) {
         } else {
             Fail(DescribeAnswer(answer) + ": the message box has no such button");
         }
+    } else if (!asks) {
+        ++boxesUnanswered_;
     }
     shown_.push_back({ShownWindow::Kind::Box, request.caption, request.text, request.type, button});
     return button;

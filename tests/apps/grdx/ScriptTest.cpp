@@ -19,22 +19,26 @@ using testing::Not;
 TEST(ScriptLinesTest, AnswersBelongToTheLineAboveThem) {
     std::vector<std::string> events;
     ScriptLines lines(
-        "@answer yes\n"
-        "; a comment\n"
-        "CGRDX\r\n"
-        "\n"
-        "  @page 604\r\n"
-        "; another\n"
-        "@answer no\n"
-        "@nonsense\n"
-        "OPEN 钻孔\n"
-        "OPEN \xF0\x9F\x98\x80\n",
-        [&](const mfc::Answer& answer) { events.push_back(mfc::DescribeAnswer(answer)); },
+        ScriptLines::OfText("@answer yes\n"
+                            "; a comment\n"
+                            "CGRDX\r\n"
+                            "\n"
+                            "  @page 604\r\n"
+                            "; another\n"
+                            "@answer no\n"
+                            "@nonsense\n"
+                            "OPEN 钻孔\n"
+                            "OPEN \xF0\x9F\x98\x80\n"),
         [&](const std::string& fault) { events.push_back(fault.substr(0, fault.find(':'))); });
-    while (const auto line = lines.Next()) {
-        events.push_back(win32::Utf8FromGbk(*line));
+    while (!lines.AtEnd()) {
+        while (const auto answer = lines.NextAnswer()) {
+            events.push_back(mfc::DescribeAnswer(*answer));
+        }
+        if (const auto line = lines.NextInput()) {
+            events.push_back(win32::Utf8FromGbk(*line));
+        }
     }
-    EXPECT_THAT(events, ElementsAre("line 1", "@page 604", "@answer no", "line 8", "CGRDX\r",
+    EXPECT_THAT(events, ElementsAre("@answer yes", "CGRDX\r", "@page 604", "@answer no", "line 8",
                                     "OPEN 钻孔", "line 10"));
 }
 
@@ -44,6 +48,12 @@ protected:
     ProgramResult Run(const std::string& script) const {
         std::ofstream(scratch_.Path() / "script") << script;
         return RunProgram({GRDX_PROGRAM, "script", scratch_.Path() / "script", "-s", folder_});
+    }
+    /// A pick of the curve on the sheet that a run has made.
+    static std::string CurveOf(const ProgramResult& run) {
+        const ProgramResult info = RunProgram(
+            {GRDX_PROGRAM, "info", "--json", run.output.substr(0, run.output.find('\n'))});
+        return "#" + nlohmann::json::parse(info.output)["curves"][0]["handle"].get<std::string>();
     }
     nlohmann::json ResultsOfSample4() const {
         const ProgramResult list = RunProgram({GRDX_PROGRAM, "list", "--json", "-s", folder_});
@@ -131,4 +141,51 @@ TEST_F(ScriptTest, PathsCountFromTheFolderTheProgramStartedIn) {
         RunProgram({"env", "-C", scratch_.Path(), GRDX_PROGRAM, "script", "script", "-s", "suite"});
     EXPECT_EQ(run.status, 0) << run.errors;
     EXPECT_TRUE(std::filesystem::exists(scratch_.Path() / "here.dwg"));
+}
+
+TEST_F(ScriptTest, WhatIsRefusedOrFailsIsAFailureWhatIsCancelledIsNot) {
+    const std::string choice = "CGRDX\n@select 2001 1\n";
+    const ProgramResult drawn = Run(choice + "@press ok\n");
+    ASSERT_EQ(drawn.status, 0) << drawn.errors;
+    const std::string open = "OPEN " + drawn.output;
+    const std::string curve = CurveOf(drawn);
+    suite_.Ask("DELETE FROM Z_c_KeFen WHERE ZKBH='ZK1' AND QYBH='2'");
+    const struct {
+        std::string script;
+        int status;
+        const char* said;
+    } rows[] = {
+        {"SGRDX\n0,0\n", 1, "什么也没有选中."},
+        {open + "SGRDX\n" + curve + "\n", 1, "颗分数据存储失败!"},
+        {"CGRDX\n@select 2001 2\n@press ok\n", 1, "not made; not drawn: 2"},
+        {choice + "@press cancel\n", 0, ""},
+        {"CGRDX\n@press ok\n", 1, "请选择试样编号"},
+        {"CGRDX\n@press ok\n@press cancel\n", 0, "请选择试样编号"},
+        {"CGRDX\n@press ok\n@answer ok\n@select 2001 1\n@press ok\n", 0, "请选择试样编号"},
+        {"CGRDX\n@press ok\n@press cancel\n@answer ok\n@answer ok\n", 1, "not asked for"},
+        {"MOVE 0,0 1,1 2,2\n", 1, ""},
+    };
+    for (const auto& row : rows) {
+        const ProgramResult run = Run(row.script);
+        EXPECT_EQ(run.status, row.status) << row.script << run.errors;
+        EXPECT_THAT(run.errors, HasSubstr(row.said)) << row.script;
+    }
+    std::ofstream(suite_.Folder() / "project.ini") << "[Project]\nGCSY=-1\n";
+    EXPECT_EQ(Run("CGRDX\n").status, 1);
+}
+
+TEST_F(ScriptTest, LinesOfAStreamAreRunAsTheyArrive) {
+    const std::string curve = CurveOf(Run("CGRDX\n@select 2001 1\n@press ok\n"));
+    // Each line is written only when the program has told what the lines before have made.
+    const ProgramResult run =
+        RunProgram({"timeout", "30", "sh", "-c",
+                    "cd $2; mkfifo in out; $0 script - -s $1 < in > out & exec 3> in 4< out;"
+                    "printf 'CGRDX\\n@select 2001 1\\n@press ok\\n' >&3; read made <&4; echo $made;"
+                    "printf 'MOVE %s\\n0,0\\n1,1\\nCLOSE\\n@answer no\\n' $3 >&3;"
+                    "printf 'NEW\\nSAVEAS made\\n' >&3; read made <&4; echo $made;"
+                    "exec 3>&-; wait $!",
+                    GRDX_PROGRAM, folder_, scratch_.Path(), curve});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_THAT(run.errors, HasSubstr("Save the changes"));
+    EXPECT_THAT(run.output, HasSubstr("KFZK1-1.dwg\n" + scratch_.Path().string() + "/made.dwg\n"));
 }
