@@ -115,7 +115,7 @@ TEST_F(ProjectTest, AnUncheckedProjectIsMarkedWhereACommandAsksForIt) {
 
     std::ofstream(scratch_.Path() / "script") << draw << "@answer yes\n" << choose;
     const ProgramResult marked = RunProgram(script);
-    EXPECT_EQ(marked.status, 0) << marked.errors;
+    EXPECT_EQ(marked.status, 1) << "the first command was refused: " << marked.errors;
     EXPECT_THAT(marked.output, testing::EndsWith("KFZK2-2-2.dwg\n"));
     EXPECT_THAT(Row(), testing::EndsWith("|0\n"));
 }
