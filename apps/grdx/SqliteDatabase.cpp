@@ -5,6 +5,7 @@
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/numbers.h"
 #include "platform/oledb/providers/sqlite/busy_wait.h"
+#include "platform/oledb/providers/sqlite/log_checkpoint.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 #include "platform/win32/file_place.h"
 
@@ -19,6 +20,7 @@ int FlagsOf(SqliteDatabase::Mode mode) {
 }  // namespace
 
 void SqliteDatabase::Closer::operator()(sqlite3* handle) const {
+    oledb::sqlite::EmptyLogIfWritten(handle);
     sqlite3_close_v2(handle);
 }
 

@@ -84,6 +84,13 @@ TEST_F(UnwritableDatabase, ALockThatGoesIsWaitedFor) {
     EXPECT_EQ(drawn.status, 0) << drawn.errors;
     EXPECT_EQ(drawn.errors, "");
     EXPECT_EQ(suite_.Ask(kResultsOfSamples), "8\n");
+
+    other.Run("DELETE FROM x_SheJi");
+    Run({"import", "layers", std::string(GRDX_SAMPLES) + "/layers.csv"});
+    fs::copy_file(suite_.Database(), scratch_.Path() / "alone.db");
+    const SqliteTestDatabase alone((scratch_.Path() / "alone.db").c_str());
+    EXPECT_EQ(alone.Rows(kResultsOfSamples), "8") << "in the file, though its log is still open";
+    EXPECT_NE(alone.Rows("SELECT count(*) FROM x_SheJi"), "0");
 }
 
 TEST_F(UnwritableDatabase, AFullDiskAndAWriteProtectedFileAreTold) {

@@ -45,14 +45,15 @@ def profile(path):
 
 
 def rows(path):
-    database = sqlite3.connect(path)
+    """Of the file alone, as somebody finds them who copies it without its log."""
+    database = sqlite3.connect(f"file:{path}?immutable=1", uri=True)
     tables = [name for name, in database.execute("select name from sqlite_master where type='table'")]
     return {name: sorted(map(repr, database.execute(f"select * from {name}"))) for name in tables}
 
 
 def traces(suite):
     readers = {".ini": profile, ".db": rows}
-    # The database's log is read with it; programs that end at the same moment may leave it there.
+    # Programs that end at the same moment may leave the database's log there.
     return {str(path.relative_to(suite)): readers.get(path.suffix, pathlib.Path.read_bytes)(path)
             for path in sorted(suite.rglob("*"))
             if path.is_file() and not path.name.endswith(("-wal", "-shm"))}

@@ -168,6 +168,9 @@ TEST(SqliteProvider, TheJournalModeOfADatabaseIsItsOwn) {
         }
         EXPECT_EQ(database.Rows("PRAGMA journal_mode"), journal);
         EXPECT_EQ(database.Rows("SELECT x FROM t"), "2");
+        fs::copy_file(database.Path(), database.Path() + "2");
+        EXPECT_EQ(SqliteTestDatabase((database.Path() + "2").c_str()).Rows("SELECT x FROM t"), "2")
+            << "also without its log, which others still have open";
     }
 }
 

@@ -5,6 +5,7 @@
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/lock_wait.h"
 #include "platform/oledb/providers/sqlite/busy_wait.h"
+#include "platform/oledb/providers/sqlite/log_checkpoint.h"
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 #include "platform/win32/file_place.h"
@@ -60,6 +61,8 @@ HRESULT SqliteDatabase::Failure(int code, const std::string& title) const {
 
 SqliteDatabase::~SqliteDatabase() {
     if (!files_.DatabaseIsThere()) LeavePlace();
+    // Beside another log than the open one others may be writing to the file.
+    if (handle_ != nullptr && files_.AllAreThere()) EmptyLogIfWritten(Handle());
 }
 
 /// Its log stands under the name of the file that has taken the place, and would be taken for that
