@@ -1,6 +1,6 @@
 #include "host/BuiltInCommand.h"
 
-#include <strings.h>
+#include "platform/win32/gbk_text.h"
 
 namespace host {
 
@@ -8,7 +8,7 @@ const BuiltInCommand* FindBuiltInCommand(const std::string& name) {
     for (const auto* family : {&DocumentCommands(), &ViewCommands(), &SettingCommands(),
                                &EditCommands(), &InquiryCommands()}) {
         for (const BuiltInCommand& command : *family) {
-            if (strcasecmp(command.name, name.c_str()) == 0) {
+            if (win32::EqualNoCase(command.name, name)) {
                 return &command;
             }
         }

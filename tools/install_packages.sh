@@ -7,6 +7,8 @@ packages=(
     # build
     g++ cmake ninja-build
     libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
+    # the locales of the tests
+    locales
     # format and lint
     clang-format-14 clang-tidy-14 clang-14
     # fuzzing, and the coverage it reaches

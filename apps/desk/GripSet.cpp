@@ -1,6 +1,7 @@
 #include "apps/desk/GripSet.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -8,6 +9,14 @@
 #include "platform/ge/AcGeCubicSplineCurve3d.h"
 
 namespace desk {
+
+namespace {
+/// As a command line reads it back to the same number.
+std::string Exactly(double number) {
+    char text[32];
+    return {text, std::to_chars(std::begin(text), std::end(text), number).ptr};
+}
+}  // namespace
 
 void GripSet::Load(const std::vector<AcDbObjectId>& entities) {
     grips_.clear();
@@ -105,12 +114,10 @@ std::vector<std::string> GripSet::MoveArguments() const {
                 indexes += (indexes.empty() ? "" : ",") + std::to_string(grip->index);
             }
         }
-        char text[96];
-        std::snprintf(text, sizeof text, "%.17g,%.17g", offset.x, offset.y);
         char handle[24];
         std::snprintf(handle, sizeof handle, "#%llX ",
                       static_cast<unsigned long long>(first->entity.handle()));
-        arguments.push_back(handle + indexes + " " + text);
+        arguments.push_back(handle + indexes + " " + Exactly(offset.x) + "," + Exactly(offset.y));
     });
     return arguments;
 }

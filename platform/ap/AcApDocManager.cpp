@@ -1,11 +1,11 @@
 #include "platform/ap/AcApDocManager.h"
 
-#include <strings.h>
 #include <algorithm>
 #include <utility>
 
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/mfc/afx.h"
+#include "platform/win32/gbk_text.h"
 #include "platform/win32/window_message.h"
 
 namespace {
@@ -22,7 +22,7 @@ private:
 };
 
 bool IsCloseCommand(const char* text) {
-    return strcasecmp(text, "close ") == 0;
+    return win32::EqualNoCase(text, "close ");
 }
 }  // namespace
 

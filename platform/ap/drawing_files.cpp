@@ -1,9 +1,9 @@
-#include <strings.h>
 #include <filesystem>
 
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/command_line.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/gbk_text.h"
 #include "platform/win32/windows_path.h"
 
 namespace {
@@ -12,7 +12,7 @@ constexpr const char* kExtension = ".dwg";
 bool HasDrawingExtension(const std::string& path) {
     constexpr std::size_t kLength = 4;
     return path.size() > kLength &&
-           strcasecmp(path.c_str() + path.size() - kLength, kExtension) == 0;
+           win32::EqualNoCase(path.substr(path.size() - kLength), kExtension);
 }
 
 /// Drawings may be named without their extension. Names have points of their own (a borehole

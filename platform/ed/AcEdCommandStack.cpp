@@ -1,13 +1,13 @@
 #include "platform/ed/AcEdCommandStack.h"
 
-#include <strings.h>
 #include <algorithm>
 
 #include "platform/rx/Acad.h"
+#include "platform/win32/gbk_text.h"
 
 namespace {
 bool SameName(const std::string& left, const char* right) {
-    return strcasecmp(left.c_str(), right) == 0;
+    return win32::EqualNoCase(left, right);
 }
 }  // namespace
 

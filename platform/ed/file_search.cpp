@@ -1,6 +1,5 @@
 #include "platform/ed/file_search.h"
 
-#include <strings.h>
 #include <cstring>
 #include <filesystem>
 #include <unordered_map>
@@ -8,6 +7,7 @@
 
 #include "platform/ed/adesk_results.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/gbk_text.h"
 #include "platform/win32/private_profile.h"
 #include "platform/win32/windows_path.h"
 
@@ -44,7 +44,7 @@ bool EndsWithSeparator(const std::string& folder) {
 bool IsShapeFont(const std::string& name) {
     constexpr std::size_t kExtensionLength = 4;
     return name.size() > kExtensionLength &&
-           strcasecmp(name.c_str() + name.size() - kExtensionLength, ".shx") == 0;
+           win32::EqualNoCase(name.substr(name.size() - kExtensionLength), ".shx");
 }
 
 /// Where the name was found, as a Windows path; empty for nowhere.

@@ -1,6 +1,6 @@
 #include "platform/ed/system_variables.h"
 
-#include <strings.h>
+#include "platform/win32/gbk_text.h"
 
 namespace {
 /// The one variable kept: 1 when a drawing opened takes the place of the one before.
@@ -10,7 +10,7 @@ short& Sdi() {
 }
 
 bool IsSdi(const char* name) {
-    return name != nullptr && strcasecmp(name, "SDI") == 0;
+    return name != nullptr && win32::EqualNoCase(name, "SDI");
 }
 }  // namespace
 

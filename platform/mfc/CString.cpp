@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstdio>
 #include <cstring>
 
 #include "platform/mfc/afx.h"
 #include "platform/mfc/resources.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/format_text.h"
 #include "platform/win32/gbk_text.h"
 
 namespace {
@@ -61,15 +61,8 @@ int CString::CompareNoCase(const char* other) const {
 void CString::Format(const char* format, ...) {
     std::va_list arguments;
     va_start(arguments, format);
-    std::va_list again;
-    va_copy(again, arguments);
-    const int length = std::vsnprintf(nullptr, 0, format, arguments);
+    text_ = win32::FormatText(format, arguments);
     va_end(arguments);
-    std::string formatted(static_cast<std::size_t>(std::max(length, 0)) + 1, '\0');
-    std::vsnprintf(formatted.data(), formatted.size(), format, again);
-    va_end(again);
-    formatted.pop_back();
-    text_ = std::move(formatted);
 }
 
 BOOL CString::LoadString(UINT number) {

@@ -5,6 +5,7 @@
 
 #include "platform/win32/clock.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/format_text.h"
 
 CTime::CTime(int year, int month, int day, int hour, int minute, int second) {
     std::tm local{};
@@ -50,7 +51,8 @@ CString CTime::Format(const char* format) const {
         if (pattern[pos] == '%' && pos + 1 < pattern.size()) {
             const std::array<char, 3> conversion = {'%', pattern[pos + 1], '\0'};
             std::array<char, 128> converted{};
-            if (std::strftime(converted.data(), converted.size(), conversion.data(), &local) > 0) {
+            if (strftime_l(converted.data(), converted.size(), conversion.data(), &local,
+                           win32::PlainLocale()) > 0) {
                 text += converted.data();
             }
             pos += 2;

@@ -99,7 +99,7 @@ TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
     EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
     const std::string after = Stored("SELECT KLD30" + kRow);
     EXPECT_NE(after, before);
-    EXPECT_EQ(QStringLiteral("=") + QString::number(std::stod(after)), dropped[2]);
+    EXPECT_EQ(QStringLiteral("=") + QString::number(QString::fromStdString(after).toDouble()), dropped[2]);
     EXPECT_TRUE(Curves().empty()) << "the new drawing is shown";
 }
 

@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QTabBar>
 #include <QTest>
+#include <clocale>
 #include <fstream>
 
 #include "apps/windows/DialogUnits.h"
@@ -19,6 +20,7 @@
 #include "host/Host.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/ed/command_line.h"
+#include "platform/mfc/CTime.h"
 #include "tests/apps/person/Person.h"
 #include "tests/system/Program.h"
 
@@ -294,6 +296,16 @@ TEST_F(Dialogs, ABoxOfYesAndNoHasToBeAnswered) {
                                            MB_YESNO | MB_ICONINFORMATION, nullptr, ofProgram}),
                   IDNO);
     }
+}
+
+TEST(UsersLocale, IsNotInTextsThatOthersRead) {
+    if (qgetenv("LC_ALL") == "de_DE.UTF-8") {
+        ASSERT_STREQ(localeconv()->decimal_point, ",");
+    }
+    CString text;
+    text.Format("%.3f", 0.5);
+    EXPECT_STREQ(text, "0.500");
+    EXPECT_STREQ(CTime(2026, 3, 7, 9, 0, 0).Format("%p %b"), "AM Mar");
 }
 
 }  // namespace
