@@ -97,7 +97,7 @@ void DrawTexts(AcDbDatabase& drawing) {
     for (const char* content :
          {"{\\fSimSun|b0;line} one\\Pt\\Swo^2; 0.075\\U+9897\\~~\\{\\C1;x\\}", "颗粒\\P分析"_gbk}) {
         Add(drawing, dwg::kMultilineText,
-            [=](DwgBitWriter& b) { kept::MultilineText(b, 100, 50, content); }, {{5, style}});
+            [=](DwgBitWriter& b) { kept::MultilineText(b, 100, 50, content, 9); }, {{5, style}});
     }
     const AcDbObjectId title = AddTitleBlock(drawing);
     AcDbKeptEntity& reference =

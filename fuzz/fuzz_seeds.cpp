@@ -1,6 +1,6 @@
 // Writes the small drawings that fuzzing starts from into a folder: an empty one, a sheet template,
-// a sheet with curves and the template inserted, and three with objects that only other programs
-// make.
+// a sheet with curves and the template inserted, three with objects that only other programs make,
+// and one with many objects.
 #include <cstdio>
 #include <exception>
 #include <memory>
@@ -155,6 +155,13 @@ void DrawUnknown(AcDbDatabase& drawing) {
         fields);
 }
 
+/// More objects than one page of the object map tells of.
+void DrawMany(AcDbDatabase& drawing) {
+    for (int i = 0; i < 800; ++i) {
+        Make<AcDbLine>(drawing, AcGePoint3d(0.1 * i, 0, 0), AcGePoint3d(0.3 * i, i, 0));
+    }
+}
+
 void Save(AcDbDatabase& drawing, const std::string& path) {
     std::string error;
     if (!win32::ReplaceFileWhole(path, DwgFileWriter(drawing).write(), error)) {
@@ -178,7 +185,8 @@ int main(int argc, char** argv) {
                  {"sheet", DrawSheet},
                  {"unknown", DrawUnknown},
                  {"foreign", DrawForeignEntities},
-                 {"kinds", DrawManyKinds}};
+                 {"kinds", DrawManyKinds},
+                 {"many", DrawMany}};
     try {
         CKFCurve::rxInit();
         for (const auto& seed : seeds) {

@@ -92,12 +92,13 @@ inline void Arc(DwgBitWriter& bits, double x, double y, double radius, double st
     bits.bitDouble(end);
 }
 
-/// Lines of text, 3 high, hanging from their upper left corner.
-inline void MultilineText(DwgBitWriter& bits, double x, double y, const char* content) {
+/// Lines of text, 3 high, hanging from their upper left corner; broken at `width`, 0 for not.
+inline void MultilineText(DwgBitWriter& bits, double x, double y, const char* content,
+                          double width = 0.0) {
     Point(bits, x, y);
     Point(bits, 0, 0, 1);
     Point(bits, 1, 0);
-    bits.bitDouble(0);
+    bits.bitDouble(width);
     bits.bitDouble(3);
     bits.bitShort(1);
     bits.bitShort(1);
