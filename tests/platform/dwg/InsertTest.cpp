@@ -164,8 +164,9 @@ TEST_F(InsertTest, ReferencesInCirclesAndInLongRowsComeToAnEnd) {
         EXPECT_EQ(layerOf(*entities(target, kPath)[0]).linetypeObjectId(),
                   target.continuousLinetype());
         save(target, "target.dwg");
-        EXPECT_TRUE(read("target.dwg")->damage().empty()) << what;
-        EXPECT_EQ(describe(*read("target.dwg"), kPath), describe(target, kPath)) << what;
+        const auto again = read("target.dwg");
+        EXPECT_TRUE(again->damage().empty()) << what;
+        EXPECT_EQ(describe(*again, kPath), describe(target, kPath)) << what;
     };
     const AcDbObjectId own = addLayer("own");
     database_.setClayer(own);
