@@ -1,5 +1,7 @@
 #include "src/core/sample_names.h"
 
+#include <algorithm>
+
 #include "platform/win32/code_page.h"
 #include "platform/win32/gbk_literal.h"
 #include "platform/win32/gbk_text.h"
@@ -86,4 +88,24 @@ const SampleKey* SheetNames::FindRival(const SampleKey& sample) const {
         }
     }
     return rival;
+}
+
+bool IsNamedAsLayers(const std::string& borehole) {
+    return win32::EqualNoCase(std::string_view(borehole).substr(0, kLayerSheets.size()),
+                              kLayerSheets);
+}
+
+const std::string* FindRivalLayer(const SampleKey& sample, const std::vector<std::string>& layers) {
+    if (!IsNamedAsLayers(sample.borehole)) {
+        return nullptr;
+    }
+    const auto find = [&](const std::string& label) {
+        return std::find(layers.begin(), layers.end(), label);
+    };
+    const std::string labels = SheetNames::KeyOf(sample).substr(kLayerSheets.size());
+    const std::size_t split = labels.find_first_of(kSheetSeparators);
+    const auto first = find(labels.substr(0, split));
+    const bool isSheet =
+        split == std::string::npos || find(labels.substr(split + 1)) != layers.end();
+    return first != layers.end() && isSheet ? &*first : nullptr;
 }

@@ -54,3 +54,12 @@ private:
 
     std::unordered_multimap<std::string, SampleKey> byName_;  ///< folded, without prefix
 };
+
+/// What sheets of layers are called by where those of samples are called by their borehole.
+inline constexpr std::string_view kLayerSheets = "SJ";
+
+/// Whether the sheets of the borehole's samples may have names like those of layers.
+bool IsNamedAsLayers(const std::string& borehole);
+/// The one of these layers, "2" or "2-1", whose sheet the sample's could replace, or the other way,
+/// as SheetNames::FindRival. Null when there is none.
+const std::string* FindRivalLayer(const SampleKey& sample, const std::vector<std::string>& layers);

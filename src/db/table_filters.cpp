@@ -58,6 +58,11 @@ std::string BoreholeItemsFilter(int projectIndex, const std::string& borehole) {
                        Project(projectIndex) + " and ZKBH='" + borehole + "' ORDER BY QYBH,XH");
 }
 
+std::string BoreholesItemsFilter(int projectIndex, const std::string& prefix) {
+    return KeyedFilter(
+        {prefix}, Project(projectIndex) + " and ZKBH LIKE '" + prefix + "%' ORDER BY ZKBH,QYBH,XH");
+}
+
 std::string LayersWithFractionsFilter(int projectIndex) {
     return "GCSY = " + std::to_string(projectIndex) +
            " and (CSLX = 1105 OR CSLX = 1106 OR CSLX = 1108 OR CSLX = 1109) ORDER BY ZCBH,YCBH";

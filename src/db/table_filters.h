@@ -16,6 +16,9 @@ std::string SampleItemsFilter(int projectIndex, const std::string& borehole,
 std::string ProjectItemsFilter(int projectIndex);
 /// The test items of one borehole by sample, number: CKeFenItemTable.
 std::string BoreholeItemsFilter(int projectIndex, const std::string& borehole);
+/// The test items of the boreholes whose number begins so, by borehole, sample, number:
+/// CKeFenItemTable. Small and capital letters count as the same.
+std::string BoreholesItemsFilter(int projectIndex, const std::string& prefix);
 /// The test items of the project with a text of more than `length` characters in that column, by
 /// borehole, sample, number: CKeFenItemTable, whose record holds only the start of such a text.
 std::string OverlongItemsFilter(int projectIndex, const std::string& column, std::size_t length);

@@ -4,11 +4,11 @@
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
-#include "src/db/CSheJiLayerTable.h"
-#include "src/db/table_filters.h"
 #include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
 #include "src/ui/resource_ids.h"
+#include "src/ui/sample_lists.h"
+#include "src/ui/sample_objections.h"
 #include "src/ui/settings.h"
 
 namespace {
@@ -16,21 +16,6 @@ namespace {
 /// Layers are kept with the project, samples in a profile of their own.
 MarkKey LayerMarks() {
     return {kSettingsSection, "KFQXTC" + ProjectContext.GCBH, ProjectProfilePath};
-}
-
-std::string LayerLabel(int mainLayer, int subLayer) {
-    const std::string label = std::to_string(mainLayer);
-    return subLayer == 0 ? label : label + "-" + std::to_string(subLayer);
-}
-
-/// False when not all of them could be read, which only those hear of who listen to the database.
-bool ReadLayers(std::vector<std::string>& layers) {
-    CSheJiLayerTable table;
-    HRESULT row = table.OpenFirst(LayersWithFractionsFilter(ProjectContext.GCSY));
-    for (; row == S_OK; row = table.MoveNext()) {
-        layers.push_back(LayerLabel(table.record.ZCBH, table.record.YCBH));
-    }
-    return SUCCEEDED(row);
 }
 
 }  // namespace
@@ -44,16 +29,19 @@ CGcbhSJPage::CGcbhSJPage() : CModulePage(IDD_LAYER_PAGE) {}
 BOOL CGcbhSJPage::OnInitDialog() {
     CModulePage::OnInitDialog();
     const std::vector<std::string> stored = StoredMarks(LayerMarks());
-    std::vector<std::string> layers;
-    if (!ReadLayers(layers)) {
+    if (!ReadSamplesNamedAsLayers(rivals_) || !ReadLayers(projectLayers_)) {
         return TRUE;  // marks are compared with a complete list only
     }
-    for (const std::string& layer : layers) {
+    for (const std::string& layer : projectLayers_) {
         layers_.AddString(layer.c_str());
     }
     ShowMarks(layers_, LayerMarks(), stored);
     layers_.SetCurSel(0);
     return TRUE;
+}
+
+std::string CGcbhSJPage::Objection() const {
+    return ObjectionToLayers(SelectedItemTexts(layers_), projectLayers_, rivals_);
 }
 
 void CGcbhSJPage::OnOK() {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/mfc/CListBox.h"
+#include "src/core/sample_names.h"
 #include "src/ui/CModulePage.h"
 
 /// Choice of any number of soil layers that have design values. What is chosen is marked as drawn
@@ -16,6 +17,9 @@ public:
     const std::vector<std::string>& ChosenLayers() const { return chosenLayers_; }
     /// Needs the page's window.
     bool HasSelectedLayer() const { return layers_.GetSelCount() > 0; }
+    /// Why what is selected cannot be drawn, for a message box; empty when it can. As
+    /// HasSelectedLayer.
+    std::string Objection() const;
 
     BOOL OnInitDialog() override;
     void OnOK() override;
@@ -27,5 +31,7 @@ protected:
 
 private:
     CListBox layers_;
+    std::vector<std::string> projectLayers_;
+    std::vector<SampleKey> rivals_;  ///< samples whose sheets' names may look like those of layers
     std::vector<std::string> chosenLayers_;
 };

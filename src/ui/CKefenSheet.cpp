@@ -51,7 +51,7 @@ CPropertyPage* CKefenSheet::SelectionPage() {
 /// What to tell the user before the sheet may close; empty for nothing.
 std::string CKefenSheet::Objection() const {
     if (ChartMode == kLayerCharts) {
-        return layerPage_.HasSelectedLayer() ? "" : "请选择试样编号"_gbk;
+        return layerPage_.HasSelectedLayer() ? layerPage_.Objection() : "请选择试样编号"_gbk;
     }
     if (CurrentBorehole.empty()) {
         return "请选择钻孔编号"_gbk;

@@ -8,6 +8,7 @@
 #include "src/common/module_state.h"
 #include "src/core/sort_keys.h"
 #include "src/db/CKeFenItemTable.h"
+#include "src/db/CSheJiLayerTable.h"
 #include "src/db/table_filters.h"
 #include "src/db/table_open_error.h"
 
@@ -45,6 +46,11 @@ std::string_view WithoutLastCharacter(std::string_view text) {
     return text.substr(0, last);
 }
 
+std::string LayerLabel(int mainLayer, int subLayer) {
+    const std::string label = std::to_string(mainLayer);
+    return subLayer == 0 ? label : label + "-" + std::to_string(subLayer);
+}
+
 /// Value of a run of digits, no more than an int holds.
 long long ValueOf(std::string_view digits) {
     long long value = 0;
@@ -71,6 +77,20 @@ bool ReadSampleKeys(const std::string& filter, std::vector<SampleKey>& keys) {
 
 bool ReadProjectSamples(std::vector<SampleKey>& samples) {
     return ReadSampleKeys(ProjectItemsFilter(ProjectContext.GCSY), samples);
+}
+
+bool ReadSamplesNamedAsLayers(std::vector<SampleKey>& samples) {
+    return ReadSampleKeys(BoreholesItemsFilter(ProjectContext.GCSY, std::string(kLayerSheets)),
+                          samples);
+}
+
+bool ReadLayers(std::vector<std::string>& layers) {
+    CSheJiLayerTable table;
+    HRESULT row = table.OpenFirst(LayersWithFractionsFilter(ProjectContext.GCSY));
+    for (; row == S_OK; row = table.MoveNext()) {
+        layers.push_back(LayerLabel(table.record.ZCBH, table.record.YCBH));
+    }
+    return SUCCEEDED(row);
 }
 
 std::vector<std::string> BoreholesOf(const std::vector<SampleKey>& samples) {

@@ -12,8 +12,14 @@ bool ReadSampleKeys(const std::string& filter, std::vector<SampleKey>& keys);
 /// Those of the project, and of one borehole, likewise.
 bool ReadProjectSamples(std::vector<SampleKey>& samples);
 bool ReadSamples(const std::string& borehole, std::vector<std::string>& samples);
+/// Those whose sheets could have names like sheets of layers, likewise.
+bool ReadSamplesNamedAsLayers(std::vector<SampleKey>& samples);
 /// The boreholes of such samples, each once.
 std::vector<std::string> BoreholesOf(const std::vector<SampleKey>& samples);
+
+/// The project's layers with percentages, "2" or "2-1", by their numbers. False when not all of
+/// them could be read, which only those hear of who listen to the database.
+bool ReadLayers(std::vector<std::string>& layers);
 
 /// Order of the sample list: numbers that end with anything but a digit as they come, then the
 /// others by sort key.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/gbk_literal.h"
+#include "platform/win32/gbk_text.h"
 #include "src/common/module_state.h"
 #include "src/db/table_filters.h"
 #include "src/ui/sample_lists.h"
@@ -35,6 +36,28 @@ std::string FaultText(const NameFault& fault, std::size_t length) {
            (fault.character == '?' ? "或GBK以外的字符"_gbk : "");
 }
 
+std::string SampleText(const SampleKey& sample) {
+    return "钻孔"_gbk + Quoted(sample.borehole) + "试样"_gbk + Quoted(sample.sample);
+}
+
+std::string LayerText(const std::string& layer) {
+    return "土层"_gbk + Quoted(layer);
+}
+
+std::string SameSheetText(const std::string& chosen, const std::string& rival,
+                          const SampleKey& sample) {
+    return chosen + "与"_gbk + rival + "的图形文件同名："_gbk + SheetNames::FileName(sample);
+}
+
+/// For a message box; empty without lines.
+std::string ObjectionOf(const std::vector<std::string>& lines) {
+    std::string text;
+    for (std::size_t i = 0; i < lines.size() && i <= kMostLines; ++i) {
+        text += "\n" + (i < kMostLines ? lines[i] : "……"_gbk);
+    }
+    return text.empty() ? text : "不能出图，请修改以下编号后再试此功能！"_gbk + text;
+}
+
 /// A borehole's or a sample's name, and the column that holds it.
 struct NameColumn {
     const char* title;
@@ -55,13 +78,12 @@ public:
             CheckNames({"试样编号"_gbk, "QYBH", &SampleKey::sample, kSampleLength}, samples_);
         }
         if (lines_.empty()) {
+            CheckMarks();
+        }
+        if (lines_.empty()) {
             CheckSheets();
         }
-        std::string text;
-        for (std::size_t i = 0; i < lines_.size() && i <= kMostLines; ++i) {
-            text += "\n" + (i < kMostLines ? lines_[i] : "……"_gbk);
-        }
-        return text.empty() ? text : "不能出图，请修改以下编号后再试此功能！"_gbk + text;
+        return ObjectionOf(lines_);
     }
 
 private:
@@ -120,15 +142,28 @@ private:
         }
     }
 
+    /// A borehole's marks stand in a profile under its number, and profiles know no case.
+    void CheckMarks() {
+        for (const std::string& other : BoreholesOf(project_)) {
+            if (other != borehole_ && win32::EqualNoCase(other, borehole_)) {
+                lines_.push_back("钻孔"_gbk + Quoted(borehole_) + "与钻孔"_gbk + Quoted(other) +
+                                 "仅大小写不同，出图标记不能区分"_gbk);
+            }
+        }
+    }
+
     void CheckSheets() {
         const SheetNames sheets(project_);
+        std::vector<std::string> layers;
+        if (IsNamedAsLayers(borehole_)) {
+            ReadLayers(layers);
+        }
         for (const std::string& sample : samples_) {
             const SampleKey key{borehole_, sample};
             if (const SampleKey* const rival = sheets.FindRival(key)) {
-                lines_.push_back("钻孔"_gbk + Quoted(key.borehole) + "试样"_gbk +
-                                 Quoted(key.sample) + "与钻孔"_gbk + Quoted(rival->borehole) +
-                                 "试样"_gbk + Quoted(rival->sample) + "的图形文件同名："_gbk +
-                                 SheetNames::FileName(key));
+                lines_.push_back(SameSheetText(SampleText(key), SampleText(*rival), key));
+            } else if (const std::string* const layer = FindRivalLayer(key, layers)) {
+                lines_.push_back(SameSheetText(SampleText(key), LayerText(*layer), key));
             }
         }
     }
@@ -144,4 +179,17 @@ private:
 std::string ObjectionToSamples(const std::string& borehole, const std::vector<std::string>& samples,
                                const std::vector<SampleKey>& project) {
     return Objections(borehole, samples, project).Text();
+}
+
+std::string ObjectionToLayers(const std::vector<std::string>& chosen,
+                              const std::vector<std::string>& project,
+                              const std::vector<SampleKey>& samples) {
+    std::vector<std::string> lines;
+    for (const SampleKey& sample : samples) {
+        const std::string* const layer = FindRivalLayer(sample, project);
+        if (layer != nullptr && std::find(chosen.begin(), chosen.end(), *layer) != chosen.end()) {
+            lines.push_back(SameSheetText(LayerText(*layer), SampleText(sample), sample));
+        }
+    }
+    return ObjectionOf(lines);
 }

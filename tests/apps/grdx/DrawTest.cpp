@@ -120,8 +120,8 @@ TEST_F(DrawTest, ChoicesAreRememberedUntilTheyAreTakenBack) {
 
 TEST_F(DrawTest, NamesThatSheetsCannotHaveAreToldBeforeAnythingIsDrawn) {
     const struct {
-        const char* renamed;  ///< which item rows of the sample project to what
-        const char* borehole;
+        const char* renamed;   ///< which item rows of the sample project to what
+        const char* borehole;  ///< of which all samples are drawn; null: all layers
         const char* named;
     } cases[] = {
         {"QYBH='x/../../y' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "试样编号“x/../../y”含有字符“/”"},
@@ -131,16 +131,24 @@ TEST_F(DrawTest, NamesThatSheetsCannotHaveAreToldBeforeAnythingIsDrawn) {
         {"QYBH='한' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "GBK以外的字符"},
         {"ZKBH='Z=1' WHERE ZKBH='ZK1'", "Z=1", "钻孔编号“Z=1”含有字符“=”"},
         {"ZKBH='zk1', QYBH='8' WHERE ZKBH='ZK2' AND QYBH='1-1'", "ZK1",
-         "钻孔“ZK1”试样“8”与钻孔“zk1”试样“8”的图形文件同名：KFZK1-8.dwg"},
+         "钻孔“ZK1”与钻孔“zk1”仅大小写不同"},
+        {"QYBH='a' WHERE ZKBH='ZK1' AND QYBH='8'; UPDATE Z_c_KeFenCSXM SET QYBH='A' WHERE "
+         "ZKBH='ZK1' AND QYBH='7'",
+         "ZK1", "钻孔“ZK1”试样“A”与钻孔“ZK1”试样“a”的图形文件同名：KFZK1-A.dwg"},
+        {"ZKBH='Sj2', QYBH='2' WHERE ZKBH='ZK1' AND QYBH='8'", "Sj2",
+         "钻孔“Sj2”试样“2”与土层“2-2”的图形文件同名：KFSj2-2.dwg"},
         {"ZKBH='ZK2-3' WHERE ZKBH='ZK1' AND QYBH='1'", "ZK2",
          "钻孔“ZK2”试样“3-1”与钻孔“ZK2-3”试样“1”"},
+        {"ZKBH='SJ2', QYBH='1_4' WHERE ZKBH='ZK1' AND QYBH='8'", nullptr,
+         "土层“2-1”与钻孔“SJ2”试样“1_4”的图形文件同名：KFSJ2-1_4.dwg"},
         {"QYBH='1~ZK1-2' WHERE ZKBH='ZK1' AND QYBH='8'", "ZK1", "试样“1~ZK1-2”与钻孔“ZK1”试样“1”"},
     };
     suite_.Ask("CREATE TABLE sound AS SELECT * FROM Z_c_KeFenCSXM");
     const std::string marks = FileBytes(folder_ / "marks.ini");
     for (const auto& c : cases) {
         suite_.Ask(std::string("UPDATE Z_c_KeFenCSXM SET ") + c.renamed);
-        const ProgramResult run = DrawSamples(c.borehole, {"--all"});
+        const ProgramResult run = c.borehole != nullptr ? DrawSamples(c.borehole, {"--all"})
+                                                        : Grdx({"draw", "layers", "--all"});
         EXPECT_EQ(run.status, 1) << c.named;
         EXPECT_THAT(run.errors, HasSubstr(c.named));
         EXPECT_THAT(run.errors, testing::EndsWith("grdx: nothing was drawn\n"));
