@@ -15,7 +15,10 @@ packages:
 readers: packages
 	@[ tests/readers/node_modules/.package-lock.json -nt tests/readers/package-lock.json ] || (cd tests/readers && npm ci --silent --no-audit --no-fund)
 
-demo: all
+# Only what the demo runs is built for it.
+demo: packages
+	cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET) --target grdx grdx-plot
 	@tools/demo.sh $(BUILD)
 
 test: all readers
@@ -54,8 +57,8 @@ format: packages
 	@tools/format.sh
 
 lint: packages
-	cmake --preset release
-	@tools/lint.sh build/release
+	cmake --preset lint
+	@tools/lint.sh build/lint
 
 clean:
 	rm -rf build demo

@@ -12,10 +12,19 @@ function(grdx_room name folder)
   target_link_libraries(${name} PUBLIC ${ARG_LINKS})
 endfunction()
 
-# grdx_test(NAME FOLDER LINKS target...): one test program for the files directly in tests/FOLDER.
-# A folder without test files makes no program.
+# grdx_precompiled(NAME LIBRARY HEADER...): headers parsed once for every target that reuses NAME's.
+# Files still include what they use: `make lint` compiles each without precompiled headers.
+function(grdx_precompiled name library)
+  file(CONFIGURE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp CONTENT "")
+  add_library(${name} OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  target_link_libraries(${name} PRIVATE ${library})
+  target_precompile_headers(${name} PRIVATE ${ARGN})
+endfunction()
+
+# grdx_test(NAME FOLDER LINKS target... [PRECOMPILED NAME|OFF]): one test program for the files directly
+# in tests/FOLDER. A folder without test files makes no program.
 function(grdx_test name folder)
-  cmake_parse_arguments(ARG "" "" "LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "PRECOMPILED" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
@@ -23,5 +32,13 @@ function(grdx_test name folder)
   add_executable(${name} ${sources})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE ${ARG_LINKS} GTest::gmock GTest::gtest_main)
+  if(NOT DEFINED ARG_PRECOMPILED)
+    set(ARG_PRECOMPILED test_headers)
+  endif()
+  if(ARG_PRECOMPILED)
+    target_precompile_headers(${name} REUSE_FROM ${ARG_PRECOMPILED})
+  endif()
+  # What is measured and delivered is optimized; what tests it is compiled often.
+  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O0>)
   add_test(NAME ${name} COMMAND ${name} --gtest_shuffle WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
 endfunction()
