@@ -11,6 +11,8 @@ struct ProjectFacts {
     std::string name;
     int code = 0;          ///< standard code
     bool checked = false;  ///< the data check counts as passed
+
+    bool operator==(const ProjectFacts&) const = default;
 };
 
 /// The project of the open suite folder, as its two places have it. They agree unless one was

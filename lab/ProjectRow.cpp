@@ -1,101 +1,44 @@
 #include "lab/ProjectRow.h"
 
-#include <charconv>
-#include <vector>
-
 #include "lab/Failure.h"
-#include "platform/oledb/last_error.h"
-#include "platform/suite/orvik8.h"
-#include "platform/win32/code_page.h"
+#include "lab/project_database.h"
 
 namespace lab {
 
-namespace {
-constexpr std::size_t kInitStringSize = 1024;
-enum Column : std::size_t { kNumber, kName, kCode, kDataCheck };
-
-void Check(HRESULT result) {
-    if (FAILED(result)) {
-        throw Failure(oledb::LastErrorText());
+ProjectRow::ProjectRow(int index)
+    : index_(index), database_(OpenProjectDatabase(oledb::Access::Change)) {
+    oledb::SqlStatement row(database_,
+                            "SELECT GCBH, GCMC, GCBZ, GCSJ FROM x_GongCheng WHERE GCSY = ?");
+    row.Bind(1, index);
+    if (row.Step()) {
+        const bool checked = !row.IsNull(3) && row.Integer(3) <= 0;
+        facts_ = ProjectFacts{row.Text(0), row.Text(1), row.Integer(2), checked};
     }
-}
-
-std::shared_ptr<oledb::Connection> Connect() {
-    char text[kInitStringSize] = "";
-    oledb::InitString properties;
-    std::string error;
-    GetDatabaseInitString(text);
-    if (!properties.Parse(win32::Utf8FromGbk(text), error)) {
-        throw Failure("the suite's database string: " + error);
-    }
-    const std::string* const name = properties.Find("Provider");
-    const oledb::Provider* const provider = name != nullptr ? oledb::FindProvider(*name) : nullptr;
-    if (provider == nullptr) {
-        throw Failure("the suite's database string names no provider that is known: " +
-                      win32::Utf8FromGbk(text));
-    }
-    std::shared_ptr<oledb::Connection> connection;
-    Check(provider->connect(properties, connection));
-    return connection;
-}
-
-/// Columns are of the kind that whoever filled the table has given them.
-int NumberOf(const oledb::Value& value, int absent) {
-    using Kind = oledb::Value::Kind;
-    int number = absent;
-    if (value.kind == Kind::Integer) {
-        number = static_cast<int>(value.integer);
-    } else if (value.kind == Kind::Real) {
-        number = static_cast<int>(value.real);
-    } else if (value.kind == Kind::Text) {
-        std::from_chars(value.text.data(), value.text.data() + value.text.size(), number);
-    }
-    return number;
-}
-
-std::string TextOf(const oledb::Value& value) {
-    return value.kind == oledb::Value::Kind::Integer ? std::to_string(value.integer)
-                                                     : std::string(value.text);
-}
-}  // namespace
-
-ProjectRow::ProjectRow(int index) : connection_(Connect()) {
-    const std::string select =
-        "SELECT GCBH,GCMC,GCBZ,GCSJ FROM x_GongCheng WHERE GCSY = " + std::to_string(index);
-    Check(connection_->Select(select, row_));
-    if (row_->RowCount() > 0) {
-        Read();
-    }
-}
-
-void ProjectRow::Read() {
-    std::vector<oledb::Value> values;
-    Check(row_->Read(0, values));
-    facts_ = ProjectFacts{TextOf(values[kNumber]), TextOf(values[kName]),
-                          NumberOf(values[kCode], 0), NumberOf(values[kDataCheck], 1) <= 0};
 }
 
 void ProjectRow::Write(const ProjectFacts& facts) {
-    std::vector<oledb::ColumnValue> changes;
-    if (facts.number != facts_->number) {
-        changes.push_back({kNumber, oledb::Value::Of(std::string_view(facts.number))});
+    if (facts == *facts_) {
+        return;
     }
-    if (facts.name != facts_->name) {
-        changes.push_back({kName, oledb::Value::Of(std::string_view(facts.name))});
-    }
-    if (facts.code != facts_->code) {
-        changes.push_back({kCode, oledb::Value::Of(std::int64_t{facts.code})});
-    }
-    if (facts.checked != facts_->checked) {
-        changes.push_back({kDataCheck, oledb::Value::Of(std::int64_t{facts.checked ? 0 : 1})});
-    }
-    if (!changes.empty()) {
-        std::string reason;
-        if (FAILED(row_->Update(0, changes, reason))) {
-            throw Failure(row_->Title() + ": " + reason);
+    oledb::SqlTransaction transaction(database_);
+    const auto write = [&](const char* column, const auto& before, const auto& now) {
+        if (before == now) {
+            return;
         }
-        facts_ = facts;
-    }
+        oledb::SqlStatement update(
+            database_, std::string("UPDATE x_GongCheng SET ") + column + " = ? WHERE GCSY = ?");
+        update.Bind(1, now);
+        update.Bind(2, index_);
+        if (update.Run() == 0) {
+            throw Failure("x_GongCheng: the row does not exist any more");
+        }
+    };
+    write("GCBH", facts_->number, facts.number);
+    write("GCMC", facts_->name, facts.name);
+    write("GCBZ", facts_->code, facts.code);
+    write("GCSJ", facts_->checked ? 0 : 1, facts.checked ? 0 : 1);
+    transaction.Commit();
+    facts_ = facts;
 }
 
 }  // namespace lab

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 
 #include "lab/Project.h"
-#include "platform/oledb/Provider.h"
+#include "platform/oledb/SqlDatabase.h"
 
 namespace lab {
 
@@ -22,10 +21,8 @@ public:
     void Write(const ProjectFacts& facts);
 
 private:
-    void Read();
-
-    std::shared_ptr<oledb::Connection> connection_;
-    std::unique_ptr<oledb::Selection> row_;
+    int index_;
+    oledb::SqlDatabase database_;
     std::optional<ProjectFacts> facts_;
 };
 

@@ -1,22 +1,14 @@
 #include "apps/desk/GripSet.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <cstdio>
 
 #include "platform/db/AcDbEntity.h"
 #include "platform/ge/AcGeCubicSplineCurve3d.h"
+#include "platform/win32/number_text.h"
 
 namespace desk {
-
-namespace {
-/// As a command line reads it back to the same number.
-std::string Exactly(double number) {
-    char text[32];
-    return {text, std::to_chars(std::begin(text), std::end(text), number).ptr};
-}
-}  // namespace
 
 void GripSet::Load(const std::vector<AcDbObjectId>& entities) {
     grips_.clear();
@@ -117,7 +109,8 @@ std::vector<std::string> GripSet::MoveArguments() const {
         char handle[24];
         std::snprintf(handle, sizeof handle, "#%llX ",
                       static_cast<unsigned long long>(first->entity.handle()));
-        arguments.push_back(handle + indexes + " " + Exactly(offset.x) + "," + Exactly(offset.y));
+        arguments.push_back(handle + indexes + " " + win32::ShortestText(offset.x) + "," +
+                            win32::ShortestText(offset.y));
     });
     return arguments;
 }

@@ -5,6 +5,7 @@
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/sheet_lists.h"
 #include "apps/grdx/suite_access.h"
+#include "lab/project_database.h"
 #include "platform/win32/code_page.h"
 
 namespace console {
@@ -14,11 +15,11 @@ constexpr int kSixChartsCode = 2;
 
 /// Why no chart of a sample can be drawn although nobody says so; empty when there is no such
 /// reason.
-std::string SilentSampleReason(SqliteDatabase& database, int projectIndex,
+std::string SilentSampleReason(oledb::SqlDatabase& database, int projectIndex,
                                const std::string& borehole, const std::string& sample) {
-    SqliteStatement row(database,
-                        "SELECT KLTYZL FROM Z_c_KeFen WHERE GCSY=? AND ZKBH=? AND QYBH=?");
-    row.Bind(1, std::int64_t{projectIndex});
+    oledb::SqlStatement row(database,
+                            "SELECT KLTYZL FROM Z_c_KeFen WHERE GCSY=? AND ZKBH=? AND QYBH=?");
+    row.Bind(1, projectIndex);
     row.Bind(2, borehole);
     row.Bind(3, sample);
     if (!row.Step()) {
@@ -28,14 +29,13 @@ std::string SilentSampleReason(SqliteDatabase& database, int projectIndex,
 }
 
 /// The same of a layer, by the label that the page gave it.
-std::string SilentLayerReason(SqliteDatabase& database, int projectIndex,
+std::string SilentLayerReason(oledb::SqlDatabase& database, int projectIndex,
                               const std::string& label) {
     const std::size_t hyphen = label.find('-');
-    SqliteStatement row(database, "SELECT 1 FROM x_SheJi WHERE GCSY=? AND ZCBH=? AND YCBH=?");
-    row.Bind(1, std::int64_t{projectIndex});
-    row.Bind(2, std::int64_t{std::stoi(label)});
-    row.Bind(3,
-             std::int64_t{hyphen == std::string::npos ? 0 : std::stoi(label.substr(hyphen + 1))});
+    oledb::SqlStatement row(database, "SELECT 1 FROM x_SheJi WHERE GCSY=? AND ZCBH=? AND YCBH=?");
+    row.Bind(1, projectIndex);
+    row.Bind(2, std::stoi(label));
+    row.Bind(3, hyphen == std::string::npos ? 0 : std::stoi(label.substr(hyphen + 1)));
     return row.Step() ? "" : "it has no design values any more (table x_SheJi)";
 }
 
@@ -89,7 +89,7 @@ void ChartTally::ReportMissing() const {
 
 void ChartTally::ReportSilentReasons(std::size_t first, std::size_t end) const {
     try {
-        SqliteDatabase database = OpenProjectDatabase(SqliteDatabase::Mode::ReadOnly);
+        oledb::SqlDatabase database = lab::OpenProjectDatabase(oledb::Access::Read);
         const int index = CurrentProject().index;
         for (std::size_t i = first; i < end; ++i) {
             const std::string reason =

@@ -5,25 +5,16 @@
 #include <utility>
 
 #include "platform/win32/code_page.h"
+#include "platform/win32/gbk_text.h"
 
 namespace console {
 
 namespace {
-constexpr const char* kBlanks = " \t\r";
-
-std::string_view Trimmed(std::string_view line) {
-    const std::size_t first = line.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    return line.substr(first, line.find_last_not_of(kBlanks) - first + 1);
-}
-
 bool IsAnswer(std::string_view line) {
-    return Trimmed(line).starts_with('@');
+    return win32::TrimBlanks(line).starts_with('@');
 }
 bool SaysNothing(std::string_view line) {
-    return Trimmed(line).empty() || Trimmed(line).starts_with(';');
+    return win32::TrimBlanks(line).empty() || win32::TrimBlanks(line).starts_with(';');
 }
 }  // namespace
 
@@ -60,7 +51,7 @@ std::optional<mfc::Answer> ScriptLines::NextAnswer() {
     while (Look() && IsAnswer(*line_)) {
         mfc::Answer answer{};
         std::string error;
-        const bool good = mfc::ParseAnswer(Trimmed(*line_), answer, error);
+        const bool good = mfc::ParseAnswer(win32::TrimBlanks(*line_), answer, error);
         line_.reset();
         if (good) {
             return answer;

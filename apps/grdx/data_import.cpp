@@ -6,7 +6,7 @@ namespace {
 /// The statements that replace one sample, prepared once for a whole file.
 class SampleWriter {
 public:
-    SampleWriter(SqliteDatabase& database, int projectIndex)
+    SampleWriter(oledb::SqlDatabase& database, int projectIndex)
         : projectIndex_(projectIndex),
           removals_{{database, "DELETE FROM z_c_QuYang WHERE GCSY=? AND ZKBH=? AND QYBH=?"},
                     {database, "DELETE FROM Z_c_KeFen WHERE GCSY=? AND ZKBH=? AND QYBH=?"},
@@ -21,7 +21,7 @@ public:
                 "VALUES (?, ?, ?, ?, ?, ?)") {}
 
     void Replace(const SampleData& data) {
-        for (SqliteStatement& removal : removals_) {
+        for (oledb::SqlStatement& removal : removals_) {
             BindKey(removal, data);
             removal.Run();
         }
@@ -37,8 +37,8 @@ public:
     }
 
 private:
-    void BindKey(SqliteStatement& statement, const SampleData& data) const {
-        statement.Bind(1, std::int64_t{projectIndex_});
+    void BindKey(oledb::SqlStatement& statement, const SampleData& data) const {
+        statement.Bind(1, projectIndex_);
         statement.Bind(2, data.borehole);
         statement.Bind(3, data.sample);
     }
@@ -55,22 +55,22 @@ private:
     }
 
     int projectIndex_;
-    SqliteStatement removals_[3];
-    SqliteStatement sample_;
-    SqliteStatement result_;
-    SqliteStatement item_;
+    oledb::SqlStatement removals_[3];
+    oledb::SqlStatement sample_;
+    oledb::SqlStatement result_;
+    oledb::SqlStatement item_;
 };
 
-void BindLayer(SqliteStatement& statement, int projectIndex, const LayerData& layer) {
-    statement.Bind(1, std::int64_t{projectIndex});
-    statement.Bind(2, std::int64_t{layer.main});
-    statement.Bind(3, std::int64_t{layer.sub});
+void BindLayer(oledb::SqlStatement& statement, int projectIndex, const LayerData& layer) {
+    statement.Bind(1, projectIndex);
+    statement.Bind(2, layer.main);
+    statement.Bind(3, layer.sub);
 }
 }  // namespace
 
-void StoreSamples(SqliteDatabase& database, int projectIndex,
+void StoreSamples(oledb::SqlDatabase& database, int projectIndex,
                   const std::vector<SampleData>& samples) {
-    SqliteTransaction transaction(database);
+    oledb::SqlTransaction transaction(database);
     SampleWriter writer(database, projectIndex);
     for (const SampleData& sample : samples) {
         writer.Replace(sample);
@@ -78,21 +78,22 @@ void StoreSamples(SqliteDatabase& database, int projectIndex,
     transaction.Commit();
 }
 
-void StoreLayers(SqliteDatabase& database, int projectIndex, const std::vector<LayerData>& layers) {
-    SqliteTransaction transaction(database);
+void StoreLayers(oledb::SqlDatabase& database, int projectIndex,
+                 const std::vector<LayerData>& layers) {
+    oledb::SqlTransaction transaction(database);
     // 1100 to 1118 are the class percentages, 1119 to 1128 what was computed from them.
-    SqliteStatement removal(database,
-                            "DELETE FROM x_SheJi WHERE GCSY=? AND ZCBH=? AND YCBH=? "
-                            "AND CSLX BETWEEN 1100 AND 1128");
-    SqliteStatement value(database,
-                          "INSERT INTO x_SheJi (GCSY, ZCBH, YCBH, CSLX, CSV) "
-                          "VALUES (?, ?, ?, ?, ?)");
+    oledb::SqlStatement removal(database,
+                                "DELETE FROM x_SheJi WHERE GCSY=? AND ZCBH=? AND YCBH=? "
+                                "AND CSLX BETWEEN 1100 AND 1128");
+    oledb::SqlStatement value(database,
+                              "INSERT INTO x_SheJi (GCSY, ZCBH, YCBH, CSLX, CSV) "
+                              "VALUES (?, ?, ?, ?, ?)");
     for (const LayerData& layer : layers) {
         BindLayer(removal, projectIndex, layer);
         removal.Run();
         for (const LayerData::Percentage& percentage : layer.percentages) {
             BindLayer(value, projectIndex, layer);
-            value.Bind(4, std::int64_t{percentage.code});
+            value.Bind(4, percentage.code);
             value.Bind(5, percentage.text);
             value.Run();
         }

@@ -2,16 +2,17 @@
 
 #include <vector>
 
-#include "apps/grdx/SqliteDatabase.h"
 #include "apps/grdx/layer_file.h"
 #include "apps/grdx/sample_file.h"
+#include "platform/oledb/SqlDatabase.h"
 
 namespace console {
 
 /// Store data for project `projectIndex`, all or nothing. A sample or layer that is there already
 /// is replaced, and what was computed from it goes with it; other design values of a layer stay.
-void StoreSamples(SqliteDatabase& database, int projectIndex,
+void StoreSamples(oledb::SqlDatabase& database, int projectIndex,
                   const std::vector<SampleData>& samples);
-void StoreLayers(SqliteDatabase& database, int projectIndex, const std::vector<LayerData>& layers);
+void StoreLayers(oledb::SqlDatabase& database, int projectIndex,
+                 const std::vector<LayerData>& layers);
 
 }  // namespace console

@@ -20,6 +20,7 @@
 #include "apps/grdx/suite_access.h"
 #include "apps/grdx/suite_listing.h"
 #include "host/version.h"
+#include "lab/project_database.h"
 #include "platform/suite/suite_folder.h"
 #include "platform/win32/file_fault.h"
 
@@ -27,7 +28,6 @@ namespace {
 
 using console::Failure;
 using console::MessageStream;
-using console::SqliteDatabase;
 
 constexpr int kDone = 0;
 constexpr int kRefused = 1;
@@ -94,7 +94,7 @@ bool ImportSamples(const Options& options, MessageStream& messages) {
     std::vector<console::LineError> errors;
     const auto samples = console::ReadSampleFile(console::ReadInputText(options.file), errors);
     ThrowIfAny(errors, options.file);
-    SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
+    oledb::SqlDatabase database = lab::OpenProjectDatabase(oledb::Access::Change);
     console::StoreSamples(database, console::CurrentProject().index, samples);
     std::size_t items = 0;
     for (const auto& sample : samples) {
@@ -110,7 +110,7 @@ bool ImportLayers(const Options& options, MessageStream& messages) {
     std::vector<console::LineError> errors;
     const auto layers = console::ReadLayerFile(console::ReadInputText(options.file), errors);
     ThrowIfAny(errors, options.file);
-    SqliteDatabase database = console::OpenProjectDatabase(SqliteDatabase::Mode::ReadWrite);
+    oledb::SqlDatabase database = lab::OpenProjectDatabase(oledb::Access::Change);
     console::StoreLayers(database, console::CurrentProject().index, layers);
     messages.PrintResult(Count(layers.size(), "layer") + "\n");
     return true;

@@ -6,6 +6,7 @@
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/sheet_template.h"
 #include "lab/project_texts.h"
+#include "platform/win32/code_page.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
@@ -36,12 +37,16 @@ void WriteFile(const fs::path& path, const std::string& content) {
     }
 }
 
-void SaveDrawing(AcDbDatabase& database, const fs::path& path) {
+std::string WindowsPathOf(const fs::path& path) {
     std::string windowsPath;
     if (!win32::WindowsPath(path.string(), windowsPath)) {
         throw Failure(path.string() + ": the path has a character that GBK does not have");
     }
-    if (database.saveAs(windowsPath.c_str()) != Acad::eOk) {
+    return windowsPath;
+}
+
+void SaveDrawing(AcDbDatabase& database, const fs::path& path) {
+    if (database.saveAs(WindowsPathOf(path).c_str()) != Acad::eOk) {
         throw Failure(database.lastFileError());
     }
 }
@@ -158,8 +163,10 @@ void MakeSuiteFolder(const std::string& folder, const ProjectData& project) {
     WriteProfiles(made.Workshop(), project);
     WriteSupport(made.Workshop() / "Support");
     {
-        SqliteDatabase database((made.Workshop() / "project.db").string(),
-                                SqliteDatabase::Mode::Create);
+        const std::string file = win32::Utf8FromGbk(WindowsPathOf(made.Workshop() / "project.db"));
+        oledb::SqlDatabase database(
+            "Provider=SQLite;Data Source=" + oledb::InitString::Written(file),
+            oledb::Access::Create);
         MakeProjectTables(database, project);
     }
     made.Finish();

@@ -1,33 +1,10 @@
 #include "apps/grdx/numbers.h"
 
-#include <charconv>
 #include <chrono>
 #include <cmath>
 #include <limits>
 
 namespace console {
-
-namespace {
-template <class Number>
-std::optional<Number> Parse(std::string_view text) {
-    Number number{};
-    const char* const end = text.data() + text.size();
-    const auto [stop, fault] = std::from_chars(text.data(), end, number);
-    if (fault != std::errc() || stop != end) {
-        return std::nullopt;
-    }
-    return number;
-}
-}  // namespace
-
-std::optional<double> ParseNumber(std::string_view text) {
-    const std::optional<double> number = Parse<double>(text);
-    return number && std::isfinite(*number) ? number : std::nullopt;
-}
-
-std::optional<int> ParseInteger(std::string_view text) {
-    return Parse<int>(text);
-}
 
 std::optional<double> StoredNumber(double number) {
     if (std::abs(number) > std::numeric_limits<float>::max()) {
@@ -37,9 +14,7 @@ std::optional<double> StoredNumber(double number) {
     if (stored == 0.0F && number != 0.0) {
         return std::nullopt;
     }
-    char shortest[32];
-    const auto written = std::to_chars(std::begin(shortest), std::end(shortest), stored);
-    return ParseNumber({shortest, static_cast<std::size_t>(written.ptr - shortest)});
+    return win32::ShortestDouble(stored);
 }
 
 bool IsDate(std::string_view text) {

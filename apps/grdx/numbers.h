@@ -3,12 +3,12 @@
 #include <optional>
 #include <string_view>
 
+#include "platform/win32/number_text.h"
+
 namespace console {
 
-/// The decimal number that the text is, whole and finite; nothing for any other text, also with
-/// blanks or a plus sign.
-std::optional<double> ParseNumber(std::string_view text);
-std::optional<int> ParseInteger(std::string_view text);
+using win32::ParseInteger;
+using win32::ParseNumber;
 
 /// The number as the project database keeps it: the shortest decimal that the nearest 32-bit float
 /// stands for, so that 161.6 is 161.6 again when the charts read it. Nothing when a float cannot

@@ -6,14 +6,16 @@ namespace {
 // Primary keys lead with what every filter gives, in the order that the pages ask for: each query
 // is one walk over an index, without a sort. Numbers are REAL though 32-bit floats are written,
 // since SQLite knows no shorter ones.
-constexpr const char* kTables = R"sql(
+constexpr const char* kTables[] = {R"sql(
 CREATE TABLE x_GongCheng (
     GCSY INTEGER NOT NULL PRIMARY KEY,
     GCBH VARCHAR(20) NOT NULL,
     GCMC VARCHAR(150) NOT NULL,
     GCBZ SMALLINT NOT NULL DEFAULT 0,
     GCSJ INTEGER NOT NULL DEFAULT 1
-);
+)
+)sql",
+                                   R"sql(
 CREATE TABLE z_c_QuYang (
     GCSY INTEGER NOT NULL,
     ZKBH VARCHAR(20) NOT NULL,
@@ -21,7 +23,9 @@ CREATE TABLE z_c_QuYang (
     QYSD REAL,
     QYHD REAL,
     PRIMARY KEY (GCSY, ZKBH, QYBH)
-);
+)
+)sql",
+                                   R"sql(
 CREATE TABLE Z_c_KeFen (
     GCSY INTEGER NOT NULL,
     ZKBH VARCHAR(20) NOT NULL,
@@ -36,7 +40,9 @@ CREATE TABLE Z_c_KeFen (
     KLBJXS REAL,
     KLQLXS REAL,
     PRIMARY KEY (GCSY, ZKBH, QYBH)
-);
+)
+)sql",
+                                   R"sql(
 CREATE TABLE Z_c_KeFenCSXM (
     GCSY INTEGER NOT NULL,
     ZKBH VARCHAR(20) NOT NULL,
@@ -45,7 +51,9 @@ CREATE TABLE Z_c_KeFenCSXM (
     KLLJ REAL,
     KLSYZL REAL,
     PRIMARY KEY (GCSY, ZKBH, QYBH, XH)
-);
+)
+)sql",
+                                   R"sql(
 CREATE TABLE x_SheJi (
     GCSY INTEGER NOT NULL,
     ZCBH TINYINT NOT NULL,
@@ -53,21 +61,22 @@ CREATE TABLE x_SheJi (
     CSLX SMALLINT NOT NULL,
     CSV VARCHAR(50),
     PRIMARY KEY (GCSY, ZCBH, YCBH, CSLX)
-);
-)sql";
+)
+)sql"};
 }  // namespace
 
-void MakeProjectTables(SqliteDatabase& database, const ProjectData& project) {
-    database.Execute("PRAGMA journal_mode = WAL");
-    SqliteTransaction transaction(database);
-    database.Execute(kTables);
-    SqliteStatement enter(database,
-                          "INSERT INTO x_GongCheng (GCSY, GCBH, GCMC, GCBZ, GCSJ) "
-                          "VALUES (?, ?, ?, ?, 0)");
-    enter.Bind(1, std::int64_t{project.index});
+void MakeProjectTables(oledb::SqlDatabase& database, const ProjectData& project) {
+    oledb::SqlTransaction transaction(database);
+    for (const char* const table : kTables) {
+        database.Execute(table);
+    }
+    oledb::SqlStatement enter(database,
+                              "INSERT INTO x_GongCheng (GCSY, GCBH, GCMC, GCBZ, GCSJ) "
+                              "VALUES (?, ?, ?, ?, 0)");
+    enter.Bind(1, project.index);
     enter.Bind(2, project.number);
     enter.Bind(3, project.name);
-    enter.Bind(4, std::int64_t{project.code});
+    enter.Bind(4, project.code);
     enter.Run();
     transaction.Commit();
 }

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "apps/grdx/SqliteDatabase.h"
+#include "platform/oledb/SqlDatabase.h"
 
 namespace console {
 
@@ -15,6 +15,6 @@ struct ProjectData {
 };
 
 /// Makes the five tables in an empty database and enters the project.
-void MakeProjectTables(SqliteDatabase& database, const ProjectData& project);
+void MakeProjectTables(oledb::SqlDatabase& database, const ProjectData& project);
 
 }  // namespace console

@@ -3,7 +3,6 @@
 #include <cstdlib>
 
 #include "apps/grdx/Failure.h"
-#include "platform/oledb/InitString.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/private_profile.h"
@@ -13,7 +12,6 @@ namespace console {
 
 namespace {
 constexpr std::size_t kProfilePathSize = 256;
-constexpr std::size_t kInitStringSize = 1024;
 constexpr const char* kSection = "Project";
 
 std::string ProjectText(const char* key) {
@@ -59,25 +57,6 @@ ProjectData CurrentProject() {
     project.name = ProjectText("GCMC");
     project.code = std::atoi(ProjectText("GCBZ").c_str());
     return project;
-}
-
-SqliteDatabase OpenProjectDatabase(SqliteDatabase::Mode mode) {
-    char text[kInitStringSize] = "";
-    oledb::InitString initString;
-    std::string error;
-    if (GetDatabaseInitString(text) == 0) {
-        throw Failure("the suite names no project database");
-    }
-    if (!initString.Parse(win32::Utf8FromGbk(text), error)) {
-        throw Failure("the suite's database string: " + error);
-    }
-    const std::string* provider = initString.Find("Provider");
-    const std::string* source = initString.Find("Data Source");
-    if (provider == nullptr || !oledb::InitString::SameKeyword(*provider, "SQLite") ||
-        source == nullptr) {
-        throw Failure("the project database is no SQLite file: " + win32::Utf8FromGbk(text));
-    }
-    return SqliteDatabase(win32::FileSystemPath(win32::GbkFromUtf8(*source)), mode);
 }
 
 }  // namespace console

@@ -1,16 +1,11 @@
 #pragma once
 
-#include "apps/grdx/SqliteDatabase.h"
 #include "apps/grdx/project_schema.h"
 
 namespace console {
 
 /// The project that the open suite folder's project profile names; Failure when it names none.
 ProjectData CurrentProject();
-
-/// The open suite folder's project database; Failure when it is none that this program reads by
-/// itself (which are SQLite files), or cannot be opened.
-SqliteDatabase OpenProjectDatabase(SqliteDatabase::Mode mode);
 
 /// A profile's value of any length (GBK), under the Windows path `profile`; empty when missing.
 std::string ProfileText(const std::string& profile, const char* section, const std::string& key);

@@ -7,6 +7,7 @@
 
 #include "apps/grdx/numbers.h"
 #include "apps/grdx/suite_access.h"
+#include "lab/project_database.h"
 #include "platform/win32/code_page.h"
 
 namespace console {
@@ -18,16 +19,17 @@ constexpr const char* kMarkSection = "CKFDlg";
 constexpr const char* kSampleQuery = R"sql(
 SELECT k.ZKBH, k.QYBH, q.QYSD, q.QYHD, r.QYBH IS NOT NULL, r.KLSYFF, r.KLTYZL,
        (SELECT COUNT(*) FROM Z_c_KeFenCSXM i
-         WHERE i.GCSY = ?1 AND i.ZKBH = k.ZKBH AND i.QYBH = k.QYBH),
+         WHERE i.GCSY = ? AND i.ZKBH = k.ZKBH AND i.QYBH = k.QYBH),
        r.KLD95, r.KLD90, r.KLD85, r.KLD60, r.KLD50, r.KLD30, r.KLD15, r.KLD10, r.KLBJXS, r.KLQLXS,
        r.KLHL
-FROM (SELECT ZKBH, QYBH FROM z_c_QuYang WHERE GCSY = ?1
-      UNION SELECT ZKBH, QYBH FROM Z_c_KeFen WHERE GCSY = ?1
-      UNION SELECT ZKBH, QYBH FROM Z_c_KeFenCSXM WHERE GCSY = ?1) k
-LEFT JOIN z_c_QuYang q ON q.GCSY = ?1 AND q.ZKBH = k.ZKBH AND q.QYBH = k.QYBH
-LEFT JOIN Z_c_KeFen r ON r.GCSY = ?1 AND r.ZKBH = k.ZKBH AND r.QYBH = k.QYBH
+FROM (SELECT ZKBH, QYBH FROM z_c_QuYang WHERE GCSY = ?
+      UNION SELECT ZKBH, QYBH FROM Z_c_KeFen WHERE GCSY = ?
+      UNION SELECT ZKBH, QYBH FROM Z_c_KeFenCSXM WHERE GCSY = ?) k
+LEFT JOIN z_c_QuYang q ON q.GCSY = ? AND q.ZKBH = k.ZKBH AND q.QYBH = k.QYBH
+LEFT JOIN Z_c_KeFen r ON r.GCSY = ? AND r.ZKBH = k.ZKBH AND r.QYBH = k.QYBH
 ORDER BY k.ZKBH, k.QYBH
 )sql";
+constexpr int kSampleQueryParameters = 6;  ///< each is the project
 constexpr int kFirstResultColumn = 8;
 constexpr const char* kResultNames[] = {"d95", "d90", "d85", "d60", "d50",       "d30",
                                         "d15", "d10", "Cu",  "Cc",  "finer0.005"};
@@ -62,7 +64,7 @@ std::optional<double> AsRead(const std::optional<double>& number) {
     return number ? StoredNumber(*number) : std::nullopt;
 }
 
-SuiteListing::Sample ReadSample(const SqliteStatement& row) {
+SuiteListing::Sample ReadSample(const oledb::SqlStatement& row) {
     SuiteListing::Sample sample;
     sample.name = row.Text(1);
     sample.depth = AsRead(row.Number(2));
@@ -78,13 +80,15 @@ SuiteListing::Sample ReadSample(const SqliteStatement& row) {
     return sample;
 }
 
-void ReadBoreholes(SqliteDatabase& database, SuiteListing& listing) {
+void ReadBoreholes(oledb::SqlDatabase& database, SuiteListing& listing) {
     const std::string profile = MarkProfile();
     const std::string key = "KFQX" + win32::GbkFromUtf8(listing.project.number);
     const std::set<std::string> boreholeMarks = Marks(profile, key);
     std::set<std::string> sampleMarks;
-    SqliteStatement rows(database, kSampleQuery);
-    rows.Bind(1, std::int64_t{listing.project.index});
+    oledb::SqlStatement rows(database, kSampleQuery);
+    for (int parameter = 1; parameter <= kSampleQueryParameters; ++parameter) {
+        rows.Bind(parameter, listing.project.index);
+    }
     while (rows.Step()) {
         const std::string borehole = rows.Text(0);
         if (listing.boreholes.empty() || listing.boreholes.back().name != borehole) {
@@ -97,11 +101,11 @@ void ReadBoreholes(SqliteDatabase& database, SuiteListing& listing) {
     }
 }
 
-void ReadLayers(SqliteDatabase& database, SuiteListing& listing) {
+void ReadLayers(oledb::SqlDatabase& database, SuiteListing& listing) {
     const std::set<std::string> marks =
         Marks(ProjectProfile(), "KFQXTC" + win32::GbkFromUtf8(listing.project.number));
-    SqliteStatement rows(database, kLayerQuery);
-    rows.Bind(1, std::int64_t{listing.project.index});
+    oledb::SqlStatement rows(database, kLayerQuery);
+    rows.Bind(1, listing.project.index);
     while (rows.Step()) {
         const std::string sub = rows.Integer(1) != 0 ? "-" + rows.Text(1) : "";
         const std::string label = rows.Text(0) + sub;
@@ -149,7 +153,7 @@ nlohmann::ordered_json ResultsAsJson(const SuiteListing::Results& results) {
 SuiteListing ReadSuite() {
     SuiteListing listing;
     listing.project = CurrentProject();
-    SqliteDatabase database = OpenProjectDatabase(SqliteDatabase::Mode::ReadOnly);
+    oledb::SqlDatabase database = lab::OpenProjectDatabase(oledb::Access::Read);
     ReadBoreholes(database, listing);
     ReadLayers(database, listing);
     return listing;

@@ -1,9 +1,6 @@
-#include <string>
-
 #include "platform/oledb/ComObject.h"
 #include "platform/oledb/DataSource.h"
 #include "platform/oledb/IDataInitialize.h"
-#include "platform/oledb/last_error.h"
 #include "platform/win32/code_page.h"
 
 namespace oledb {
@@ -28,19 +25,9 @@ HRESULT DataInitialize::GetDataSource(IUnknown* outer, DWORD clsContext, LPCOLES
     }
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
     InitString properties;
-    std::string error;
-    if (!properties.Parse(win32::Utf8FromUtf16(initString), error)) {
-        return SetLastError(DB_E_BADINITSTRING, error);
-    }
-    const std::string* const name = properties.Find("Provider");
-    if (name == nullptr) {
-        return SetLastError(DB_E_BADINITSTRING, "initialisation string: no Provider is named");
-    }
-    const Provider* const provider = FindProvider(*name);
-    if (provider == nullptr) {
-        return SetLastError(REGDB_E_CLASSNOTREG,
-                            "initialisation string: there is no provider \"" + *name + "\"");
-    }
+    const Provider* provider = nullptr;
+    const HRESULT result = ReadInitString(win32::Utf8FromUtf16(initString), properties, provider);
+    if (FAILED(result)) return result;
     return HandOut(new DataSource(*provider, std::move(properties)), riid, dataSource);
 }
 

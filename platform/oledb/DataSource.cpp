@@ -13,7 +13,7 @@ IUnknown* DataSource::Find(REFIID riid) {
 
 HRESULT DataSource::Initialize() {
     if (connection_) return DB_E_ALREADYINITIALIZED;
-    const HRESULT result = provider_.connect(properties_, connection_);
+    const HRESULT result = provider_.connect(properties_, Access::Change, connection_);
     if (SUCCEEDED(result)) ClearLastError();
     return result;
 }

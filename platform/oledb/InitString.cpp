@@ -2,16 +2,12 @@
 
 #include <algorithm>
 
+#include "platform/win32/gbk_text.h"
+
 namespace oledb {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
-
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(kBlanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -43,44 +39,73 @@ bool InitString::SameKeyword(std::string_view left, std::string_view right) {
                       [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
-bool InitString::Parse(std::string_view utf8, std::string& error) {
+std::string InitString::Written(std::string_view value) {
+    const bool bare = !value.empty() && win32::TrimBlanks(value) == value &&
+                      value.find_first_of(";\"'") == std::string_view::npos;
+    if (bare) return std::string(value);
+    std::string quoted = "\"";
+    for (const char c : value) {
+        quoted.append(c == '"' ? 2 : 1, c);
+    }
+    return quoted + '"';
+}
+
+bool InitString::Parse(std::string_view text, std::string& error) {
     entries_.clear();
-    std::string_view rest = utf8;
-    while (!(rest = Trimmed(rest)).empty()) {
+    text_ = text;
+    std::string_view rest = text_;
+    while (!(rest = win32::TrimBlanks(rest)).empty()) {
         if (rest.front() == ';') {
             rest.remove_prefix(1);
             continue;
         }
         const std::size_t equals = rest.find('=');
-        const std::string_view keyword = Trimmed(rest.substr(0, equals));
+        const std::string_view keyword = win32::TrimBlanks(rest.substr(0, equals));
         if (equals == std::string_view::npos || keyword.empty() ||
             keyword.find(';') != std::string_view::npos) {
             error = "initialisation string: no keyword and '=' at \"" + std::string(rest) + "\"";
             return false;
         }
-        rest = Trimmed(rest.substr(equals + 1));
-        std::string value;
+        const auto start = static_cast<std::size_t>(rest.data() + equals + 1 - text_.data());
+        Entry entry{std::string(keyword), "", start, 0};
+        rest = win32::TrimBlanks(rest.substr(equals + 1));
         if (!rest.empty() && (rest.front() == '"' || rest.front() == '\'')) {
-            if (!TakeQuoted(rest, value)) {
-                error = "initialisation string: quotes around the value of " +
-                        std::string(keyword) + " do not match";
+            if (!TakeQuoted(rest, entry.value)) {
+                error = "initialisation string: quotes around the value of " + entry.keyword +
+                        " do not match";
                 return false;
             }
         } else {
             const std::size_t end = std::min(rest.find(';'), rest.size());
-            value = Trimmed(rest.substr(0, end));
+            entry.value = win32::TrimBlanks(rest.substr(0, end));
             rest.remove_prefix(end);
         }
-        entries_.emplace_back(keyword, std::move(value));
+        const char* const end = rest.empty() ? text_.data() + text_.size() : rest.data();
+        entry.size = static_cast<std::size_t>(end - text_.data()) - start;
+        entries_.push_back(std::move(entry));
     }
     return true;
 }
 
-const std::string* InitString::Find(std::string_view keyword) const {
-    const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const auto& entry) {
-        return SameKeyword(entry.first, keyword);
+const InitString::Entry* InitString::FindEntry(std::string_view keyword) const {
+    const auto found = std::find_if(entries_.rbegin(), entries_.rend(), [&](const Entry& entry) {
+        return SameKeyword(entry.keyword, keyword);
     });
-    return found == entries_.rend() ? nullptr : &found->second;
+    return found == entries_.rend() ? nullptr : &*found;
+}
+
+const std::string* InitString::Find(std::string_view keyword) const {
+    const Entry* const entry = FindEntry(keyword);
+    return entry != nullptr ? &entry->value : nullptr;
+}
+
+std::string InitString::With(std::string_view keyword, std::string_view value) const {
+    const Entry* const entry = FindEntry(keyword);
+    if (entry == nullptr) return text_;
+    const std::string_view part = std::string_view(text_).substr(entry->start, entry->size);
+    const std::string_view old = win32::TrimBlanks(part);
+    const std::size_t before = old.empty() ? 0 : static_cast<std::size_t>(old.data() - part.data());
+    return std::string(text_).replace(entry->start + before, old.size(), Written(value));
 }
 
 }  // namespace oledb

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -39,12 +40,38 @@ public:
     virtual HRESULT Insert(const std::vector<ColumnValue>& values, std::string& reason) = 0;
 };
 
+/// A statement in the database's own SQL, with `?` for its parameters. Its failures, and those of
+/// the next class's calls with a `reason`, are not told but leave their bare reason.
+class Statement {
+public:
+    virtual ~Statement() = default;
+    /// Runs the statement from its start with a value for each parameter; the texts live until it
+    /// is run again.
+    virtual HRESULT Execute(const std::vector<Value>& parameters, std::string& reason) = 0;
+    /// Goes to the next row, first to the first; `found` is false when there is none, which ends
+    /// the run.
+    virtual HRESULT Fetch(bool& found, std::string& reason) = 0;
+    /// Rows that Execute has changed.
+    virtual std::int64_t ChangedRows() const = 0;
+    /// A column of the row, from 0; its text lives until the next call.
+    virtual Value Column(std::size_t column) const = 0;
+    virtual std::string ColumnName(std::size_t column) const = 0;
+};
+
 /// An open database.
 class Connection {
 public:
     virtual ~Connection() = default;
+    /// For messages: the file, or the server and its database.
+    virtual std::string Name() const = 0;
     /// Runs `statement` (UTF-8), which must be one select and nothing else.
     virtual HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) = 0;
+    /// Prepares `sql` (UTF-8), one statement of any kind.
+    virtual HRESULT Prepare(std::string_view sql, std::unique_ptr<Statement>& statement,
+                            std::string& reason) = 0;
+    /// Names of a table's columns; none when there is no such table.
+    virtual HRESULT Columns(const std::string& table, std::vector<std::string>& names,
+                            std::string& reason) = 0;
     /// What is changed up to Commit is written together or, after Rollback, not at all. Nobody else
     /// writes meanwhile. Failures as those of changes.
     virtual HRESULT Begin(std::string& reason) = 0;
@@ -53,11 +80,16 @@ public:
     virtual void Rollback() = 0;
 };
 
+/// What a database is opened for. Create makes one that is not there; Read changes nothing in it.
+enum class Access { Read, Change, Create };
+
 struct Provider {
     const char* name;
-    HRESULT (*connect)(const InitString& properties, std::shared_ptr<Connection>& connection);
+    HRESULT(*connect)
+    (const InitString& properties, Access access, std::shared_ptr<Connection>& connection);
 };
-/// By name without regard to case; null when there is none.
-const Provider* FindProvider(std::string_view name);
+/// The properties that an initialisation string (UTF-8) lists, and the provider that they name,
+/// without regard to case.
+HRESULT ReadInitString(std::string_view utf8, InitString& properties, const Provider*& provider);
 
 }  // namespace oledb

@@ -1,24 +1,18 @@
 #include "platform/oledb/row_text.h"
 
-#include <charconv>
+#include "platform/win32/number_text.h"
 
 namespace oledb {
 namespace {
-
-template <class Number>
-std::string NumberText(Number number) {
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof(digits), number).ptr};
-}
 
 std::string ValueText(const Value& value) {
     switch (value.kind) {
         case Value::Kind::Null:
             return "null";
         case Value::Kind::Integer:
-            return NumberText(value.integer);
+            return std::to_string(value.integer);
         case Value::Kind::Real:
-            return NumberText(value.real);
+            return win32::ShortestText(value.real);
         case Value::Kind::Blob:
             return "(binary data)";
         case Value::Kind::Text:

@@ -10,6 +10,8 @@
 #include <system_error>
 
 #include "platform/win32/code_page.h"
+#include "platform/win32/gbk_text.h"
+#include "platform/win32/number_text.h"
 
 namespace oledb {
 namespace {
@@ -19,18 +21,12 @@ bool IsAscii(std::string_view text) {
                        [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-bool IsUtf8(std::string_view text) {
-    return IsAscii(text) || win32::Utf8FromUtf16(win32::Utf16FromUtf8(text)) == text;
-}
-
 bool IsText(DBTYPE type) {
     return type == DBTYPE_STR || type == DBTYPE_WSTR;
 }
 
 std::string_view WithoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string_view::npos) return {};
-    text = text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
+    text = win32::TrimBlanks(text);
     return text.size() > 1 && text.front() == '+' && text[1] != '-' ? text.substr(1) : text;
 }
 
@@ -115,13 +111,7 @@ DBSTATUS StoreUnits(std::basic_string_view<Unit> text, DBLENGTH bytes, std::byte
 }
 
 std::size_t WholeGbk(std::string_view text, std::size_t limit) {
-    std::size_t at = 0;
-    while (at < limit) {
-        const std::size_t next = at + win32::CharLength(text, at);
-        if (next > limit) break;
-        at = next;
-    }
-    return at;
+    return win32::WholePrefix(text, limit).size();
 }
 
 std::size_t WholeUtf16(std::u16string_view text, std::size_t limit) {
@@ -130,14 +120,12 @@ std::size_t WholeUtf16(std::u16string_view text, std::size_t limit) {
 }
 
 DBSTATUS StoreText(const Value& value, const DBBINDING& binding, std::byte* place) {
-    char digits[32];
+    std::string digits;
     std::string_view utf8 = value.text;
     if (value.kind == Value::Kind::Integer) {
-        const auto end = std::to_chars(digits, digits + sizeof(digits), value.integer).ptr;
-        utf8 = {digits, static_cast<std::size_t>(end - digits)};
+        utf8 = digits = std::to_string(value.integer);
     } else if (value.kind == Value::Kind::Real) {
-        const auto end = std::to_chars(digits, digits + sizeof(digits), value.real).ptr;
-        utf8 = {digits, static_cast<std::size_t>(end - digits)};
+        utf8 = digits = win32::ShortestText(value.real);
     } else if (value.kind == Value::Kind::Blob) {
         return DBSTATUS_E_CANTCONVERTVALUE;
     }
@@ -176,14 +164,6 @@ std::string Utf8In(const DBBINDING& binding, const std::byte* place) {
     return win32::Utf8FromUtf16(LoadUnits<char16_t>(place, binding.cbMaxLen));
 }
 
-double ShortestDouble(float value) {
-    char digits[32];
-    const auto end = std::to_chars(digits, digits + sizeof(digits), value).ptr;
-    double wide = 0.0;
-    std::from_chars(digits, end, wide);
-    return wide;
-}
-
 }  // namespace
 
 bool IsBindableType(DBTYPE type) {
@@ -216,8 +196,8 @@ DBSTATUS CheckConversion(const Value& value, DBTYPE type) {
         std::byte place[sizeof(float)];
         return StoreNumber(value, type, place);
     }
-    const bool readable =
-        value.kind == Value::Kind::Text ? IsUtf8(value.text) : value.kind != Value::Kind::Blob;
+    const bool readable = value.kind == Value::Kind::Text ? win32::IsUtf8(value.text)
+                                                          : value.kind != Value::Kind::Blob;
     return readable ? DBSTATUS_S_OK : DBSTATUS_E_CANTCONVERTVALUE;
 }
 
@@ -241,7 +221,7 @@ DBSTATUS FromPlace(const DBBINDING& binding, const std::byte* place, Value& valu
         case DBTYPE_R4: {
             const auto narrow = Load<float>(place);
             if (!std::isfinite(narrow)) return DBSTATUS_E_CANTCONVERTVALUE;
-            value = Value::Of(ShortestDouble(narrow));
+            value = Value::Of(win32::ShortestDouble(narrow));
             return DBSTATUS_S_OK;
         }
         default:

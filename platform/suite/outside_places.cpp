@@ -51,8 +51,9 @@ bool IsPassword(const std::string& keyword) {
 /// What names a server, for people.
 std::string ServerText(const InitString& database) {
     std::string text;
-    for (const auto& [keyword, value] : database.Entries()) {
-        text += (text.empty() ? "" : ";") + keyword + "=" + (IsPassword(keyword) ? "***" : value);
+    for (const InitString::Entry& entry : database.Entries()) {
+        text += (text.empty() ? "" : ";") + entry.keyword + "=" +
+                (IsPassword(entry.keyword) ? "***" : entry.value);
     }
     return text;
 }

@@ -162,6 +162,15 @@ bool AppendGbk(std::string& gbk, char32_t c) {
 
 }  // namespace
 
+bool IsUtf8(std::string_view bytes) {
+    for (std::size_t pos = 0; pos < bytes.size();) {
+        if (TakeUtf8(bytes, pos) == kMalformed) {
+            return false;
+        }
+    }
+    return true;
+}
+
 std::string GbkFromUtf8(std::string_view utf8) {
     std::string gbk;
     gbk.reserve(utf8.size());

@@ -6,6 +6,8 @@
 /// The system's ANSI code page is GBK (936) everywhere; the edges of the system convert.
 namespace win32 {
 
+/// True when every byte belongs to a well-formed UTF-8 character (shortest form, no surrogates).
+bool IsUtf8(std::string_view bytes);
 /// UTF-8 to GBK. A character outside GBK, or malformed UTF-8, becomes '?'.
 std::string GbkFromUtf8(std::string_view utf8);
 /// The same, false and `gbk` unchanged when the text cannot be represented exactly.

@@ -65,13 +65,13 @@ std::string_view WholePrefix(std::string_view gbk, std::size_t maxBytes) {
     return gbk.substr(0, end);
 }
 
-std::string_view TrimBlanks(std::string_view gbk) {
-    constexpr std::string_view kBlanks = " \t\r";
-    const std::size_t first = gbk.find_first_not_of(kBlanks);
+std::string_view TrimBlanks(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) {
         return {};
     }
-    return gbk.substr(first, gbk.find_last_not_of(kBlanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
 }
 
 }  // namespace win32

@@ -15,7 +15,7 @@ int CompareNoCase(std::string_view left, std::string_view right);
 
 /// The longest part from the start that has at most `maxBytes` bytes and no half character.
 std::string_view WholePrefix(std::string_view gbk, std::size_t maxBytes);
-/// Without blanks, tabs and carriage returns at both ends.
-std::string_view TrimBlanks(std::string_view gbk);
+/// Without blanks, tabs and line ends around it; also for UTF-8.
+std::string_view TrimBlanks(std::string_view text);
 
 }  // namespace win32

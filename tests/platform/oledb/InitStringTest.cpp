@@ -32,8 +32,8 @@ TEST(InitString, IsTakenApart) {
         EXPECT_EQ(error.empty(), c.entries != nullptr);
         if (c.entries == nullptr) continue;
         std::string entries;
-        for (const auto& [keyword, value] : parsed.Entries()) {
-            entries.append(keyword).append("=").append(value).append("|");
+        for (const auto& entry : parsed.Entries()) {
+            entries.append(entry.keyword).append("=").append(entry.value).append("|");
         }
         EXPECT_EQ(entries, c.entries);
     }
@@ -46,6 +46,25 @@ TEST(InitString, FindsTheLastOfAKeywordWithoutRegardToCase) {
     ASSERT_NE(parsed.Find("provider"), nullptr);
     EXPECT_EQ(*parsed.Find("provider"), "b");
     EXPECT_EQ(parsed.Find("Provide"), nullptr);
+}
+
+TEST(InitString, OneValueIsReplacedAndTheRestStaysToTheCharacter) {
+    const char* const cases[][3] = {
+        {" A = 1 ;; B=2", "x", " A = x ;; B=2"},
+        {"B=2;a='1;''2' ;", "x y", "B=2;a=x y ;"},
+        {"A=1;A=;", "q\"u;o", "A=1;A=\"q\"\"u;o\";"},
+        {"A= ", " x", "A=\" x\" "},
+        {"B=1", "x", "B=1"},
+    };
+    for (const auto& [text, value, expected] : cases) {
+        oledb::InitString parsed;
+        std::string error;
+        ASSERT_TRUE(parsed.Parse(text, error));
+        EXPECT_EQ(parsed.With("A", value), expected);
+        ASSERT_TRUE(parsed.Parse(parsed.With("A", value), error));
+        const std::string* const found = parsed.Find("A");
+        EXPECT_TRUE(found == nullptr || *found == value) << text;
+    }
 }
 
 }  // namespace

@@ -144,6 +144,8 @@ TEST(InitString, OnlyTheFileOfAnSqliteDatabaseIsMadeAbsolute) {
          "Provider=\"SQLite\";Data Source=\\f\\a.db"},
         {"a semicolon in quotes", "Data Source='a;b.db';Provider=SQLite",
          "Data Source=\"\\f\\a;b.db\";Provider=SQLite"},
+        {"doubled quotes", "Data Source='it''s;.db';Provider=SQLite",
+         "Data Source=\"\\f\\it's;.db\";Provider=SQLite"},
         {"a data source that is a name", "Provider=MSDASQL;Data Source=lab",
          "Provider=MSDASQL;Data Source=lab"},
         {"no data source", "Provider=SQLite", "Provider=SQLite"},

@@ -4,6 +4,7 @@
 
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/providers/sqlite/SelectText.h"
+#include "platform/oledb/providers/sqlite/SqliteDirectStatement.h"
 #include "platform/oledb/providers/sqlite/SqliteSelection.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
@@ -58,12 +59,35 @@ HRESULT SqliteConnection::Select(std::string_view statement,
     return FAILED(result) ? result : Execute(plan, text, selection);
 }
 
-HRESULT Connect(const InitString& properties, std::shared_ptr<Connection>& connection) {
-    for (const auto& [keyword, value] : properties.Entries()) {
-        if (!InitString::SameKeyword(keyword, "Provider") &&
-            !InitString::SameKeyword(keyword, "Data Source")) {
+HRESULT SqliteConnection::Prepare(std::string_view sql, std::unique_ptr<Statement>& statement,
+                                  std::string& reason) {
+    auto made = std::make_unique<SqliteDirectStatement>(shared_from_this());
+    const HRESULT result = made->Prepare(std::string(sql), reason);
+    if (SUCCEEDED(result)) statement = std::move(made);
+    return result;
+}
+
+HRESULT SqliteConnection::Columns(const std::string& table, std::vector<std::string>& names,
+                                  std::string& reason) {
+    SqliteDirectStatement statement(shared_from_this());
+    HRESULT result = statement.Prepare("SELECT name FROM pragma_table_info(?)", reason);
+    if (SUCCEEDED(result)) {
+        result = statement.Execute({Value::Of(std::string_view(table))}, reason);
+    }
+    bool found = false;
+    while (SUCCEEDED(result) && SUCCEEDED(result = statement.Fetch(found, reason)) && found) {
+        names.emplace_back(statement.Column(0).text);
+    }
+    return result;
+}
+
+HRESULT Connect(const InitString& properties, Access access,
+                std::shared_ptr<Connection>& connection) {
+    for (const InitString::Entry& entry : properties.Entries()) {
+        if (!InitString::SameKeyword(entry.keyword, "Provider") &&
+            !InitString::SameKeyword(entry.keyword, "Data Source")) {
             return SetLastError(DB_E_BADINITSTRING,
-                                "initialisation string: SQLite knows no \"" + keyword + "\"");
+                                "initialisation string: SQLite knows no \"" + entry.keyword + "\"");
         }
     }
     const std::string* const source = properties.Find("Data Source");
@@ -71,7 +95,7 @@ HRESULT Connect(const InitString& properties, std::shared_ptr<Connection>& conne
         return SetLastError(DB_E_BADINITSTRING, "initialisation string: Data Source is missing");
     }
     auto made = std::make_shared<SqliteConnection>();
-    const HRESULT result = made->Open(win32::FileSystemPath(win32::GbkFromUtf8(*source)));
+    const HRESULT result = made->Open(win32::FileSystemPath(win32::GbkFromUtf8(*source)), access);
     if (SUCCEEDED(result)) connection = std::move(made);
     return result;
 }

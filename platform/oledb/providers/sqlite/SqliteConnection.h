@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/oledb/Provider.h"
 #include "platform/oledb/providers/sqlite/SelectPlan.h"
@@ -16,9 +17,15 @@ namespace oledb::sqlite {
 class SqliteConnection final : public Connection,
                                public std::enable_shared_from_this<SqliteConnection> {
 public:
-    HRESULT Open(const std::string& path) { return database_.Open(path); }
+    HRESULT Open(const std::string& path, Access access) { return database_.Open(path, access); }
+
+    std::string Name() const override { return database_.Path(); }
     HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) override;
 
+    HRESULT Prepare(std::string_view sql, std::unique_ptr<Statement>& statement,
+                    std::string& reason) override;
+    HRESULT Columns(const std::string& table, std::vector<std::string>& names,
+                    std::string& reason) override;
     HRESULT Begin(std::string& reason) override { return database_.Begin(reason); }
     HRESULT Commit(std::string& reason) override { return database_.Commit(reason); }
     void Rollback() override { database_.Rollback(); }
@@ -36,6 +43,7 @@ private:
 };
 
 /// The properties are "Data Source", the path of the file as a Windows path, and nothing else.
-HRESULT Connect(const InitString& properties, std::shared_ptr<Connection>& connection);
+HRESULT Connect(const InitString& properties, Access access,
+                std::shared_ptr<Connection>& connection);
 
 }  // namespace oledb::sqlite

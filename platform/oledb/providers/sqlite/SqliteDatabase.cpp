@@ -90,7 +90,17 @@ HRESULT SqliteDatabase::CheckPlace() {
     return SetLastError(result, reason);
 }
 
-HRESULT SqliteDatabase::Open(const std::string& path) {
+HRESULT SqliteDatabase::CheckFor(bool reading, std::string& reason) {
+    if (inTransaction_ || (reading && files_.DatabaseIsThere())) return S_OK;
+    return CheckFiles(reason);
+}
+
+std::int64_t SqliteDatabase::NoteChanges() {
+    if (!inTransaction_) NoteLockHad();
+    return SQLITE_CALL(sqlite3_changes, Handle());
+}
+
+HRESULT SqliteDatabase::Open(const std::string& path, Access access) {
     path_ = path;
     // The real path: a link put there by now is no way to another file.
     win32::FilePlace place;
@@ -100,9 +110,11 @@ HRESULT SqliteDatabase::Open(const std::string& path) {
     }
     const std::string file = place.Path();
     sqlite3* opened = nullptr;
-    int code =
-        SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened,
-                    SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW, nullptr);
+    // Also what is only read is opened for writing, as the last one to close a database can then
+    // clear its log away.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW |
+                      (access == Access::Create ? SQLITE_OPEN_CREATE : 0);
+    int code = SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened, flags, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) return Failure(code, path);
     SQLITE_CALL(sqlite3_busy_handler, opened, WaitForLock, nullptr);
@@ -117,8 +129,19 @@ HRESULT SqliteDatabase::Open(const std::string& path) {
         code = CountPages(pages);
     }
     if (code != SQLITE_OK) return Failure(code, path);
-    if (pages == 0) return SetLastError(E_FAIL, path + ": file is empty");
+    if ((pages == 0) != (access == Access::Create)) {
+        return SetLastError(E_FAIL, path + (pages == 0 ? ": file is empty" : ": is there already"));
+    }
     if (snapshot == nullptr) files_.Remember(file);
+    return SetUp(access);
+}
+
+HRESULT SqliteDatabase::SetUp(Access access) {
+    std::string reason;
+    const char* const kSetting =
+        access == Access::Create ? "PRAGMA journal_mode = WAL" : "PRAGMA query_only = ON";
+    const HRESULT result = access == Access::Change ? S_OK : RunKept(kSetting, {}, reason);
+    if (FAILED(result)) return SetLastError(result, path_ + ": " + reason);
     SpareWaits();
     return S_OK;
 }

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/oledb/Provider.h"
 #include "platform/oledb/Value.h"
 #include "platform/oledb/oledb_errors.h"
 #include "platform/oledb/providers/sqlite/OpenFiles.h"
@@ -25,14 +26,23 @@ public:
     SqliteDatabase(const SqliteDatabase&) = delete;
     SqliteDatabase& operator=(const SqliteDatabase&) = delete;
 
-    /// Opens the file (UTF-8 path of the file system) for reading and writing, in the journal mode
-    /// that it has. Where nothing can be written it is read as it stands now, and changes are
-    /// refused. A file that is missing, empty or no database is refused, none is made.
-    HRESULT Open(const std::string& path);
+    /// Opens the file (UTF-8 path of the file system), in the journal mode that it has. Where
+    /// nothing can be written it is read as it stands now, and changes are refused. A file that is
+    /// missing, empty or no database is refused; Create makes one, with a write-ahead log, and
+    /// refuses a file that holds anything.
+    HRESULT Open(const std::string& path, Access access);
 
+    const std::string& Path() const { return path_; }
     sqlite3* Handle() const { return handle_.get(); }
     /// E_FAIL, told, when another file has taken the place of the one that is open, or none.
     HRESULT CheckPlace();
+    /// Whether a statement may be run now, which reads or changes: E_FAIL when others do not find
+    /// these files by their names any more.
+    HRESULT CheckFor(bool reading, std::string& reason);
+    /// To be told once a statement of a program's own has made its changes; gives their number.
+    std::int64_t NoteChanges();
+    /// What a code stands for, and the library's words for it.
+    HRESULT Reason(int code, std::string& reason) const;
     /// Runs a statement that changes one row and has been run before by the same text, if so, as
     /// that prepared statement. DB_E_DELETEDROW when no row was changed. Nothing is changed once
     /// others do not find these files by their names any more. The failures of this and of the
@@ -53,10 +63,9 @@ private:
         void operator()(sqlite3* database) const;
     };
     int CountPages(std::int64_t& pages);
+    HRESULT SetUp(Access access);
     void SpareWaits();
 
-    /// What a code stands for, and the library's words for it.
-    HRESULT Reason(int code, std::string& reason) const;
     HRESULT CheckFiles(std::string& reason);
     void LeavePlace();
     /// Runs a statement to its end, prepared as it was for the same text before.

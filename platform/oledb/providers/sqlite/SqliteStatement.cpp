@@ -1,6 +1,7 @@
 #include "platform/oledb/providers/sqlite/SqliteStatement.h"
 
 #include "platform/oledb/providers/sqlite/sqlite_call.h"
+#include "platform/win32/gbk_text.h"
 
 namespace oledb::sqlite {
 namespace {
@@ -22,10 +23,20 @@ void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
 
 int SqliteStatement::Prepare(sqlite3* database, const std::string& sql) {
     sqlite3_stmt* made = nullptr;
+    const char* rest = sql.c_str();
     const int code = SQLITE_CALL(sqlite3_prepare_v2, database, sql.c_str(),
-                                 static_cast<int>(sql.size()) + 1, &made, nullptr);
+                                 static_cast<int>(sql.size()) + 1, &made, &rest);
     handle_.reset(made);
+    isWholeText_ = made != nullptr && win32::TrimBlanks(rest).empty();
     return code;
+}
+
+bool SqliteStatement::IsReading() const {
+    return SQLITE_CALL(sqlite3_stmt_readonly, handle_.get()) != 0;
+}
+
+int SqliteStatement::ParameterCount() const {
+    return SQLITE_CALL(sqlite3_bind_parameter_count, handle_.get());
 }
 
 void SqliteStatement::Bind(int index, const Value& value) {
@@ -79,6 +90,11 @@ Value SqliteStatement::Column(int column) const {
     Value value = Value::Of(std::string_view(static_cast<const char*>(bytes), size));
     if (type == SQLITE_BLOB) value.kind = Value::Kind::Blob;
     return value;
+}
+
+std::string SqliteStatement::ColumnName(int column) const {
+    const char* const name = SQLITE_CALL(sqlite3_column_name, handle_.get(), column);
+    return name == nullptr ? std::string() : name;
 }
 
 std::string SqliteStatement::OriginColumn(int column) const {
