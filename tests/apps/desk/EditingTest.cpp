@@ -76,11 +76,12 @@ TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
     EXPECT_TRUE(View().Grips().IsDragging());
     EXPECT_NEAR(View().Grips().Offset().y, -6.0, 0.5);
     EXPECT_EQ(TextsOf(curve_), labels) << "a drag changes nothing yet";
+    const Point dropped = grip + View().Grips().Offset();
     Release(there);
     EXPECT_FALSE(View().Grips().IsDragging());
-    EXPECT_NEAR(GripAt(3).y, there.y, 0.5);
-    const QStringList dropped = TextsOf(curve_);
-    EXPECT_NE(dropped[2], labels[2]) << "d30 is read off the new shape";
+    EXPECT_EQ(GripAt(3), dropped) << "to the last digit";
+    const QStringList reshaped = TextsOf(curve_);
+    EXPECT_NE(reshaped[2], labels[2]) << "d30 is read off the new shape";
     EXPECT_TRUE(window_.windowTitle().endsWith(QLatin1Char('*')));
     EXPECT_EQ(Stored("SELECT KLD30" + kRow), before);
 
@@ -99,7 +100,8 @@ TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
     EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
     const std::string after = Stored("SELECT KLD30" + kRow);
     EXPECT_NE(after, before);
-    EXPECT_EQ(QStringLiteral("=") + QString::number(QString::fromStdString(after).toDouble()), dropped[2]);
+    EXPECT_EQ(QStringLiteral("=") + QString::number(QString::fromStdString(after).toDouble()),
+              reshaped[2]);
     EXPECT_TRUE(Curves().empty()) << "the new drawing is shown";
 }
 

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 
@@ -89,7 +90,11 @@ TEST_F(DrawTest, SheetsAreNamedAsTheyAreSavedAndResultsStored) {
     EXPECT_THAT(SheetNames(run), ElementsAre("KFZK2-1-2~ZK2-2-10.dwg", "KFZK2-3-1.dwg"));
     const Json drawn = Sample("ZK2", "2-10");
     EXPECT_TRUE(drawn["drawn"]);
-    EXPECT_GT(drawn["results"]["d60"], drawn["results"]["d10"]);
+    const auto result = [&](const char* name) { return drawn["results"][name].get<double>(); };
+    EXPECT_NEAR(result("Cu"), result("d60") / result("d10"), 0.05);
+    EXPECT_NEAR(result("Cc"), std::pow(result("d30"), 2) / result("d60") / result("d10"), 0.05);
+    EXPECT_EQ(drawn["depth"], 7.7);
+    EXPECT_EQ(drawn["thickness"], 0.2);
     EXPECT_TRUE(Sample("ZK2", "2-1")["results"]["d60"].is_null());
     EXPECT_FALSE(Sample("ZK2", "2-1")["drawn"]);
 
@@ -374,4 +379,6 @@ TEST_F(DrawTest, LayersHaveChartsOfTheirOwn) {
     EXPECT_EQ(asLayers["curves"][0]["subLayer"], 1);
     EXPECT_EQ(asLayers["curves"][1]["mainLayer"], 4);
     EXPECT_EQ(asLayers["curves"][1]["subLayer"], 0);
+    const Json results = List()["layers"].back()["results"];
+    EXPECT_NEAR(results["Cu"], results["d60"].get<double>() / results["d10"].get<double>(), 0.05);
 }

@@ -103,6 +103,7 @@ TEST_F(NewAndImportTest, BadNumbersAndNamesAreRefusedAndLeaveNothing) {
         {"--number", ".."},
         {"--number", "a'b"},
         {"--number", " a"},
+        {"--number", "a "},
         {"--number", "123456789012345678901"},
         {"--name", "\xF0\x9F\x98\x80"},
         {"--name", "a\nb"},

@@ -65,6 +65,7 @@ TEST(SampleFileTest, NamesEveryBadLineWithItsReason) {
         {",1,1,1,m,10,2,1", "borehole: missing"},
         {"K,,1,1,m,10,2,1", "sample: missing"},
         {" K,1,1,1,m,10,2,1", "blanks around"},
+        {"K,1 ,1,1,m,10,2,1", "blanks around"},
         {"K　,1,1,1,m,10,2,1", "blanks around"},
         {"K'1,1,1,1,m,10,2,1", "borehole \"K'1\": ' cannot stand in the name of a sheet"},
         {"K,*1,1,1,m,10,2,1", "sample \"*1\": * cannot stand in the name of a sheet"},

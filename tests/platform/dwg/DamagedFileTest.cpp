@@ -236,6 +236,18 @@ TEST_F(DamagedFileTest, LinksInCirclesLoseNothing) {
     EXPECT_THAT(entities(*database), SizeIs(3));
 }
 
+TEST_F(DamagedFileTest, AnObjectThatClaimsMoreThanItsPlaceIsLeftOut) {
+    const AcDbHandle line = entities(database_)[0]->objectId().handle();
+    const std::string content = objects(file_)[line];
+    DwgBitReader reader(dwg::BytesOf(content), 0, 8 * content.size());
+    reader.bitShort();
+    const std::uint32_t bits = reader.rawLong();
+    replaceIn(line, (bits & 0xFF) << 8 | bits >> 8, 0xFFFF);
+    const auto database = salvaged();
+    EXPECT_THAT(database->damage().objects, ElementsAre(line));
+    EXPECT_THAT(database->damage().reasons, testing::Contains(HasSubstr("has a wrong size")));
+}
+
 TEST_F(DamagedFileTest, WhatBelongsToADamagedObjectIsLostWithIt) {
     const AcDbObjectId gone = addBlock("Gone");
     appendLine({}, {1, 0, 0}, "Gone");

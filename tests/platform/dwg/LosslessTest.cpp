@@ -1,7 +1,9 @@
 // What a save leaves as it was.
 #include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbPolyline.h"
 #include "platform/dwg/DwgFileRemains.h"
 #include "tests/platform/dwg/DwgFixture.h"
+#include "tests/platform/dwg/KeptEntities.h"
 #include "tests/platform/dwg/TestCurve.h"
 
 namespace {
@@ -72,8 +74,16 @@ TEST_F(LosslessTest, OnlyTheCurveThatIsEditedDiffers) {
         curve->points = {{x, 0, 0}, {x + 5, 30, 0}};
         append(std::move(curve));
     }
+    constexpr std::uint16_t kPolyline = 77;
+    append(kept::Make(kPolyline, [](DwgBitWriter& bits) {
+        bits.bitShort(256);  // its line type goes on around the vertices
+        bits.bitLong(1);
+        bits.rawDouble(3);
+        bits.rawDouble(4);
+    }));
     const std::string file = save();
     const auto copy = read();
+    EXPECT_EQ(entities(*copy).back()->isA(), AcDbPolyline::desc());
     const AcDbObjectId edited = entities(*copy)[3]->objectId();
     {
         const Opened opened(edited);

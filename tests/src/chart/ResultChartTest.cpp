@@ -65,9 +65,9 @@ TEST_F(ResultChart, CompactForm) {
     EXPECT_THAT(Drawn("text 53.4,234.45"), IsEmpty());
     EXPECT_THAT(Drawn("text 54.5,146.95"), IsEmpty());
     const auto labels = CurveLabels();
-    EXPECT_THAT(labels,
-                ElementsAre(HasSubstr(" at 142.6"), HasSubstr(" at 165.38"), HasSubstr(" at 142.6"),
-                            HasSubstr(" at 142.6"), HasSubstr(" at 171.89")));
+    EXPECT_THAT(labels, ElementsAre(HasSubstr(" at 142.6,168.95"), HasSubstr(" at 165.38,167.75"),
+                                    HasSubstr(" at 142.6,162.95"), HasSubstr(" at 142.6,156.95"),
+                                    HasSubstr(" at 171.89,157.25")));
 }
 
 TEST_F(ResultChart, LongFormHasTheIndexBlockBelow) {

@@ -116,15 +116,15 @@ TEST_F(ProjectTable, WalksEndWithAnotherResultThanDone) {
 }
 
 TEST_F(ProjectTable, LayersAreListedOnceInOrder) {
-    Run("INSERT INTO x_SheJi VALUES(12,10,0,1105,'1',''),(12,2,1,1109,'1',''),(12,2,1,1106,'1',''),"
-        "(12,2,0,1108,'1',''),(12,3,0,1107,'1',''),(13,4,0,1105,'1','')");
+    Run("INSERT INTO x_SheJi VALUES(12,10,0,1105,'1',''),(12,2,1,1109,'1',''),(12,2,2,1106,'1',''),"
+        "(12,2,1,1109,'2',''),(12,2,0,1108,'1',''),(12,3,0,1107,'1',''),(13,4,0,1105,'1','')");
     CSheJiLayerTable table;
     std::string seen;
     for (HRESULT r = ReadFirst(table, LayersWithFractionsFilter(12)); r == S_OK;
          r = table.MoveNext()) {
         seen += std::to_string(table.record.ZCBH) + "-" + std::to_string(table.record.YCBH) + " ";
     }
-    EXPECT_EQ(seen, "2-0 2-1 10-0 ");
+    EXPECT_EQ(seen, "2-0 2-1 2-2 10-0 ");
 }
 
 TEST_F(ProjectTable, KeysThatCannotStandInAStatementFailTheOpen) {

@@ -16,11 +16,17 @@ TEST_F(CKFEditorReactorTest, AsksBeforeLeavingAChangedCurveOnly) {
     }
     EXPECT_TRUE(Boxes().empty());
 
-    Windows().AddAnswer(Box(IDNO));
-    acedEditor->tellCommandWillStart("OPEN");
-    acedEditor->tellCommandWillStart("QUIT");
-    EXPECT_EQ(Boxes(), Texts{"颗分图中有关数据已改变,是否入库?"}) << "declined once is declined";
-    EXPECT_EQ(CurveDataChanged, 0);
+    for (const char* command :
+         {"OPEN", "NEW", "QUIT", "ZJGEN", "ZJEDIT", "GJGEN", "GJEDIT", "GJSJGEN", "GJSJEDIT",
+          "SZJQ", "SZOPEN", "CGRDX", "EGRDX", "CLGRDX", "ELGRDX"}) {
+        CurveDataChanged = 1;
+        Windows().AddAnswer(Box(IDNO));
+        acedEditor->tellCommandWillStart(command);
+        acedEditor->tellCommandWillStart(command);
+        EXPECT_EQ(Boxes(), Texts{"颗分图中有关数据已改变,是否入库?"})
+            << command << ": declined once is declined";
+        EXPECT_EQ(CurveDataChanged, 0);
+    }
 }
 
 TEST_F(CKFEditorReactorTest, AgreeingStartsTheStoreOnItsBehalf) {
