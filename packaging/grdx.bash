@@ -8,7 +8,7 @@ _grdx() {
             new | import | list | draw | info | plot | script | project | samples | layers) calls+=("$word") ;;
         esac
     done
-    help=$("${COMP_WORDS[0]}" "${calls[@]}" --help 2>/dev/null) || return
+    help=$(LC_ALL=C "${COMP_WORDS[0]}" "${calls[@]}" --help 2>/dev/null) || return
     if [[ $current == -* ]]; then
         mapfile -t COMPREPLY < <(compgen -W "$(grep -oE -- '(^|[ ,])--?[a-z][a-z-]*' <<<"$help" | tr -d ' ,')" -- "$current")
     else

@@ -47,11 +47,13 @@ def allowed(room):
     if room == "lab":
         return ["lab", "platform/"]
     if room == "apps/plot":
-        return [room, "apps/paint", "host", "platform/"]
+        return [room, "apps/paint", "apps/terminal", "host", "platform/"]
     if room == "apps/desk":
         return [room, "apps/paint", "apps/windows", "lab", "host", "platform/"]
     if room == "apps/grdx":
-        return [room, "lab", "src/core", "host", "platform/"]
+        return [room, "apps/terminal", "lab", "src/core", "host", "platform/"]
+    if room == "apps/terminal":
+        return [room]
     return [room, "host", "platform/"]
 
 

@@ -4,7 +4,9 @@
 
 #include "apps/grdx/Failure.h"
 #include "platform/suite/orvik8.h"
+#include "platform/suite/suite_folder.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/file_fault.h"
 #include "platform/win32/private_profile.h"
 #include "platform/win32/windows_path.h"
 
@@ -18,6 +20,14 @@ std::string ProjectText(const char* key) {
     return win32::Utf8FromGbk(ProfileText(ProjectProfile(), kSection, key));
 }
 }  // namespace
+
+void OpenSuite(const std::string& folder) {
+    win32::SetFileFaultListener([](const std::string& text) { throw Failure(text); });
+    std::string error;
+    if (!suite::OpenFolder(folder, error)) {
+        throw Failure(error);
+    }
+}
 
 std::string ProjectProfile() {
     char path[kProfilePathSize] = "";

@@ -7,6 +7,7 @@
 #include <CLI/CLI.hpp>
 
 #include "apps/plot/plot.h"
+#include "apps/terminal/help.h"
 #include "host/Host.h"
 #include "host/ResultStream.h"
 #include "host/version.h"
@@ -16,6 +17,8 @@
 #include "platform/win32/code_page.h"
 
 namespace {
+
+using terminal::Help;
 
 constexpr int kDone = 0;
 constexpr int kRefused = 1;
@@ -93,25 +96,37 @@ std::string CheckResolution(const std::string& text) {
 class CommandLine {
 public:
     CommandLine() {
-        app_.name("grdx plot");
-        app_.set_version_flag("--version", host::VersionText("grdx-plot"),
-                              "Print version and formats and exit");
-        app_.add_option("file", request_.drawings, "DWG file")->required();
-        app_.add_option("--to", request_.format, "kind of page: pdf, svg or png")
+        terminal::DescribeProgram(app_, "grdx plot",
+                                  Help("Drawings as pages and pictures", "把图形输出为页面或图像"),
+                                  host::VersionText("grdx-plot"));
+        app_.add_option("file", request_.drawings, Help("drawing", "图形文件"))
+            ->type_name("FILE.dwg")
+            ->required();
+        app_.add_option("--to", request_.format,
+                        Help("kind of page; SVG and PNG hold one drawing a file",
+                             "输出格式；SVG 和 PNG 每个文件一个图形"))
             ->required()
             ->transform(
                 CLI::Transformer(std::map<std::string, plot::Format>{{"pdf", plot::Format::kPdf},
                                                                      {"svg", plot::Format::kSvg},
-                                                                     {"png", plot::Format::kPng}}))
-            ->type_name("");
+                                                                     {"png", plot::Format::kPng}})
+                    .description(""))
+            ->type_name("pdf|svg|png");
         app_.add_option("-o,--output", request_.output,
-                        "the file to write, drawings as pages of one PDF; else one beside each");
-        app_.add_option("--dpi", request_.options.dpi, "dots an inch of PNG pictures")
+                        Help("the file to write, drawings as pages of one PDF; without it one file "
+                             "beside each drawing",
+                             "输出文件，PDF 可含多页；省略时在每个图形旁各写一个文件"))
+            ->type_name("FILE");
+        app_.add_option("--dpi", request_.options.dpi,
+                        Help("resolution of PNG pictures in dots an inch, 10 to 2400",
+                             "PNG 图像的分辨率，每英寸点数，10 至 2400"))
+            ->type_name("N")
             ->check(CheckResolution)
             ->capture_default_str();
-        app_.add_flag("--monochrome", request_.options.monochrome, "everything black");
-        app_.add_option("-s,--suite", suite_, "suite folder, for its fonts")->envname("GRDX_SUITE");
-        app_.add_flag("--trust", trust_, "agree to what the suite folder uses outside of itself");
+        app_.add_flag("--monochrome", request_.options.monochrome,
+                      Help("everything black", "全部用黑色"));
+        terminal::AddSuiteOption(app_, suite_);
+        terminal::AddTrustFlag(app_, trust_);
     }
 
     int run(int argc, char** argv) {
@@ -146,7 +161,7 @@ private:
         return Run(request_, suite_, trust_, results) ? kDone : kRefused;
     }
 
-    CLI::App app_{"Drawings as pages and pictures"};
+    CLI::App app_;
     plot::Request request_;
     std::string suite_;
     bool trust_ = false;

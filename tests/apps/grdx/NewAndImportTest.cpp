@@ -142,7 +142,19 @@ TEST_F(NewAndImportTest, WrongUsageIsToldApartFromRefusal) {
         EXPECT_THAT(wrong.output, IsEmpty());
         EXPECT_THAT(wrong.errors, testing::Not(IsEmpty()));
     }
-    EXPECT_EQ(Grdx({"--help"}).status, 0);
+    for (const char* group : {"", "draw ", "import "}) {
+        EXPECT_THAT(
+            RunProgram({"sh", "-c", std::string("$0 ") + group + "bogus", GRDX_PROGRAM}).errors,
+            HasSubstr("\"bogus\" is no call of"));
+        for (const auto& [locale, heading] :
+             {std::pair{"C", "Usage: "}, {"zh_CN.UTF-8", "用法: "}}) {
+            const ProgramResult help =
+                RunProgram({"sh", "-c", std::string("LC_ALL=$1 $0 ") + group + "--help",
+                            GRDX_PROGRAM, locale});
+            EXPECT_EQ(help.status, 0);
+            EXPECT_THAT(help.output, HasSubstr(heading));
+        }
+    }
     EXPECT_EQ(Grdx({"list", "-s", Suite()}).status, 1);
 }
 
