@@ -17,10 +17,10 @@
 #include "platform/win32/windows_path.h"
 #include "src/common/module_state.h"
 #include "src/db/project_database.h"
+#include "src/facts/control_ids.h"
 #include "src/ui/CLayerBrowser.h"
 #include "src/ui/CSampleBrowser.h"
 #include "src/ui/plugin_resources.h"
-#include "src/ui/resource_ids.h"
 
 namespace {
 

@@ -23,7 +23,9 @@ void Fill(CKFCurve& curve) {
         labels.append(AcGePoint3d(140.0, -5.0 - 6.5 * i, 0.0));
     }
     curve.SetIdentity(2, 1, "2026-018", "ZK1", "1");
-    curve.SetGrid(CurveGrid::For(AcGePoint3d(0.0, 0.0, 0.0), 160.0, 65.0, 60.0), 2.4);
+    const CurveGrid grid = CurveGrid::For(AcGePoint3d(0.0, 0.0, 0.0), 160.0, 65.0, 60.0);
+    curve.SetGrid(grid.gridOrigin, grid.wideAxis, grid.decadeLength, grid.gridWidth,
+                  grid.gridHeight, 2.4);
     curve.SetPoints(points, labels);
 }
 

@@ -109,7 +109,9 @@ void DrawCurve(AcDbDatabase& drawing, Adesk::Int16 chartType) {
     Make<AcDbSpline>(drawing, points);
     auto curve = std::make_unique<CKFCurve>();
     curve->SetIdentity(chartType, 1, "2026-017", "ZK1", "3-1");
-    curve->SetGrid(CurveGrid::For({0, 0, 0}, 120, 80, 60), 2.5);
+    const CurveGrid grid = CurveGrid::For({0, 0, 0}, 120, 80, 60);
+    curve->SetGrid(grid.gridOrigin, grid.wideAxis, grid.decadeLength, grid.gridWidth,
+                   grid.gridHeight, 2.5);
     curve->SetPoints(points, labels);
     curve->SetLayerKey("2", "1");
     Add(drawing, std::move(curve));

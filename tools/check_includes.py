@@ -23,16 +23,19 @@ PLATFORM = {
     "platform/oledb": ["platform/win32"],
 }
 SRC = {
+    "src/facts": [],
     "src/common": [],
-    "src/core": ["src/common"],
-    "src/db": ["src/core", "src/common"],
-    "src/entity": ["src/db", "src/core", "src/common"],
-    "src/chart": ["src/entity", "src/db", "src/core", "src/common"],
-    "src/ui": ["src/db", "src/core", "src/common"],
-    "src/edit": ["src/entity", "src/db", "src/core", "src/common"],
+    "src/core": ["src/facts"],
+    "src/db": ["src/core", "src/facts", "src/common"],
+    "src/entity": ["src/db", "src/core", "src/facts", "src/common"],
+    "src/chart": ["src/entity", "src/db", "src/core", "src/facts", "src/common"],
+    "src/ui": ["src/db", "src/core", "src/facts", "src/common"],
+    "src/edit": ["src/entity", "src/db", "src/core", "src/facts", "src/common"],
     "src/frame": ["src/ui", "src/chart", "src/edit", "src/entity", "src/db", "src/core",
-                  "src/common"],
+                  "src/facts", "src/common"],
 }
+# What both sides of the load boundary share: pure calculation, and facts that both must agree on.
+SHARED = ["src/core", "src/facts"]
 # The plug-in knows the published interfaces, never the drawing file behind them.
 SRC_PLATFORM = [room for room in PLATFORM if room != "platform/dwg"]
 
@@ -45,13 +48,13 @@ def allowed(room):
     if room == "host":
         return ["host", "platform/"]
     if room == "lab":
-        return ["lab", "platform/"]
+        return ["lab", *SHARED, "platform/"]
     if room == "apps/plot":
         return [room, "apps/paint", "apps/terminal", "host", "platform/"]
     if room == "apps/desk":
-        return [room, "apps/paint", "apps/windows", "lab", "host", "platform/"]
+        return [room, "apps/paint", "apps/windows", "lab", *SHARED, "host", "platform/"]
     if room == "apps/grdx":
-        return [room, "apps/terminal", "lab", "src/core", "host", "platform/"]
+        return [room, "apps/terminal", "lab", *SHARED, "host", "platform/"]
     if room == "apps/terminal":
         return [room]
     return [room, "host", "platform/"]

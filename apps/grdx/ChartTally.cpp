@@ -7,6 +7,7 @@
 #include "apps/grdx/suite_access.h"
 #include "lab/project_database.h"
 #include "platform/win32/code_page.h"
+#include "src/facts/control_ids.h"
 
 namespace console {
 
@@ -46,11 +47,11 @@ std::string SheetCount(std::size_t count) {
 }
 
 void ChartTally::NoteConfirmed(mfc::FrameModel& window) {
-    const mfc::ListBoxModel* const items = FindSheetList(window, kItemList);
+    const mfc::ListBoxModel* const items = FindSheetList(window, IDC_SAMPLES);
     if (items == nullptr) {
         return;
     }
-    const mfc::ListBoxModel* const boreholes = FindSheetList(window, kBoreholeList);
+    const mfc::ListBoxModel* const boreholes = FindSheetList(window, IDC_BOREHOLES);
     const auto text = [](const mfc::ListBoxModel::Item& item) {
         return win32::Utf8FromGbk(WithoutMark(item.text));
     };

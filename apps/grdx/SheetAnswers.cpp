@@ -6,17 +6,11 @@
 #include "apps/grdx/sheet_lists.h"
 #include "platform/mfc/ListBoxModel.h"
 #include "platform/win32/code_page.h"
+#include "src/facts/control_ids.h"
 
 namespace console {
 
 namespace {
-// Templates and controls of the sheet, as scripts name them too.
-constexpr int kAnnotationPage = 601;
-constexpr int kOptionPage = 2008;
-constexpr int kOuterFrame = 2035;
-constexpr int kRightAxis = 2036;
-constexpr int kRecompute = 2037;
-
 /// A text of the annotation page and the check box beside it.
 struct Annotation {
     std::optional<std::string> PageChoices::*text;
@@ -26,10 +20,10 @@ struct Annotation {
     const char* option;
 };
 constexpr Annotation kAnnotations[] = {
-    {&PageChoices::unit, &PageChoices::showUnit, 2013, 2026, "--unit"},
-    {&PageChoices::tester, &PageChoices::showTester, 2009, 2027, "--tester"},
-    {&PageChoices::checker, &PageChoices::showChecker, 2010, 2028, "--checker"},
-    {&PageChoices::date, &PageChoices::showDate, 2030, 2029, "--date"},
+    {&PageChoices::unit, &PageChoices::showUnit, IDC_UNIT, IDC_UNIT_CHECK, "--unit"},
+    {&PageChoices::tester, &PageChoices::showTester, IDC_TESTER, IDC_TESTER_CHECK, "--tester"},
+    {&PageChoices::checker, &PageChoices::showChecker, IDC_CHECKER, IDC_CHECKER_CHECK, "--checker"},
+    {&PageChoices::date, &PageChoices::showDate, IDC_DATE, IDC_DATE_CHECK, "--date"},
 };
 
 /// Index of every item of the list by its text without mark.
@@ -90,16 +84,16 @@ std::vector<mfc::Answer> SheetAnswers::operator()(mfc::FrameModel& window) {
 
 std::vector<mfc::Answer> SheetAnswers::PickBorehole(mfc::FrameModel& sheet) {
     const std::string borehole = ListName(request_.borehole);
-    if (!Offered(FindSheetList(sheet, kBoreholeList)).contains(borehole)) {
+    if (!Offered(FindSheetList(sheet, IDC_BOREHOLES)).contains(borehole)) {
         windows_.Fail("borehole \"" + request_.borehole + "\" is not offered");
         return {};
     }
     // Each answer is given before the next is asked for, so the samples are there then.
-    return {{mfc::Answer::Kind::Select, kBoreholeList, {borehole}}};
+    return {{mfc::Answer::Kind::Select, IDC_BOREHOLES, {borehole}}};
 }
 
 std::vector<mfc::Answer> SheetAnswers::PickItems(mfc::FrameModel& sheet) {
-    mfc::ListBoxModel* const list = FindSheetList(sheet, kItemList);
+    mfc::ListBoxModel* const list = FindSheetList(sheet, IDC_SAMPLES);
     const std::unordered_map<std::string, int> offered = Offered(list);
     std::set<int> wanted;
     for (const std::string& item : request_.items) {
@@ -137,10 +131,10 @@ std::vector<mfc::Answer> SheetAnswers::RestOfSheet() const {
 
 void SheetAnswers::AddOptions(std::vector<mfc::Answer>& answers) const {
     const PageChoices& choices = request_.choices;
-    const std::pair<int, std::optional<bool>> boxes[] = {{kOuterFrame, choices.outerFrame},
-                                                         {kRightAxis, choices.rightAxis},
-                                                         {kRecompute, choices.recompute}};
-    answers.push_back(Page(kOptionPage));
+    const std::pair<int, std::optional<bool>> boxes[] = {{IDC_OUTER_FRAME, choices.outerFrame},
+                                                         {IDC_RIGHT_AXIS, choices.rightAxis},
+                                                         {IDC_RECOMPUTE, choices.recompute}};
+    answers.push_back(Page(IDD_OPTIONS));
     for (const auto& [control, on] : boxes) {
         if (on) {
             answers.push_back(Check(control, *on));
@@ -149,7 +143,7 @@ void SheetAnswers::AddOptions(std::vector<mfc::Answer>& answers) const {
 }
 
 void SheetAnswers::AddAnnotations(std::vector<mfc::Answer>& answers) const {
-    answers.push_back(Page(kAnnotationPage));
+    answers.push_back(Page(IDD_ANNOTATION));
     for (const Annotation& annotation : kAnnotations) {
         const std::optional<std::string>& text = request_.choices.*annotation.text;
         if (text) {

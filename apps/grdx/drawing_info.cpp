@@ -84,55 +84,64 @@ std::string HandleText(AcDbHandle handle) {
 }
 
 DrawingInfo::Curve ReadCurve(const AcDbKeptEntity& entity, const DrawingInfo& info) {
-    constexpr std::size_t kFewestBitsPerValue = 2;
-    const AcDbKeptFields& kept = entity.keptFields();
     DrawingInfo::Curve curve;
     curve.handle = entity.objectId().handle();
-    KeptFieldsFiler filer(kept, *entity.database(), curve.handle);
-    if (!curve.fields.Read(filer, info.ofLayers, kept.bitCount / kFewestBitsPerValue)) {
+    KeptFieldsFiler filer(entity.keptFields(), *entity.database(), curve.handle);
+    CurveFieldReader read(filer);
+    CurveFields::ForEach(curve.fields, read);
+    if (!read.Good()) {
         throw Failure(info.file + ": the curve " + HandleText(curve.handle) +
                       " has not the fields of a grain-size curve");
     }
-    curve.textStyle = StyleName(curve.fields.textStyle);
+    if (info.ofLayers) {
+        CurveFields::ForEachLayerNumber(curve.fields, read);
+        curve.hasLayerNumbers = read.Good();
+    }
+    curve.textStyle = StyleName(curve.fields.textStyleId);
     return curve;
 }
 
-Json PointAsJson(const AcGePoint3d& point) {
-    return Json::array({point.x, point.y, point.z});
-}
+/// Adds the fields that it is called for.
+class JsonFields {
+public:
+    JsonFields(Json& json, const std::string& textStyle) : json_(json), textStyle_(textStyle) {}
 
-Json PointsAsJson(const std::vector<AcGePoint3d>& points) {
-    Json list = Json::array();
-    for (const AcGePoint3d& point : points) {
-        list.push_back(PointAsJson(point));
+    template <class Value>
+    void operator()(const char* name, const Value& value) {
+        json_[name] = ValueOf(value);
     }
-    return list;
-}
+
+private:
+    template <class Value>
+    static Json ValueOf(const Value& value) {
+        return value;
+    }
+    static Json ValueOf(const std::string& gbk) { return win32::Utf8FromGbk(gbk); }
+    static Json ValueOf(const AcGePoint3d& point) {
+        return Json::array({point.x, point.y, point.z});
+    }
+    static Json ValueOf(const AcGePoint3dArray& points) {
+        Json list = Json::array();
+        for (const AcGePoint3d& point : points) {
+            list.push_back(ValueOf(point));
+        }
+        return list;
+    }
+    Json ValueOf(const AcDbHardPointerId& /*of the style*/) const {
+        return win32::Utf8FromGbk(textStyle_);
+    }
+
+    Json& json_;
+    const std::string& textStyle_;
+};
 
 Json CurveAsJson(const DrawingInfo::Curve& curve, bool ofLayers) {
-    const CurveFields& fields = curve.fields;
-    Json json = {{"handle", HandleText(curve.handle)},
-                 {"gridOrigin", PointAsJson(fields.gridOrigin)},
-                 {"curvePoints", PointsAsJson(fields.curvePoints)},
-                 {"labelPoints", PointsAsJson(fields.labelPoints)},
-                 {"chartType", fields.chartType},
-                 {"projectIndex", fields.projectIndex},
-                 {"projectNumber", win32::Utf8FromGbk(fields.projectNumber)},
-                 {"borehole", win32::Utf8FromGbk(fields.borehole)},
-                 {"sample", win32::Utf8FromGbk(fields.sample)},
-                 {"wideAxis", fields.wideAxis},
-                 {"decadeLength", fields.decadeLength},
-                 {"gridWidth", fields.gridWidth},
-                 {"gridHeight", fields.gridHeight},
-                 {"textHeight", fields.textHeight},
-                 {"diameters", fields.diameters},
-                 {"modified", fields.modified},
-                 {"colorIndex", fields.colorIndex},
-                 {"savingAs", fields.savingAs},
-                 {"textStyle", win32::Utf8FromGbk(curve.textStyle)}};
+    Json json = {{"handle", HandleText(curve.handle)}};
+    CurveFields::ForEach(curve.fields, JsonFields(json, curve.textStyle));
     if (ofLayers) {
-        json["mainLayer"] = fields.layer ? Json(fields.layer->main) : Json();
-        json["subLayer"] = fields.layer ? Json(fields.layer->sub) : Json();
+        CurveFields::ForEachLayerNumber(curve.fields, [&](const char* name, Adesk::Int32 number) {
+            json[name] = curve.hasLayerNumbers ? Json(number) : Json();
+        });
     }
     return json;
 }

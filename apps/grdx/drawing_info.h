@@ -7,8 +7,8 @@
 
 #include <nlohmann/json_fwd.hpp>
 
-#include "apps/grdx/CurveFields.h"
 #include "platform/db/AcDb.h"
+#include "src/facts/CurveFields.h"
 
 namespace console {
 
@@ -17,6 +17,7 @@ struct DrawingInfo {
     struct Curve {
         AcDbHandle handle = 0;
         CurveFields fields;
+        bool hasLayerNumbers = false;
         std::string textStyle;  ///< name of the style (GBK); empty when the file has no such style
     };
 

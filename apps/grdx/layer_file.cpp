@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include "apps/grdx/csv_columns.h"
+#include "src/facts/sieve_series.h"
 
 namespace console {
 
@@ -14,18 +14,14 @@ enum Column : std::size_t { kMain, kSub, kSize, kPercent };
 
 constexpr int kHighestNumber = 255;
 constexpr std::size_t kValueLimit = 50;  // bytes of the value's column
-constexpr int kFirstCode = 1100;
-/// Sizes (mm) of the codes from 1100 on.
-constexpr double kSizes[] = {800,  400, 200,   60,    40,   20,   10,    5,     2, 0.5,
-                             0.25, 0.1, 0.075, 0.074, 0.05, 0.01, 0.005, 0.002, 0};
 
 /// 0 for a size that is no standard one.
 int CodeOfSize(double size) {
     constexpr double kTolerance = 0.0001;
-    const auto* found = std::find_if(std::begin(kSizes), std::end(kSizes), [&](double standard) {
-        return std::abs(standard - size) < kTolerance;
-    });
-    return found == std::end(kSizes) ? 0 : kFirstCode + static_cast<int>(found - kSizes);
+    const auto found = std::find_if(
+        kSieveSeries.begin(), kSieveSeries.end(),
+        [&](const SieveClass& standard) { return std::abs(standard.size - size) < kTolerance; });
+    return found == kSieveSeries.end() ? 0 : found->layerCode;
 }
 
 LayerData::Percentage ReadPercentage(RecordReader& reader) {

@@ -1,6 +1,7 @@
 #include "apps/grdx/sheet_lists.h"
 
 #include "platform/mfc/SheetModel.h"
+#include "src/facts/mark_keys.h"
 
 namespace console {
 
@@ -18,7 +19,7 @@ mfc::ListBoxModel* FindSheetList(mfc::FrameModel& window, int id) {
 }
 
 std::string WithoutMark(const std::string& item) {
-    return item.starts_with('*') ? item.substr(1) : item;
+    return item.starts_with(kDrawnMark) ? item.substr(1) : item;
 }
 
 }  // namespace console

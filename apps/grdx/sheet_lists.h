@@ -8,9 +8,6 @@
 /// The lists on the selection page of a chart command's property sheet.
 namespace console {
 
-inline constexpr int kBoreholeList = 2008;
-inline constexpr int kItemList = 2001;
-
 /// A list of the sheet; null when there is none of that id, as in a dialog that is no such sheet.
 mfc::ListBoxModel* FindSheetList(mfc::FrameModel& window, int id);
 

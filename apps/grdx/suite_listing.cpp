@@ -9,12 +9,11 @@
 #include "apps/grdx/suite_access.h"
 #include "lab/project_database.h"
 #include "platform/win32/code_page.h"
+#include "src/facts/mark_keys.h"
 
 namespace console {
 
 namespace {
-constexpr const char* kMarkSection = "CKFDlg";
-
 /// The samples of all tables, since a table may lack some.
 constexpr const char* kSampleQuery = R"sql(
 SELECT k.ZKBH, k.QYBH, q.QYSD, q.QYHD, r.QYBH IS NOT NULL, r.KLSYFF, r.KLTYZL,
@@ -44,11 +43,12 @@ constexpr const char* kLayerResultNames[] = {"d10", "d15", "d30", "d50", "d60",
 
 /// Names that a mark profile lists under a key, in GBK.
 std::set<std::string> Marks(const std::string& profile, const std::string& key) {
-    const std::string value = ProfileText(profile, kMarkSection, key);
+    const std::string value = ProfileText(profile, kSettingsSection, key);
     std::set<std::string> marks;
     std::size_t start = 0;
     while (start < value.size()) {
-        const std::size_t end = std::min(win32::FindChar(value, '@', start), value.size());
+        const std::size_t end =
+            std::min(win32::FindChar(value, kMarkSeparator, start), value.size());
         marks.insert(value.substr(start, end - start));
         start = end + 1;
     }
@@ -82,8 +82,8 @@ SuiteListing::Sample ReadSample(const oledb::SqlStatement& row) {
 
 void ReadBoreholes(oledb::SqlDatabase& database, SuiteListing& listing) {
     const std::string profile = MarkProfile();
-    const std::string key = "KFQX" + win32::GbkFromUtf8(listing.project.number);
-    const std::set<std::string> boreholeMarks = Marks(profile, key);
+    const std::string number = win32::GbkFromUtf8(listing.project.number);
+    const std::set<std::string> boreholeMarks = Marks(profile, BoreholeMarksKey(number));
     std::set<std::string> sampleMarks;
     oledb::SqlStatement rows(database, kSampleQuery);
     for (int parameter = 1; parameter <= kSampleQueryParameters; ++parameter) {
@@ -93,7 +93,7 @@ void ReadBoreholes(oledb::SqlDatabase& database, SuiteListing& listing) {
         const std::string borehole = rows.Text(0);
         if (listing.boreholes.empty() || listing.boreholes.back().name != borehole) {
             listing.boreholes.push_back({borehole, IsMarked(boreholeMarks, borehole), {}});
-            sampleMarks = Marks(profile, key + win32::GbkFromUtf8(borehole));
+            sampleMarks = Marks(profile, SampleMarksKey(number, win32::GbkFromUtf8(borehole)));
         }
         SuiteListing::Sample sample = ReadSample(rows);
         sample.drawn = IsMarked(sampleMarks, sample.name);
@@ -103,7 +103,7 @@ void ReadBoreholes(oledb::SqlDatabase& database, SuiteListing& listing) {
 
 void ReadLayers(oledb::SqlDatabase& database, SuiteListing& listing) {
     const std::set<std::string> marks =
-        Marks(ProjectProfile(), "KFQXTC" + win32::GbkFromUtf8(listing.project.number));
+        Marks(ProjectProfile(), LayerMarksKey(win32::GbkFromUtf8(listing.project.number)));
     oledb::SqlStatement rows(database, kLayerQuery);
     rows.Bind(1, listing.project.index);
     while (rows.Step()) {

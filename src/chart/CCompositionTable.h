@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "src/chart/CSheetPen.h"
-#include "src/core/GrainSizeRecord.h"
+#include "src/core/curve_shape.h"
 
 /// The composition table of a result chart: one column a sieve, grouped by fractions, with size
 /// range and percentage. Text heights follow ChartTextHeight.
@@ -16,7 +16,7 @@ public:
 
     int ColumnCount() const { return static_cast<int>(sizeTexts_.size()); }
     /// More columns than leave room for the index block beside them: it stands below then.
-    bool IsLong() const { return ColumnCount() > kCompactColumns; }
+    bool IsLong() const { return ColumnCount() > kCompactTableColumns; }
     void SetTop(double top) { top_ = top; }
     double Top() const { return top_; }
     double Left() const;
@@ -31,8 +31,6 @@ public:
     void DrawPercentage(int column, const std::string& text) const;
 
 private:
-    static constexpr int kCompactColumns = 15;
-
     double Width() const;
     bool StartsFraction(int column) const;
     void DrawSize(int column, const std::string& text, double drop) const;

@@ -2,18 +2,14 @@
 
 #include "platform/win32/gbk_literal.h"
 #include "src/chart/chart_curve.h"
-#include "src/chart/chart_data.h"
 #include "src/chart/chart_grid.h"
 #include "src/common/module_state.h"
+#include "src/core/curve_shape.h"
 #include "src/core/number_format.h"
-#include "src/core/percent_passing.h"
-#include "src/db/sample_loader.h"
+#include "src/db/record_loaders.h"
 
 namespace {
 
-constexpr double kGridWidth = 160.0;
-constexpr double kGridHeight = 65.0;
-constexpr double kPercentStep = kGridHeight / 10.0;
 constexpr double kTableGap = 0.5;  // between a size line and the text of the value table after it
 
 const char* const kValueRows[] = {"!d$95", "!d$60", "!d$50", "!d$30", "!d$10", "!Cu", "!Cc"};
@@ -21,12 +17,12 @@ const char* const kValueRows[] = {"!d$95", "!d$60", "!d$50", "!d$30", "!d$10", "
 constexpr int kShortLines = 7;
 
 /// False when the samples cannot be read; a depth that is not known is left out.
-bool MakeSamplingDepthText(std::string& text) {
+bool MakeSamplingDepthText(const GrainSizeRecord& record, std::string& text) {
     text = "取样深度:"_gbk;
     double depth = 0.0;
     double thickness = 0.0;
     bool failed = false;
-    if (LoadSampleDepth(depth, thickness, &failed) == 1 && thickness > 0.0) {
+    if (LoadSampleDepth(record, depth, thickness, &failed) == 1 && thickness > 0.0) {
         text += " " + FormatFixed(depth, 2) + "-" + FormatFixed(depth + thickness, 2) + "m";
     }
     return !failed;
@@ -49,15 +45,16 @@ void DrawHeader(const CSheetPen& pen, const GrainSizeRecord& record,
 }
 
 void DrawSizeTitle(const CSheetPen& pen, const CurveGrid& grid) {
-    pen.Text(grid.Left() + kGridWidth / 2.0 - 3.0 * ChartTextHeight,
+    pen.Text(grid.Left() + grid.gridWidth / 2.0 - 3.0 * ChartTextHeight,
              grid.Bottom() - 2.5 * (ChartTextHeight + ChartLineGap) - 2.0, "粒径 d(mm)"_gbk,
              ChartTextHeight + 1.0);
 }
 
 /// The lines at 95, 85, … 5 percent.
 void DrawIntermediateLines(const CSheetPen& pen, const CurveGrid& grid) {
+    const double step = grid.gridHeight / 10.0;
     for (int i = 0; i < 10; ++i) {
-        const double y = grid.Top() - kPercentStep / 2.0 - kPercentStep * i;
+        const double y = grid.Top() - step / 2.0 - step * i;
         pen.Line(grid.Left(), y, i < kShortLines ? grid.XOfSize(0.003) : grid.Right(), y);
     }
 }
@@ -67,7 +64,7 @@ AcGePoint3dArray DrawValueTable(const CSheetPen& pen, const CurveGrid& grid) {
     AcGePoint3dArray valuePoints;
     double y = grid.Top() + ChartTextHeight / 2.0;
     for (const char* row : kValueRows) {
-        y -= kPercentStep;
+        y -= grid.gridHeight / 10.0;
         pen.StackedText(grid.XOfSize(0.003) + kTableGap, y, row, ChartTextHeight);
         valuePoints.append({grid.XOfSize(0.002) + kTableGap, y, 0.0});
     }
@@ -78,7 +75,7 @@ int DrawChart(RecordKind kind, const CSheetPen& pen) {
     ChartData data;
     std::string samplingDepth;
     if (!LoadChartData(kind, data) ||
-        (kind == RecordKind::sample && !MakeSamplingDepthText(samplingDepth))) {
+        (kind == RecordKind::sample && !MakeSamplingDepthText(data.record, samplingDepth))) {
         return 0;
     }
     DrawHeader(pen, data.record, samplingDepth);
@@ -86,8 +83,8 @@ int DrawChart(RecordKind kind, const CSheetPen& pen) {
     ChartTextHeight = 3.0;
     ChartLineGap = 1.0;
     const CurveGrid grid =
-        CurveGrid::For({ChartOriginX, ChartOriginY - (ChartTextHeight + ChartLineGap), 0.0},
-                       kGridWidth, kGridHeight, data.record.LargestSize());
+        GridOf(data.record, ChartKind::cumulative,
+               {ChartOriginX, ChartOriginY - (ChartTextHeight + ChartLineGap), 0.0});
     DrawPercentLines(pen, grid, 1, ChartTextHeight / 2.0);
     DrawSizeTitle(pen, grid);
     DrawPercentTitles(pen, grid);

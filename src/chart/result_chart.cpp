@@ -5,19 +5,15 @@
 #include "platform/win32/gbk_literal.h"
 #include "src/chart/CCompositionTable.h"
 #include "src/chart/chart_curve.h"
-#include "src/chart/chart_data.h"
 #include "src/chart/chart_grid.h"
 #include "src/chart/index_block.h"
 #include "src/common/module_state.h"
-#include "src/core/percent_passing.h"
+#include "src/core/curve_shape.h"
 #include "src/core/shown_percentages.h"
 #include "src/core/soil_classification.h"
 
 namespace {
 
-constexpr double kGridWidth = 120.0;
-constexpr double kGridHeight = 50.0;
-constexpr double kGridHeightAboveLongTable = 40.0;
 constexpr double kGridDrop = 28.0;  // of the grid's top edge below the chart's origin
 constexpr double kShownAbove = 1e-5;
 
@@ -39,10 +35,10 @@ void DrawHeader(const CSheetPen& pen, const GrainSizeRecord& record) {
              ChartTextHeight);
 }
 
-CurveGrid MakeGrid(const GrainSizeRecord& record, bool aboveLongTable) {
-    return CurveGrid::For({CentredInFrame(kGridWidth), ChartOriginY - kGridDrop, 0.0}, kGridWidth,
-                          aboveLongTable ? kGridHeightAboveLongTable : kGridHeight,
-                          record.LargestSize());
+CurveGrid MakeGrid(const GrainSizeRecord& record) {
+    const double width = GridSizeOf(record, ChartKind::result).width;
+    return GridOf(record, ChartKind::result,
+                  {CentredInFrame(width), ChartOriginY - kGridDrop, 0.0});
 }
 
 /// The titles below the grid are centred by their width at the chart's text height, and written
@@ -90,13 +86,13 @@ GrainSizeRecord ShownRecord(const GrainSizeRecord& record, int columns) {
     return shown;
 }
 
-int DrawChart(const ChartData& data, const CSheetPen& pen) {
+int DrawChart(ChartData& data, const CSheetPen& pen) {
     DrawHeader(pen, data.record);
 
     ChartTextHeight = 3.0;
     ChartLineGap = 1.0;
     CCompositionTable table(pen, data.record.sizes);
-    const CurveGrid grid = MakeGrid(data.record, table.IsLong());
+    const CurveGrid grid = MakeGrid(data.record);
     DrawGrid(pen, grid);
     DrawTable(table, grid);
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ge/AcGePoint3d.h"
+#include "src/core/characteristic_diameters.h"
 
 /// Grid of a grading chart: size on a logarithmic axis falling from left to right, percent finer on
 /// a linear axis, 100 at the top. Lengths in drawing units, sizes in mm, passing shares 0 to 1.
@@ -19,6 +20,9 @@ struct CurveGrid {
     double XOfSize(double size) const;
     double YOfPassing(double passing) const;
     double SizeOfX(double x) const;
+    double YOfLevel(const DiameterLevel& level) const {
+        return gridOrigin.y - level.tenthsDown * gridHeight / 10.0;
+    }
     double Left() const { return gridOrigin.x; }
     double Right() const { return gridOrigin.x + gridWidth; }
     double Top() const { return gridOrigin.y; }

@@ -1,20 +1,25 @@
 #pragma once
 
+#include <array>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "src/core/characteristic_diameters.h"
+#include "src/facts/sieve_series.h"
 
 /// Whose grading a record holds.
 enum class RecordKind { sample, layer };
 
-/// Grain-size data of one sample (sieve test) or one soil layer (design values), for the time of
-/// one chart. Texts are GBK.
+/// Grain-size data of one sample (sieve test) or one soil layer (design values), and what comes of
+/// them, for the time of one chart. Texts are GBK.
 struct GrainSizeRecord {
     RecordKind kind = RecordKind::sample;
     int projectIndex = 0;
     std::string borehole;    ///< of samples
     std::string sample;      ///< sample number; for layers the layer's label
-    std::string mainLayer;   ///< of layers: main layer number as text
-    std::string subLayer;    ///< of layers: sub-layer number as text, "0" for none
+    int mainLayer = 0;       ///< of layers: main layer number, 0 to 255
+    int subLayer = 0;        ///< of layers: sub-layer number, 0 to 255; 0 for none
     std::string testMethod;  ///< of samples; empty when none is recorded
     /// Mass of the whole test portion of a sample, the divisor of every share.
     double totalMass = 0.0;
@@ -23,6 +28,17 @@ struct GrainSizeRecord {
     /// Parallel to `sizes`: mass retained on each sieve (sample), or share of the mass in each
     /// class, 0 to 1 (layer).
     std::vector<double> amounts;
+
+    // Results. Those of samples that have not been computed, or cannot be, are null.
+
+    /// Percent of the total mass in each class of kSieveSeries, three decimals.
+    std::array<std::optional<float>, kSieveSeries.size()> classPercent{};
+    std::optional<float> finePercent;  ///< percent of the mass finer than 0.005 mm
+    /// mm, in the order of DiameterIndex; kLevelNotReached where the curve misses the level.
+    /// Shorter after an interrupted reading.
+    std::vector<double> diameters;
+    std::optional<double> uniformity;  ///< Cu
+    std::optional<double> curvature;   ///< Cc
 
     /// 0 for a record without items.
     double LargestSize() const { return sizes.empty() ? 0.0 : sizes.front(); }

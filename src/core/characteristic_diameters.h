@@ -17,10 +17,20 @@ enum DiameterIndex : int { kD95, kD85, kD60, kD50, kD30, kD15, kD10, kD90, kDiam
 struct DiameterLevel {
     int percent;        ///< finer than the diameter
     double tenthsDown;  ///< tenths of the grid's height below its top edge
+    short layerCode;    ///< of the diameter among a layer's parameter values
 };
 /// The levels in the order of DiameterIndex.
-inline constexpr std::array<DiameterLevel, kDiameterCount> kDiameterLevels{
-    {{95, 0.5}, {85, 1.5}, {60, 4}, {50, 5}, {30, 7}, {15, 8.5}, {10, 9}, {90, 1}}};
+inline constexpr std::array<DiameterLevel, kDiameterCount> kDiameterLevels{{{95, 0.5, 1126},
+                                                                            {85, 1.5, 1124},
+                                                                            {60, 4, 1123},
+                                                                            {50, 5, 1122},
+                                                                            {30, 7, 1121},
+                                                                            {15, 8.5, 1120},
+                                                                            {10, 9, 1119},
+                                                                            {90, 1, 1125}}};
+/// Codes of the two coefficients among a layer's parameter values.
+inline constexpr short kCurvatureCode = 1127;
+inline constexpr short kUniformityCode = 1128;
 
 /// The value, or nothing when it counts as not determined.
 std::optional<double> Determined(double value);

@@ -73,6 +73,14 @@ float Round3(double value) {
     return static_cast<float>(RoundAsPrinted(value, 3));
 }
 
+double WidenFloat(float value) {
+    char digits[32];
+    const auto end = std::to_chars(digits, digits + sizeof(digits), value).ptr;
+    double wide = 0.0;
+    std::from_chars(digits, end, wide);
+    return wide;
+}
+
 std::string FormatResultValue(double value, ResultValueMode mode) {
     for (const DecimalsRow& row : mode == kDiameterValue ? kDiameterRows : kCoefficientRows) {
         if (value > row.above) {

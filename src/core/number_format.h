@@ -8,6 +8,9 @@ std::string FormatFixed(double value, int decimals);
 double RoundAsPrinted(double value, int decimals);
 /// Three printed decimals as the database keeps them: rounded in text, then a 32-bit float.
 float Round3(double value);
+/// The double of the float's shortest decimal text: 161.6F gives 161.6. So values that add up on
+/// paper add up here.
+double WidenFloat(float value);
 
 /// Which table of formats FormatResultValue takes.
 enum ResultValueMode : int { kDiameterValue = 1, kCoefficientValue = 2 };

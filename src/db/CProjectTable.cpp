@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "src/db/project_database.h"
-#include "src/db/wide_text.h"
 
 namespace {
 

@@ -38,18 +38,18 @@ public:
     HRESULT Update();
     void Close();
 
-protected:
     /// One bound column. Columns stand in the order of the statement.
     struct Column {
         DBTYPE type;
-        std::size_t value;  ///< offset in the record
-        std::size_t bytes;  ///< size of its place
-        std::size_t status = kNoStatus;
+        std::size_t value;   ///< offset in the record
+        std::size_t bytes;   ///< size of its place
+        std::size_t status;  ///< offset in the record, or kNoStatus
     };
     static constexpr std::size_t kNoStatus = static_cast<std::size_t>(-1);
     using Bindings = std::vector<DBBINDING>;
     static Bindings MakeBindings(const std::vector<Column>& columns);
 
+protected:
     /// `statement` has "%s" where the filter goes. All three must live as long as the table.
     CProjectTable(const char* statement, const Bindings& bindings, void* record)
         : statement_(statement), bindings_(bindings), record_(record) {}

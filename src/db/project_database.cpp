@@ -1,8 +1,10 @@
 #include "src/db/project_database.h"
 
+#include "platform/mfc/message_box.h"
 #include "platform/oledb/IDataInitialize.h"
 #include "platform/suite/orvik8.h"
-#include "src/db/wide_text.h"
+#include "platform/win32/gbk_literal.h"
+#include "platform/win32/win_strings.h"
 
 namespace {
 
@@ -77,4 +79,40 @@ void CloseProjectDatabase() {
     Release(connection.session);
     Release(connection.dataSource);
     connection = {};
+}
+
+std::basic_string<WCHAR> WideText(const std::string& text) {
+    // A text has at most as many units as bytes; the terminator is converted along and cut off.
+    std::basic_string<WCHAR> wide(text.size() + 1, WCHAR{});
+    const int length = lstrlenA(text.c_str()) + 1;
+    const int units = MultiByteToWideChar(CP_ACP, 0, text.c_str(), length, wide.data(),
+                                          static_cast<int>(wide.size()));
+    wide.resize(units > 0 ? static_cast<std::size_t>(units) - 1 : 0);
+    return wide;
+}
+
+void ReportTableOpenError(int code) {
+    switch (code) {
+        case kSampleTableError:
+            AfxMessageBox("不能打开常规试验表,请检查数据!"_gbk);
+            break;
+        case kGrainSizeTableError:
+            AfxMessageBox("不能打开颗分试验表!请检查!"_gbk);
+            break;
+        case kTestItemTableError:
+            AfxMessageBox("不能打开颗分试验项目表,请检查数据!"_gbk);
+            break;
+        case kProjectTableError:
+            AfxMessageBox("不能打开工点信息数据表,请检查数据!"_gbk);
+            break;
+        default:
+            break;
+    }
+}
+
+bool QueryRegisteredFolder(std::string& folder) {
+    char buffer[260] = "";
+    if (GetRegisteredFolder(buffer) != 1) return false;
+    folder = buffer;
+    return true;
 }

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <string>
+
 #include "platform/oledb/oledb.h"
 
-/// The one connection to the project database that every table shares.
+// The one connection to the project database that every table shares, and what the suite tells of
+// the project's place.
 
 /// True when the data source and the session are open after the call. Steps that were done are not
 /// repeated, failed ones start again, including the question for the initialisation string. Shows
@@ -13,3 +16,20 @@ IOpenRowset* ProjectSession();
 /// Closes the connection when the module unloads; tables still open keep it alive until they close.
 /// The next table opens it anew, from the initialisation string of that time.
 void CloseProjectDatabase();
+
+/// GBK as UTF-16, the way the database takes texts.
+std::basic_string<WCHAR> WideText(const std::string& text);
+
+/// Tables whose failed open is told to the user.
+enum TableErrorCode : int {
+    kSampleTableError = 2,     ///< z_c_QuYang
+    kGrainSizeTableError = 3,  ///< Z_c_KeFen
+    kTestItemTableError = 4,   ///< Z_c_KeFenCSXM
+    kProjectTableError = 5     ///< x_GongCheng
+};
+/// Shows the message box of the table that could not be opened. Another code shows nothing.
+void ReportTableOpenError(int code);
+
+/// Sets `folder` to the suite's registered folder (GBK, a Windows path, with or without a backslash
+/// at its end). False, and `folder` unchanged, when the suite has none.
+bool QueryRegisteredFolder(std::string& folder);

@@ -9,11 +9,6 @@ bool IsKey(const std::string& text) {
     return text.find('\'') == std::string::npos;
 }
 
-bool IsLayerNumber(const std::string& text) {
-    return !text.empty() &&
-           std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 /// A literal that nothing closes, since every quote in it is doubled; the database's complaint
 /// shows the text that was wrong.
 std::string OpenLiteral(const std::string& text) {
@@ -66,13 +61,6 @@ std::string BoreholesItemsFilter(int projectIndex, const std::string& prefix) {
 std::string LayersWithFractionsFilter(int projectIndex) {
     return "GCSY = " + std::to_string(projectIndex) +
            " and (CSLX = 1105 OR CSLX = 1106 OR CSLX = 1108 OR CSLX = 1109) ORDER BY ZCBH,YCBH";
-}
-
-std::string LayerFilter(int projectIndex, const std::string& mainLayer,
-                        const std::string& subLayer) {
-    if (!IsLayerNumber(mainLayer)) return OpenLiteral(mainLayer);
-    if (!IsLayerNumber(subLayer)) return OpenLiteral(subLayer);
-    return Project(projectIndex) + " and ZCBH = " + mainLayer + " and YCBH = " + subLayer;
 }
 
 std::string LayerFilter(int projectIndex, int mainLayer, int subLayer) {

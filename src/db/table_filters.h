@@ -3,9 +3,9 @@
 #include <string>
 
 /// The filters by which the tables are asked, for BuildQuery of the table named. Keys are GBK and
-/// stand in the filter as they are, without escaping. A key with a single quote, or a layer number
-/// with anything but digits, gives an open literal instead of a filter: no statement made with it
-/// is valid, so that the table's Open fails and nothing of the key is ever executed.
+/// stand in the filter as they are, without escaping. A key with a single quote gives an open
+/// literal instead of a filter: no statement made with it is valid, so that the table's Open fails
+/// and nothing of the key is ever executed.
 
 /// One sample: CKeFenTable, CQuYangTable.
 std::string SampleFilter(int projectIndex, const std::string& borehole, const std::string& sample);
@@ -24,9 +24,7 @@ std::string BoreholesItemsFilter(int projectIndex, const std::string& prefix);
 std::string OverlongItemsFilter(int projectIndex, const std::string& column, std::size_t length);
 /// Layers with percentages for 20, 10, 2 or 0.5 mm by main and sub-layer: CSheJiLayerTable.
 std::string LayersWithFractionsFilter(int projectIndex);
-/// All parameters of one layer: CSheJiTable. Layer numbers as text or as numbers.
-std::string LayerFilter(int projectIndex, const std::string& mainLayer,
-                        const std::string& subLayer);
+/// All parameters of one layer: CSheJiTable.
 std::string LayerFilter(int projectIndex, int mainLayer, int subLayer);
 /// The project itself: CGongChengTable.
 std::string ProjectFilter(int projectIndex);

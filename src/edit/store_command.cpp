@@ -6,7 +6,7 @@
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
-#include "src/db/project_number.h"
+#include "src/db/record_loaders.h"
 #include "src/edit/select_entity.h"
 #include "src/entity/CKFCurve.h"
 

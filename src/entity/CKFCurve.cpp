@@ -1,11 +1,10 @@
 #include "src/entity/CKFCurve.h"
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "platform/rx/AcRxDictionary.h"
 #include "src/common/module_state.h"
-#include "src/db/curve_store.h"
+#include "src/db/result_stores.h"
 
 namespace {
 
@@ -53,62 +52,89 @@ void CKFCurve::SetIdentity(Adesk::Int16 chartType, Adesk::Int16 projectIndex,
                            const std::string& projectNumber, const std::string& borehole,
                            const std::string& sample) {
     assertWriteEnabled();
-    chartType_ = chartType;
-    projectIndex_ = projectIndex;
-    projectNumber_ = projectNumber;
-    borehole_ = borehole;
-    sample_ = sample;
+    fields_.chartType = chartType;
+    fields_.projectIndex = projectIndex;
+    fields_.projectNumber = projectNumber;
+    fields_.borehole = borehole;
+    fields_.sample = sample;
 }
 
-void CKFCurve::SetGrid(const CurveGrid& grid, double labelTextHeight) {
+void CKFCurve::SetGrid(const AcGePoint3d& gridOrigin, Adesk::Int16 wideAxis, double decadeLength,
+                       double gridWidth, double gridHeight, double textHeight) {
     assertWriteEnabled();
-    grid_ = grid;
-    textHeight_ = labelTextHeight;
+    fields_.gridOrigin = gridOrigin;
+    fields_.wideAxis = wideAxis;
+    fields_.decadeLength = decadeLength;
+    fields_.gridWidth = gridWidth;
+    fields_.gridHeight = gridHeight;
+    fields_.textHeight = textHeight;
 }
 
 void CKFCurve::SetPoints(const AcGePoint3dArray& curvePoints, const AcGePoint3dArray& labelPoints) {
     assertWriteEnabled();
-    curvePoints_ = curvePoints;
-    labelPoints_ = labelPoints;
+    fields_.curvePoints = curvePoints;
+    fields_.labelPoints = labelPoints;
 }
 
 void CKFCurve::SetTextStyleId(AcDbObjectId textStyle) {
     assertWriteEnabled();
-    textStyleId_ = textStyle;
+    fields_.textStyleId = textStyle;
 }
 
 void CKFCurve::SetLayerKey(const std::string& mainLayer, const std::string& subLayer) {
     assertWriteEnabled();
-    mainLayer_ = LeadingInteger(mainLayer);
-    subLayer_ = LeadingInteger(subLayer);
+    fields_.mainLayer = LeadingInteger(mainLayer);
+    fields_.subLayer = LeadingInteger(subLayer);
 }
 
 int CKFCurve::StoreToDatabase() {
-    if (!modified_) {
+    if (!fields_.modified) {
         return 2;
     }
     assertWriteEnabled();
-    modified_ = false;
-    CurveValues values;
-    values.projectIndex = projectIndex_;
-    values.borehole = borehole_;
-    values.sample = sample_;
-    values.mainLayer = mainLayer_;
-    values.subLayer = subLayer_;
-    values.diameters.fill(kLevelNotReached);
-    std::copy_n(diameters_.begin(), std::min(diameters_.size(), values.diameters.size()),
-                values.diameters.begin());
-    return StoreCurveValues(values, ChartMode);
+    fields_.modified = false;
+    GrainSizeRecord record;
+    record.projectIndex = fields_.projectIndex;
+    record.borehole = fields_.borehole;
+    record.sample = fields_.sample;
+    record.mainLayer = fields_.mainLayer;
+    record.subLayer = fields_.subLayer;
+    record.diameters = fields_.diameters;
+    record.uniformity = Uniformity(record.diameters);
+    record.curvature = Curvature(record.diameters);
+    return StoreCurveValues(record, ChartMode);
 }
 
 void CKFCurve::GetProjectKey(int& projectIndex, std::string& projectNumber) const {
-    projectIndex = projectIndex_;
-    projectNumber = projectNumber_;
+    projectIndex = fields_.projectIndex;
+    projectNumber = fields_.projectNumber;
+}
+
+Acad::ErrorStatus CKFCurve::dwgOutFields(AcDbDwgFiler* filer) const {
+    assertReadEnabled();
+    AcDbEntity::dwgOutFields(filer);
+    CurveFieldWriter write(*filer);
+    CurveFields::ForEach(fields_, write);
+    if (ChartMode == kLayerCharts) {
+        CurveFields::ForEachLayerNumber(fields_, write);
+    }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus CKFCurve::dwgInFields(AcDbDwgFiler* filer) {
+    assertWriteEnabled();
+    AcDbEntity::dwgInFields(filer);
+    CurveFieldReader read(*filer);
+    CurveFields::ForEach(fields_, read);
+    if (ChartMode == kLayerCharts) {
+        CurveFields::ForEachLayerNumber(fields_, read);
+    }
+    return Acad::eOk;
 }
 
 Acad::ErrorStatus CKFCurve::setColorIndex(Adesk::UInt16 index, Adesk::Boolean) {
     assertWriteEnabled();
-    labelColorIndex_ = index;
+    fields_.colorIndex = index;
     return AcDbEntity::setColorIndex(index, true);
 }
 

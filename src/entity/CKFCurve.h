@@ -4,10 +4,9 @@
 #include <vector>
 
 #include "platform/db/AcDbEntity.h"
-#include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbSpline.h"
-#include "src/core/CurveGrid.h"
-#include "src/core/characteristic_diameters.h"
+#include "src/core/curve_shape.h"
+#include "src/facts/CurveFields.h"
 
 /// One grading curve in a drawing: a smooth curve through its plotted points and the labels of the
 /// values read off it. It knows the grid it was drawn in and the sample or layer it belongs to, and
@@ -27,7 +26,9 @@ public:
     void SetIdentity(Adesk::Int16 chartType, Adesk::Int16 projectIndex,
                      const std::string& projectNumber, const std::string& borehole,
                      const std::string& sample);
-    void SetGrid(const CurveGrid& grid, double labelTextHeight);
+    /// As in CurveGrid; `textHeight` is that of the labels.
+    void SetGrid(const AcGePoint3d& gridOrigin, Adesk::Int16 wideAxis, double decadeLength,
+                 double gridWidth, double gridHeight, double textHeight);
     /// Replaces both lists; points run from the coarsest sieve to the finest, label points in the
     /// order of the labels.
     void SetPoints(const AcGePoint3dArray& curvePoints, const AcGePoint3dArray& labelPoints);
@@ -46,9 +47,9 @@ public:
     void GetProjectKey(int& projectIndex, std::string& projectNumber) const;
     /// d95, d85, d60, d50, d30, d15, d10, d90 in mm, -1 where the curve misses the level. Shorter
     /// after an interrupted computation, empty before the first.
-    const std::vector<double>& Diameters() const { return diameters_; }
+    const std::vector<double>& Diameters() const { return fields_.diameters; }
     /// True while the database does not have the curve's values.
-    bool IsChanged() const { return modified_; }
+    bool IsChanged() const { return fields_.modified; }
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
@@ -72,31 +73,12 @@ private:
     static constexpr Adesk::UInt16 kCurveColor = 3;  // green
     static constexpr double kLabelWidthFactor = 0.7;
 
-    /// False for fewer than two distinct points: there is no curve then.
-    bool IsDrawable() const;
+    CurveGrid Grid() const;
+    /// What is drawn where CurveThrough gives a valid curve.
     AcDbSpline MakeSpline() const;
-    AcDbLine LevelLine(const DiameterLevel& level) const;
-    /// Fills the diameters anew; gives the level at which reading stopped, null when it did not.
-    const DiameterLevel* ReadDiameters(const AcDbSpline& spline);
-    void SetAllDiametersNotReached();
     /// Also reads the diameters anew.
     void DrawCurve(AcGiWorldDraw& context);
     void DrawLabels(AcGiWorldDraw& context) const;
 
-    CurveGrid grid_;
-    AcGePoint3dArray curvePoints_;
-    AcGePoint3dArray labelPoints_;
-    Adesk::Int16 chartType_ = 0;
-    Adesk::Int16 projectIndex_ = 0;
-    std::string projectNumber_;
-    std::string borehole_;
-    std::string sample_;
-    double textHeight_ = 0.0;
-    std::vector<double> diameters_;
-    AcDbObjectId textStyleId_;
-    Adesk::Int32 mainLayer_ = 0;
-    Adesk::Int32 subLayer_ = 0;
-    Adesk::UInt16 labelColorIndex_ = 0;
-    Adesk::Int16 savingAs_ = 0;  ///< 1 while proxy graphics are made
-    bool modified_ = true;
+    CurveFields fields_;
 };

@@ -2,10 +2,10 @@
 #include <cstdio>
 #include <memory>
 
+#include "platform/db/AcDbLine.h"
 #include "platform/gi/AcGiWorldDraw.h"
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
-#include "src/core/number_format.h"
 #include "src/entity/CKFCurve.h"
 #include "src/entity/curve_labels.h"
 #include "src/entity/model_space.h"
@@ -45,51 +45,25 @@ AcGiTextStyle LabelStyle(double textHeight, double widthFactor) {
 
 }  // namespace
 
-bool CKFCurve::IsDrawable() const {
-    return std::any_of(curvePoints_.begin(), curvePoints_.end(), [this](const AcGePoint3d& point) {
-        return !point.isEqualTo(curvePoints_[0]);
-    });
+CurveGrid CKFCurve::Grid() const {
+    return {fields_.gridOrigin, fields_.wideAxis, fields_.decadeLength, fields_.gridWidth,
+            fields_.gridHeight};
 }
 
 AcDbSpline CKFCurve::MakeSpline() const {
-    return AcDbSpline(curvePoints_, kSplineOrder, kSplineFitTolerance);
-}
-
-AcDbLine CKFCurve::LevelLine(const DiameterLevel& level) const {
-    const double y = grid_.Top() - level.tenthsDown * grid_.gridHeight / 10.0;
-    return {{grid_.Left(), y, 0.0}, {grid_.Right(), y, 0.0}};
-}
-
-const DiameterLevel* CKFCurve::ReadDiameters(const AcDbSpline& spline) {
-    diameters_.clear();
-    AcGePoint3dArray crossings;
-    for (const DiameterLevel& level : kDiameterLevels) {
-        const AcDbLine line = LevelLine(level);
-        crossings.setLogicalLength(0);
-        if (spline.intersectWith(&line, AcDb::kOnBothOperands, crossings) != Acad::eOk) {
-            return &level;
-        }
-        diameters_.push_back(crossings.isEmpty()
-                                 ? kLevelNotReached
-                                 : RoundAsPrinted(grid_.SizeOfX(crossings[0].x), 3));
-    }
-    return nullptr;
-}
-
-void CKFCurve::SetAllDiametersNotReached() {
-    diameters_.assign(kDiameterCount, kLevelNotReached);
+    return AcDbSpline(fields_.curvePoints, kSplineOrder, kSplineFitTolerance);
 }
 
 void CKFCurve::ComputeDiameters() {
     assertWriteEnabled();
-    if (!IsDrawable()) {
-        SetAllDiametersNotReached();
-        return;
-    }
-    const AcDbSpline spline = MakeSpline();
-    if (const DiameterLevel* unreadable = ReadDiameters(spline)) {
-        AddToWorkingDrawing(std::make_unique<AcDbLine>(LevelLine(*unreadable)), kRed);
-        AddToWorkingDrawing(std::make_unique<AcDbSpline>(spline), kYellow);
+    const CurveGrid grid = Grid();
+    if (const DiameterLevel* unreadable =
+            ReadDiameters(CurveThrough(fields_.curvePoints), grid, fields_.diameters)) {
+        const double y = grid.YOfLevel(*unreadable);
+        AddToWorkingDrawing(std::make_unique<AcDbLine>(AcGePoint3d(grid.Left(), y, 0.0),
+                                                       AcGePoint3d(grid.Right(), y, 0.0)),
+                            kRed);
+        AddToWorkingDrawing(std::make_unique<AcDbSpline>(MakeSpline()), kYellow);
         ReportUnreadableLevel(*unreadable);
     }
 }
@@ -104,33 +78,31 @@ Adesk::Boolean CKFCurve::worldDraw(AcGiWorldDraw* context) {
 }
 
 void CKFCurve::DrawCurve(AcGiWorldDraw& context) {
-    if (!IsDrawable()) {
-        SetAllDiametersNotReached();
-        return;
+    const AcGeCubicSplineCurve3d curve = CurveThrough(fields_.curvePoints);
+    if (curve.isValid()) {
+        context.subEntityTraits().setSelectionMarker(kCurveMarker);
+        context.subEntityTraits().setColor(kCurveColor);
+        MakeSpline().worldDraw(&context);
     }
-    AcDbSpline spline = MakeSpline();
-    context.subEntityTraits().setSelectionMarker(kCurveMarker);
-    context.subEntityTraits().setColor(kCurveColor);
-    spline.worldDraw(&context);
-    if (const DiameterLevel* unreadable = ReadDiameters(spline)) {
+    if (const DiameterLevel* unreadable = ReadDiameters(curve, Grid(), fields_.diameters)) {
         ReportUnreadableLevel(*unreadable);
     }
 }
 
 void CKFCurve::DrawLabels(AcGiWorldDraw& context) const {
-    const std::vector<std::string> texts = CurveLabelTexts(chartType_, diameters_);
-    const AcGiTextStyle style = LabelStyle(textHeight_, kLabelWidthFactor);
-    const int count = std::min(labelPoints_.length(), static_cast<int>(texts.size()));
+    const std::vector<std::string> texts = CurveLabelTexts(fields_.chartType, fields_.diameters);
+    const AcGiTextStyle style = LabelStyle(fields_.textHeight, kLabelWidthFactor);
+    const int count = std::min(fields_.labelPoints.length(), static_cast<int>(texts.size()));
     for (int i = 0; i < count; ++i) {
         context.subEntityTraits().setSelectionMarker(kLabelMarker);
-        context.subEntityTraits().setColor(labelColorIndex_);
-        context.geometry().text(labelPoints_[i], AcGeVector3d::kZAxis, AcGeVector3d::kXAxis,
+        context.subEntityTraits().setColor(fields_.colorIndex);
+        context.geometry().text(fields_.labelPoints[i], AcGeVector3d::kZAxis, AcGeVector3d::kXAxis,
                                 texts[static_cast<std::size_t>(i)].c_str(), -1, false, style);
     }
 }
 
 void CKFCurve::saveAs(AcGiWorldDraw* context, AcDb::SaveType type) {
-    savingAs_ = 1;
+    fields_.savingAs = 1;
     AcDbEntity::saveAs(context, type);
-    savingAs_ = 0;
+    fields_.savingAs = 0;
 }

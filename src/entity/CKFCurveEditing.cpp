@@ -8,22 +8,22 @@
 Acad::ErrorStatus CKFCurve::getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&,
                                           AcDbIntArray&) const {
     assertReadEnabled();
-    gripPoints.append(curvePoints_);
+    gripPoints.append(fields_.curvePoints);
     return Acad::eOk;
 }
 
 Acad::ErrorStatus CKFCurve::moveGripPointsAt(const AcDbIntArray& indices,
                                              const AcGeVector3d& offset) {
     const bool allKnown = std::all_of(indices.begin(), indices.end(), [this](int index) {
-        return index >= 0 && index < curvePoints_.length();
+        return index >= 0 && index < fields_.curvePoints.length();
     });
     if (!allKnown) {
         return Acad::eInvalidIndex;
     }
     assertWriteEnabled();
     for (int index : indices) {
-        curvePoints_[index] += offset;
-        modified_ = true;
+        fields_.curvePoints[index] += offset;
+        fields_.modified = true;
         CurveDataChanged = 1;
     }
     return Acad::eOk;
@@ -37,10 +37,10 @@ Acad::ErrorStatus CKFCurve::transformBy(const AcGeMatrix3d& transform) {
     }
     assertWriteEnabled();  // only now: a refusal leaves the drawing without a change to save
     AcDbEntity::transformBy(transform);
-    for (AcGePoint3d& point : curvePoints_) {
+    for (AcGePoint3d& point : fields_.curvePoints) {
         point.transformBy(transform);
     }
-    for (AcGePoint3d& point : labelPoints_) {
+    for (AcGePoint3d& point : fields_.labelPoints) {
         point.transformBy(transform);
     }
     return Acad::eOk;
@@ -48,17 +48,18 @@ Acad::ErrorStatus CKFCurve::transformBy(const AcGeMatrix3d& transform) {
 
 Acad::ErrorStatus CKFCurve::explode(AcDbVoidPtrArray& entitySet) const {
     assertReadEnabled();
-    if (IsDrawable()) {
+    if (CurveThrough(fields_.curvePoints).isValid()) {
         auto* spline = new AcDbSpline(MakeSpline());
         spline->setColorIndex(kCurveColor, true);
         entitySet.append(static_cast<AcDbEntity*>(spline));
     }
-    const std::vector<std::string> texts = CurveLabelTexts(chartType_, diameters_);
-    const int count = std::min(labelPoints_.length(), static_cast<int>(texts.size()));
+    const std::vector<std::string> texts = CurveLabelTexts(fields_.chartType, fields_.diameters);
+    const int count = std::min(fields_.labelPoints.length(), static_cast<int>(texts.size()));
     for (int i = 0; i < count; ++i) {
-        auto* text = new AcDbText(labelPoints_[i], texts[static_cast<std::size_t>(i)].c_str(),
-                                  AcDbObjectId::kNull, textHeight_, 0.0);
-        text->setTextStyle(textStyleId_);
+        auto* text =
+            new AcDbText(fields_.labelPoints[i], texts[static_cast<std::size_t>(i)].c_str(),
+                         AcDbObjectId::kNull, fields_.textHeight, 0.0);
+        text->setTextStyle(fields_.textStyleId);
         text->setWidthFactor(kLabelWidthFactor);
         entitySet.append(static_cast<AcDbEntity*>(text));
     }

@@ -5,7 +5,7 @@
 #include "platform/win32/gbk_literal.h"
 #include "src/chart/CDrawTools.h"
 #include "src/common/module_state.h"
-#include "src/db/registered_folder.h"
+#include "src/db/project_database.h"
 #include "src/frame/a3_sheets.h"
 #include "src/frame/a4_sheets.h"
 #include "src/frame/chart_families.h"

@@ -5,7 +5,7 @@
 #include "platform/win32/directory.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
-#include "src/db/registered_folder.h"
+#include "src/db/project_database.h"
 
 namespace {
 

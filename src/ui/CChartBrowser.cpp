@@ -8,8 +8,8 @@
 #include "platform/win32/code_page.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/facts/control_ids.h"
 #include "src/ui/module_icon.h"
-#include "src/ui/resource_ids.h"
 
 namespace {
 

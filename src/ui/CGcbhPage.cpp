@@ -4,22 +4,22 @@
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/facts/control_ids.h"
+#include "src/facts/mark_keys.h"
 #include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
 #include "src/ui/profile_text.h"
-#include "src/ui/resource_ids.h"
 #include "src/ui/sample_lists.h"
 #include "src/ui/sample_objections.h"
-#include "src/ui/settings.h"
 
 namespace {
 
 MarkKey BoreholeMarks(const std::string& projectNumber) {
-    return {kSettingsSection, "KFQX" + projectNumber, MarkProfilePath};
+    return {BoreholeMarksKey(projectNumber), MarkProfilePath};
 }
 
 MarkKey SampleMarks(const std::string& projectNumber, const std::string& borehole) {
-    return {kSettingsSection, "KFQX" + projectNumber + borehole, MarkProfilePath};
+    return {SampleMarksKey(projectNumber, borehole), MarkProfilePath};
 }
 
 }  // namespace

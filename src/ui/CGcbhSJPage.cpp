@@ -4,18 +4,17 @@
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/facts/control_ids.h"
+#include "src/facts/mark_keys.h"
 #include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
-#include "src/ui/resource_ids.h"
 #include "src/ui/sample_lists.h"
 #include "src/ui/sample_objections.h"
-#include "src/ui/settings.h"
 
 namespace {
 
-/// Layers are kept with the project, samples in a profile of their own.
 MarkKey LayerMarks() {
-    return {kSettingsSection, "KFQXTC" + ProjectContext.GCBH, ProjectProfilePath};
+    return {LayerMarksKey(ProjectContext.GCBH), ProjectProfilePath};
 }
 
 }  // namespace

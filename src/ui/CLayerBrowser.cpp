@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/win32/gbk_literal.h"
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 
 CLayerBrowser::CLayerBrowser(std::string chartFolder, CWnd* parent)
     : CChartBrowser(IDD_LAYER_BROWSER, {.filePrefix = "KFSJ", .word = "土层"_gbk},

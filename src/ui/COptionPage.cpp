@@ -2,7 +2,7 @@
 
 #include "platform/mfc/CDataExchange.h"
 #include "src/common/module_state.h"
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 #include "src/ui/settings.h"
 
 COptionPage::COptionPage() : CModulePage(IDD_OPTIONS) {}

@@ -6,7 +6,7 @@
 #include "platform/mfc/message_box.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 #include "src/ui/sample_lists.h"
 
 BEGIN_MESSAGE_MAP(CSampleBrowser, CChartBrowser)

@@ -6,13 +6,11 @@
 #include "platform/mfc/CListBox.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/private_profile.h"
+#include "src/facts/mark_keys.h"
 #include "src/ui/CProfileLock.h"
 #include "src/ui/profile_text.h"
 
 namespace {
-
-constexpr char kMark = '*';
-constexpr char kSeparator = '@';
 
 using Texts = std::vector<std::string>;
 
@@ -23,7 +21,7 @@ std::string ItemText(const CListBox& list, int index) {
 }
 
 bool IsMarked(const CListBox& list, int index) {
-    return ItemText(list, index).starts_with(kMark);
+    return ItemText(list, index).starts_with(kDrawnMark);
 }
 
 /// Gives the item another text in its place and leaves the selection as it is.
@@ -41,7 +39,7 @@ void SetItemText(CListBox& list, int index, const std::string& text) {
 void SetMarked(CListBox& list, int index, bool marked) {
     if (IsMarked(list, index) != marked) {
         const std::string bare = BareItemText(list, index);
-        SetItemText(list, index, marked ? kMark + bare : bare);
+        SetItemText(list, index, marked ? kDrawnMark + bare : bare);
     }
 }
 
@@ -59,9 +57,9 @@ std::vector<int> SelectedIndexes(const CListBox& list) {
 void WriteMarks(const MarkKey& marks, const Texts& texts) {
     std::string value;
     for (const std::string& text : texts) {
-        value += (value.empty() ? "" : std::string(1, kSeparator)) + text;
+        value += (value.empty() ? "" : std::string(1, kMarkSeparator)) + text;
     }
-    WritePrivateProfileString(marks.section, marks.key.c_str(), value.c_str(),
+    WritePrivateProfileString(kSettingsSection, marks.key.c_str(), value.c_str(),
                               marks.profilePath.c_str());
 }
 
@@ -87,7 +85,7 @@ Texts MarkStoredItems(CListBox& list, const Texts& stored) {
 
 std::string BareItemText(const CListBox& list, int index) {
     const std::string text = ItemText(list, index);
-    return text.starts_with(kMark) ? text.substr(1) : text;
+    return text.starts_with(kDrawnMark) ? text.substr(1) : text;
 }
 
 std::vector<std::string> SelectedItemTexts(const CListBox& list) {
@@ -99,11 +97,12 @@ std::vector<std::string> SelectedItemTexts(const CListBox& list) {
 }
 
 std::vector<std::string> StoredMarks(const MarkKey& marks) {
-    const std::string value = ReadProfileText(marks.section, marks.key, marks.profilePath);
+    const std::string value = ReadProfileText(kSettingsSection, marks.key, marks.profilePath);
     Texts texts;
     std::size_t begin = 0;
     while (begin < value.size()) {
-        const std::size_t end = std::min(win32::FindChar(value, kSeparator, begin), value.size());
+        const std::size_t end =
+            std::min(win32::FindChar(value, kMarkSeparator, begin), value.size());
         texts.push_back(value.substr(begin, end - begin));
         begin = end + 1;
     }

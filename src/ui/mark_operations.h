@@ -9,8 +9,7 @@ class CProfileLock;
 /// Marks tell which items of a list were drawn before: such an item stands in the list with a "*"
 /// in front, and its bare text, joined with the others' by "@", under a key of a profile.
 struct MarkKey {
-    const char* section;
-    std::string key;
+    std::string key;  ///< as in src/facts/mark_keys.h
     const std::string& profilePath;
 };
 

@@ -4,7 +4,7 @@
 #include "platform/mfc/resources.h"
 #include "platform/win32/window_message.h"
 #include "src/common/module_state.h"
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 
 void SetModuleIcon(CWnd& window) {
     HICON const icon =

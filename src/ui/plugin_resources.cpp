@@ -3,7 +3,7 @@
 #include "platform/mfc/message_box.h"
 #include "platform/mfc/window_styles.h"
 #include "platform/win32/gbk_literal.h"
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 
 namespace {
 

@@ -7,10 +7,9 @@
 #include "platform/win32/code_page.h"
 #include "src/common/module_state.h"
 #include "src/core/sort_keys.h"
-#include "src/db/CKeFenItemTable.h"
-#include "src/db/CSheJiLayerTable.h"
+#include "src/db/project_database.h"
+#include "src/db/project_tables.h"
 #include "src/db/table_filters.h"
-#include "src/db/table_open_error.h"
 
 namespace {
 

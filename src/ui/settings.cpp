@@ -5,6 +5,7 @@
 
 #include "platform/win32/private_profile.h"
 #include "src/common/module_state.h"
+#include "src/facts/mark_keys.h"
 
 namespace {
 

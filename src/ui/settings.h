@@ -2,9 +2,6 @@
 
 #include <string>
 
-/// Section of the plug-in's keys in all three profiles.
-inline constexpr const char* kSettingsSection = "CKFDlg";
-
 /// What the option and annotation pages remember, by key in the settings profile. A missing profile
 /// or key reads as off, or as an empty text; a failed write is not told.
 bool ReadSettingFlag(const char* key);

@@ -1,12 +1,24 @@
-#include "src/db/class_percentage_store.h"
+#include "src/db/result_stores.h"
 
 #include <gtest/gtest.h>
 
+#include "src/core/class_percentages.h"
 #include "tests/src/db/ProjectFixture.h"
 
 namespace {
 
-using ClassPercentageStore = ProjectFixture;
+class ClassPercentageStore : public ProjectFixture {
+protected:
+    static int Store(const std::vector<double>& sizes, const std::vector<double>& masses,
+                     double total) {
+        GrainSizeRecord record = Record();
+        record.sizes = sizes;
+        record.amounts = masses;
+        record.totalMass = total;
+        ComputeClassPercentages(record);
+        return StoreClassPercentages(record);
+    }
+};
 
 TEST_F(ClassPercentageStore, PercentagesAreRoundedAndEvenedOut) {
     struct Case {
@@ -66,7 +78,7 @@ TEST_F(ClassPercentageStore, PercentagesAreRoundedAndEvenedOut) {
     Run("INSERT INTO Z_c_KeFen(GCSY,ZKBH,QYBH,KLTYZL,KL20) VALUES(12,'ZK3','6',1,88)");
     for (const Case& c : cases) {
         SCOPED_TRACE(c.reason);
-        EXPECT_EQ(StoreClassPercentages(c.sizes, c.masses, c.total), 1);
+        EXPECT_EQ(Store(c.sizes, c.masses, c.total), 1);
         EXPECT_EQ(Rows(std::string("SELECT ") + c.columns + " FROM Z_c_KeFen WHERE QYBH='5'"),
                   c.stored);
     }
@@ -75,23 +87,23 @@ TEST_F(ClassPercentageStore, PercentagesAreRoundedAndEvenedOut) {
 
 TEST_F(ClassPercentageStore, OnlyTheClassesAreWritten) {
     AddResultRow(",KLSYFF,KLD10,KLBJXS", ",'密度计法',0.123456789,NULL");
-    EXPECT_EQ(StoreClassPercentages({2, 0}, {300, 200}, 500), 1);
+    EXPECT_EQ(Store({2, 0}, {300, 200}, 500), 1);
     EXPECT_EQ(Rows("SELECT GCSY,ZKBH,QYBH,KLSYFF,KL2,KL0,KLD10,KLTYZL,KLBJXS FROM Z_c_KeFen"),
               "12|ZK3|5|密度计法|60.0|40.0|0.123456789|500|null");
 }
 
 TEST_F(ClassPercentageStore, AMissingRowIsSilentAMissingTableIsNot) {
-    EXPECT_EQ(StoreClassPercentages({2}, {1}, 1), 0);
+    EXPECT_EQ(Store({2}, {1}, 1), 0);
     EXPECT_EQ(Box(), "");
     Run("DROP TABLE Z_c_KeFen");
-    EXPECT_EQ(StoreClassPercentages({2}, {1}, 1), 0);
+    EXPECT_EQ(Store({2}, {1}, 1), 0);
     EXPECT_EQ(Box(), "不能打开颗分试验表!请检查!");
 }
 
 TEST_F(ClassPercentageStore, AFailedWriteStillCountsAsDone) {
     AddResultRow(",KL20", ",77");
     Run("CREATE TRIGGER no BEFORE UPDATE ON Z_c_KeFen BEGIN SELECT RAISE(ABORT,'kept'); END");
-    EXPECT_EQ(StoreClassPercentages({2}, {500}, 500), 1);
+    EXPECT_EQ(Store({2}, {500}, 500), 1);
     EXPECT_EQ(Rows("SELECT KL20,KL2 FROM Z_c_KeFen"), "77|null");
     EXPECT_EQ(Box(), "");
 }

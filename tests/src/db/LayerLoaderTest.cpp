@@ -1,4 +1,4 @@
-#include "src/db/layer_loader.h"
+#include "src/db/record_loaders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -61,23 +61,18 @@ TEST_F(LayerLoader, ClassesAreReadScaledAndTheFinestLeftOut) {
             Run("INSERT INTO x_SheJi VALUES(12,2,1," + std::to_string(code) + "," +
                 (value ? "'" + std::string(value) + "'" : "NULL") + ",'')");
         }
-        RecomputePercentages = c.recompute;
-        std::vector<double> sizes;
-        std::vector<double> fractions;
-        EXPECT_EQ(LoadLayerFractions(sizes, fractions), 1);
-        EXPECT_EQ(sizes, c.sizes);
-        EXPECT_THAT(fractions, Pointwise(DoubleEq(), c.fractions));
+        GrainSizeRecord record = Record();
+        EXPECT_EQ(LoadLayerFractions(record, c.recompute), 1);
+        EXPECT_EQ(record.sizes, c.sizes);
+        EXPECT_THAT(record.amounts, Pointwise(DoubleEq(), c.fractions));
     }
 }
 
 TEST_F(LayerLoader, ALayerWithoutRowsIsSilent) {
-    std::vector<double> none;
-    EXPECT_EQ(LoadLayerFractions(none, none), 0);
-    CurrentSubLayer = "1-1";
-    EXPECT_EQ(LoadLayerFractions(none, none), 0);
+    GrainSizeRecord record = Record();
+    EXPECT_EQ(LoadLayerFractions(record, false), 0);
     Run("DROP TABLE x_SheJi");
-    CurrentSubLayer = "1";
-    EXPECT_EQ(LoadLayerFractions(none, none), 0);
+    EXPECT_EQ(LoadLayerFractions(record, false), 0);
     EXPECT_EQ(Box(), "");
 }
 

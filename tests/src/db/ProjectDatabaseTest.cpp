@@ -3,10 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/oledb/last_error.h"
-#include "src/db/CGongChengTable.h"
-#include "src/db/registered_folder.h"
+#include "src/db/project_tables.h"
 #include "src/db/table_filters.h"
-#include "src/db/table_open_error.h"
 #include "tests/src/db/ProjectFixture.h"
 
 namespace {

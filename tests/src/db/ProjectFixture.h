@@ -7,28 +7,32 @@
 #include "platform/ed/command_line.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "platform/win32/code_page.h"
-#include "src/common/module_state.h"
+#include "src/core/GrainSizeRecord.h"
 #include "tests/src/ProjectFolder.h"
 
-/// An empty project database, a current sample and layer of project 12, and what the user is told.
+/// An empty project database, the key of a sample and a layer of project 12, and what the user is
+/// told.
 class ProjectFixture : public testing::Test {
 protected:
     ProjectFixture() {
         mfc::SetWindowSystem(&windows_);
         ed::SetCommandLineSink([this](const std::string& text) { printed_ += text; });
         Run("ALTER TABLE x_SheJi ADD COLUMN note");
-        ProjectContext.GCSY = 12;
-        CurrentBorehole = "ZK3";
-        CurrentSample = "5";
-        CurrentMainLayer = "2";
-        CurrentSubLayer = "1";
-        RecomputePercentages = false;
     }
     ~ProjectFixture() override {
         ed::SetCommandLineSink(nullptr);
         mfc::SetWindowSystem(nullptr);
     }
 
+    static GrainSizeRecord Record() {
+        GrainSizeRecord record;
+        record.projectIndex = 12;
+        record.borehole = "ZK3";
+        record.sample = "5";
+        record.mainLayer = 2;
+        record.subLayer = 1;
+        return record;
+    }
     void Run(const std::string& sql) { project_.Database().Run(sql); }
     std::string Rows(const std::string& select) { return project_.Database().Rows(select); }
     /// A result row of the current sample, apart from its key and total mass as given.

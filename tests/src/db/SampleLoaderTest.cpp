@@ -1,10 +1,9 @@
-#include "src/db/sample_loader.h"
+#include "src/db/record_loaders.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "platform/win32/gbk_literal.h"
-#include "src/db/project_number.h"
 #include "tests/src/db/ProjectFixture.h"
 
 namespace {
@@ -35,7 +34,7 @@ TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
         }
         double depth = -9;
         double thickness = -9;
-        EXPECT_EQ(LoadSampleDepth(depth, thickness), c.result);
+        EXPECT_EQ(LoadSampleDepth(Record(), depth, thickness), c.result);
         EXPECT_EQ(depth, c.depth);
         EXPECT_EQ(thickness, c.thickness);
         EXPECT_EQ(Printed(), c.printed);
@@ -43,7 +42,7 @@ TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
     }
     Run("DROP TABLE z_c_QuYang");
     double unused = 0;
-    EXPECT_EQ(LoadSampleDepth(unused, unused), 0);
+    EXPECT_EQ(LoadSampleDepth(Record(), unused, unused), 0);
     EXPECT_EQ(Box(), "不能打开常规试验表,请检查数据!");
 }
 
@@ -51,11 +50,10 @@ TEST_F(SampleLoader, ItemsComeCoarsestFirstAndEqualSizesByNumber) {
     Run("INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',4,0.25,40.4),(12,'ZK3','5',1,0.075,10.1),"
         "(12,'ZK3','5',3,0.5,30.3),(12,'ZK3','5',2,2,20.2),(12,'ZK3','5',5,0.5,50.5),"
         "(12,'ZK3','6',1,40,1),(11,'ZK3','5',1,40,1)");
-    std::vector<double> sizes;
-    std::vector<double> masses;
-    EXPECT_EQ(LoadTestItems(sizes, masses), 1);
-    EXPECT_THAT(sizes, ElementsAre(2, 0.5, 0.5, 0.25, 0.075));
-    EXPECT_THAT(masses, ElementsAre(20.2, 30.3, 50.5, 40.4, 10.1))
+    GrainSizeRecord record = Record();
+    EXPECT_EQ(LoadTestItems(record), 1);
+    EXPECT_THAT(record.sizes, ElementsAre(2, 0.5, 0.5, 0.25, 0.075));
+    EXPECT_THAT(record.amounts, ElementsAre(20.2, 30.3, 50.5, 40.4, 10.1))
         << "32-bit floats arrive as the decimals they were";
 }
 
@@ -66,32 +64,29 @@ TEST_F(SampleLoader, ManyEqualSizesKeepTheirOrder) {
             std::to_string(number) + ")");
         numbers.push_back(number);
     }
-    std::vector<double> sizes;
-    std::vector<double> masses;
-    EXPECT_EQ(LoadTestItems(sizes, masses), 1);
-    EXPECT_EQ(masses, numbers);
+    GrainSizeRecord record = Record();
+    EXPECT_EQ(LoadTestItems(record), 1);
+    EXPECT_EQ(record.amounts, numbers);
 }
 
 TEST_F(SampleLoader, MissingItemsAreTold) {
-    std::vector<double> sizes;
-    std::vector<double> masses;
-    EXPECT_EQ(LoadTestItems(sizes, masses), 0);
+    GrainSizeRecord record = Record();
+    EXPECT_EQ(LoadTestItems(record), 0);
     EXPECT_EQ(Box(), "请在数据表中输入数据");
     for (const char* second : {"NULL,1", "2,NULL", "-0.5,1", "9e999,1", "2,-9e999", "2,'nan'"}) {
         Run("DELETE FROM Z_c_KeFenCSXM; INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',1,0.5,30)");
         Run(std::string("INSERT INTO Z_c_KeFenCSXM VALUES(12,'ZK3','5',2,") + second + ")");
-        sizes.clear();
-        masses.clear();
-        EXPECT_EQ(LoadTestItems(sizes, masses), 0);
+        record = Record();
+        EXPECT_EQ(LoadTestItems(record), 0);
         EXPECT_EQ(Box(), "颗分试验项目表数据不全，请检查!");
-        EXPECT_THAT(sizes, ElementsAre(0.5));
-        EXPECT_THAT(masses, ElementsAre(30));
+        EXPECT_THAT(record.sizes, ElementsAre(0.5));
+        EXPECT_THAT(record.amounts, ElementsAre(30));
     }
-    CurrentSample = "5'";
-    sizes.clear();
-    EXPECT_EQ(LoadTestItems(sizes, masses), 0);
+    record = Record();
+    record.sample = "5'";
+    EXPECT_EQ(LoadTestItems(record), 0);
     EXPECT_EQ(Box(), "不能打开颗分试验项目表,请检查数据!");
-    EXPECT_THAT(sizes, IsEmpty());
+    EXPECT_THAT(record.sizes, IsEmpty());
 }
 
 TEST_F(SampleLoader, TheProjectsNumberMustBeTheCurvesOwn) {

@@ -30,7 +30,7 @@ protected:
         grid.decadeLength = 25.5;
         grid.gridWidth = 160;
         grid.gridHeight = 65;
-        curve.SetGrid(grid, 2.4);
+        SetGrid(curve, grid, 2.4);
         curve.SetPoints({{50, 270, 0}, {60, 250.5, 0}}, {{200, 210, 0}});
         curve.SetTextStyleId(style);
         curve.SetLayerKey("12", "4");

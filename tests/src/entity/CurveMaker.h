@@ -13,6 +13,11 @@ inline AcGePoint3d PointAt(double size, double passing) {
     return {grid.XOfSize(size), grid.YOfPassing(passing), 0.0};
 }
 
+inline void SetGrid(CKFCurve& curve, const CurveGrid& grid, double textHeight) {
+    curve.SetGrid(grid.gridOrigin, grid.wideAxis, grid.decadeLength, grid.gridWidth,
+                  grid.gridHeight, textHeight);
+}
+
 /// Fills a curve as chart layouts do: `labels` label points at (1, 0), (2, 0) and so on.
 inline void SetUpCurve(CKFCurve& curve, int chartType, const AcGePoint3dArray& points,
                        int labels = 5) {
@@ -21,7 +26,7 @@ inline void SetUpCurve(CKFCurve& curve, int chartType, const AcGePoint3dArray& p
         labelPoints.append({static_cast<double>(i), 0.0, 0.0});
     }
     curve.SetIdentity(static_cast<Adesk::Int16>(chartType), 7, "GC1", "ZK3", "5");
-    curve.SetGrid(TestGrid(), 2.4);
+    SetGrid(curve, TestGrid(), 2.4);
     curve.SetPoints(points, labelPoints);
 }
 

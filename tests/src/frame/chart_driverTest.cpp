@@ -1,7 +1,7 @@
 #include "src/frame/chart_driver.h"
 
 #include "platform/ed/user_break.h"
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 #include "tests/src/chart/SheetDump.h"
 #include "tests/src/frame/FrameFixture.h"
 

@@ -1,6 +1,6 @@
 #include "src/frame/chart_openers.h"
 
-#include "src/ui/resource_ids.h"
+#include "src/facts/control_ids.h"
 #include "tests/src/frame/FrameFixture.h"
 
 namespace {

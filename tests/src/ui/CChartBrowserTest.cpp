@@ -1,9 +1,9 @@
 #include "src/ui/CChartBrowser.h"
 
 #include "platform/mfc/afx.h"
+#include "src/facts/control_ids.h"
 #include "src/ui/CLayerBrowser.h"
 #include "src/ui/CSampleBrowser.h"
-#include "src/ui/resource_ids.h"
 #include "tests/src/ui/ProjectFixture.h"
 
 namespace {

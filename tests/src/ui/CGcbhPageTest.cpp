@@ -1,10 +1,10 @@
 #include "src/ui/CGcbhPage.h"
 
 #include "platform/mfc/window_styles.h"
+#include "src/facts/control_ids.h"
 #include "src/ui/CKefenSheet.h"
 #include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
-#include "src/ui/resource_ids.h"
 #include "tests/src/ui/ProjectFixture.h"
 
 namespace {
@@ -158,7 +158,7 @@ TEST_F(CGcbhPageTest, MarksOfOtherProgramsAreMergedAndTheirRemovalsStay) {
         list.AddString("1");
         list.AddString("2");
         WriteText("marks.ini", std::string("[CKFDlg]\r\nk=") + row.now + "\r\n");
-        row.operation(list, {"CKFDlg", "k", MarkProfilePath}, row.before);
+        row.operation(list, {"k", MarkProfilePath}, row.before);
         EXPECT_EQ(ReadText("marks.ini"), std::string("[CKFDlg]\r\nk=") + row.after + "\r\n")
             << row.reason;
         std::string shown;

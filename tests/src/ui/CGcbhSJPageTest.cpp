@@ -1,7 +1,7 @@
 #include "src/ui/CGcbhSJPage.h"
 
+#include "src/facts/control_ids.h"
 #include "src/ui/CKefenSheet.h"
-#include "src/ui/resource_ids.h"
 #include "tests/src/ui/ProjectFixture.h"
 
 namespace {
