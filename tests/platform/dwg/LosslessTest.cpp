@@ -83,7 +83,8 @@ TEST_F(LosslessTest, OnlyTheCurveThatIsEditedDiffers) {
     }));
     const std::string file = save();
     const auto copy = read();
-    EXPECT_EQ(entities(*copy).back()->isA(), AcDbPolyline::desc());
+    ASSERT_EQ(entities(*copy).back()->isA(), AcDbPolyline::desc());
+    Opened(entities(*copy).back()->objectId())->assertWriteEnabled();  // to be written anew
     const AcDbObjectId edited = entities(*copy)[3]->objectId();
     {
         const Opened opened(edited);

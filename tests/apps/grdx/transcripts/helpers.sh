@@ -1,0 +1,37 @@
+# What the commands of transcripts find. $0 is the console program, $1 the folder of the sample data,
+# $2 the case's own.
+set -o pipefail
+export HOME=$2 GRDX_SUITE=$2/suite XDG_CONFIG_HOME=$2/configuration LC_ALL=C.UTF-8
+program=$0 samples=$1 base=$2
+sheets=$2/suite/output/2026-017/室内曲线
+
+# Tells of a status other than 0 on standard error.
+grdx() {
+    timeout 60 "$program" "$@"
+    local status=$?
+    [ $status = 0 ] || echo "status $status" >&2
+    return $status
+}
+# A suite folder with the sample project, 2026-017, of that standard code.
+project() {
+    grdx new suite --number 2026-017 --name 滨江新城一期 --code "${1-0}" > /dev/null &&
+        grdx import samples "$samples/samples.csv" > /dev/null &&
+        grdx import layers "$samples/layers.csv" > /dev/null
+}
+# Keeps the suite folder as it is, and puts it back.
+keep() { rm -rf kept && cp -a suite kept; }
+back() { rm -rf suite && cp -a kept suite; }
+# Runs a command, and tells what it has changed in the suite folder.
+unchanged() { rm -rf before && cp -a suite before; "$@"; diff -rq suite before; }
+# Puts another text in a file of the suite folder, which must have the first.
+edit() {
+    grep -qF -- "$2" "suite/$1" || echo "$1 lacks $2"
+    local content && content=$(< "suite/$1") && printf '%s\n' "${content//"$2"/"$3"}" > "suite/$1"
+}
+# Puts a link to $2 in the place of $1.
+plant() { rm -rf "$1" && mkdir -p "$(dirname "$1")" && ln -s "$2" "$1"; }
+utf8() { iconv -f GBK -t UTF-8 "$1" | tr -d '\r'; }
+# The fields of JSON texts, one a line.
+fields() { sed 's/,"/,\n"/g; s/\([{[]\)\("\|{\)/\1\n\2/g'; }
+# The handle of a sheet's first curve.
+curve() { grdx info "$1" | awk '$1 == "curve" { print "#" $2; exit }'; }
