@@ -1,11 +1,10 @@
-// What users type, and what the programs answer. The texts are reviewed as any code is; a run with
-// GRDX_ACCEPT=1 in the environment (tools/accept_goldens.sh) puts in what the programs answer now.
+// What users type, and what the programs answer.
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <fstream>
 
+#include "tests/Golden.h"
 #include "tests/apps/grdx/Transcript.h"
 #include "tests/system/Program.h"
 
@@ -24,7 +23,7 @@ std::string NameOf(const testing::TestParamInfo<Transcript>& info) {
 TEST_P(TranscriptTest, AnswersAsWritten) {
     const Transcript& written = GetParam();
     const std::string actual = written.Run();
-    if (std::getenv("GRDX_ACCEPT") == nullptr) {
+    if (!AcceptsGoldens()) {
         EXPECT_EQ(actual, written.text) << written.file;
         return;
     }

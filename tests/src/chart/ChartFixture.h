@@ -7,6 +7,7 @@
 
 #include "src/chart/CDrawTools.h"
 #include "src/entity/CKFCurve.h"
+#include "tests/Golden.h"
 #include "tests/platform/db/RecordingWorldDraw.h"
 #include "tests/src/RecordedMessages.h"
 #include "tests/src/TestProject.h"
@@ -26,6 +27,13 @@ protected:
         return lines;
     }
     std::size_t CountDrawn(const std::string& start) { return Drawn(start).size(); }
+    /// Compares the sheet, and the labels of its curve, with the text of that name.
+    void ExpectDrawn(const std::string& golden) {
+        std::vector<std::string> lines = Drawn();
+        const std::vector<std::string> labels = CurveLabels();
+        lines.insert(lines.end(), labels.begin(), labels.end());
+        ExpectGolden(std::string(GRDX_CHART_GOLDENS) + "/" + golden + ".txt", lines);
+    }
 
     /// What the sheet's last entity, a curve, draws as labels.
     std::vector<std::string> CurveLabels() {

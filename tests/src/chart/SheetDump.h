@@ -1,8 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -79,19 +76,4 @@ inline std::vector<std::string> Dump(AcDbDatabase& drawing) {
     VisitModelSpace(drawing,
                     [&lines](const AcDbEntity& entity) { lines.push_back(Describe(entity)); });
     return lines;
-}
-
-/// Whether the lines stand in the dump in this order, with others between them or not.
-inline testing::AssertionResult StandInOrder(const std::vector<std::string>& lines,
-                                             const std::vector<std::string>& dump) {
-    auto from = dump.begin();
-    for (const std::string& line : lines) {
-        const auto found = std::find(from, dump.end(), line);
-        if (found == dump.end()) {
-            return testing::AssertionFailure() << "\"" << line << "\" is missing or too early in\n"
-                                               << testing::PrintToString(dump);
-        }
-        from = found + 1;
-    }
-    return testing::AssertionSuccess();
 }
