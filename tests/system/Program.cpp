@@ -11,7 +11,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
-#include <set>
 
 #include "tests/platform/oledb/SqliteTestDatabase.h"
 
@@ -112,16 +111,4 @@ std::string SampleSuite::Ask(const std::string& statement) const {
         lines += row + "\n";
     }
     return lines;
-}
-
-std::vector<std::string> SampleBoreholes() {
-    std::ifstream file(std::string(GRDX_SAMPLES) + "/samples.csv");
-    std::set<std::string> names;
-    std::string line;
-    std::getline(file, line);
-    while (std::getline(file, line)) {
-        names.insert(line.substr(0, line.find(',')));
-    }
-    EXPECT_GE(names.size(), 4U);
-    return {names.begin(), names.end()};
 }

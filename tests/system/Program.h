@@ -35,6 +35,3 @@ public:
 private:
     std::filesystem::path folder_;
 };
-
-/// The boreholes of the sample data.
-std::vector<std::string> SampleBoreholes();
