@@ -58,7 +58,7 @@ format: packages
 
 lint: packages
 	cmake --preset lint
-	@tools/lint.sh build/lint
+	@tools/lint.sh build/lint $(LINT_SECONDS)
 
 clean:
 	rm -rf build demo

@@ -39,6 +39,6 @@ function(grdx_test name folder)
     target_precompile_headers(${name} REUSE_FROM ${ARG_PRECOMPILED})
   endif()
   # What is measured and delivered is optimized; what tests it is compiled often.
-  target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-O0>)
+  target_compile_options(${name} PRIVATE -O0)
   add_test(NAME ${name} COMMAND ${name} --gtest_shuffle WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
 endfunction()

@@ -5,7 +5,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 
 class ResultChart : public ChartFixture {
