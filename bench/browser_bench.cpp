@@ -18,8 +18,7 @@
 #include "src/common/module_state.h"
 #include "src/db/project_database.h"
 #include "src/facts/control_ids.h"
-#include "src/ui/CLayerBrowser.h"
-#include "src/ui/CSampleBrowser.h"
+#include "src/ui/CChartBrowser.h"
 #include "src/ui/plugin_resources.h"
 
 namespace {

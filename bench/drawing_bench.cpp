@@ -18,7 +18,7 @@
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/DwgFileWriter.h"
 #include "platform/win32/file_replace.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include "platform/dwg/entity_types.h"
 #include "platform/gi/AcGiProxyGraphicsRecorder.h"
 #include "platform/win32/gbk_literal.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 #include "tests/platform/dwg/KeptEntities.h"
 
 namespace {

@@ -15,7 +15,7 @@
 #include "platform/dwg/DwgFileWriter.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "src/entity/CKFCurve.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 
 // The fuzzer's own changes of bytes.
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t most);

@@ -24,7 +24,7 @@
 #include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
 #include "src/entity/CKFCurve.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 
 namespace {
 

@@ -18,7 +18,7 @@
 #include "platform/db/AcDbVXTable.h"
 #include "platform/db/AcDbViewTable.h"
 #include "platform/db/AcDbViewportTable.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 #include "tests/platform/db/Opened.h"
 #include "tests/platform/dwg/KeptEntities.h"
 

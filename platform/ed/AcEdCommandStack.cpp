@@ -5,6 +5,8 @@
 #include "platform/rx/Acad.h"
 #include "platform/win32/gbk_text.h"
 
+ACRX_DEFINE_MEMBERS(AcEdCommandStack, AcRxObject, nullptr);
+
 namespace {
 bool SameName(const std::string& left, const char* right) {
     return win32::EqualNoCase(left, right);

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/rx/AcRxClass.h"
+
 using AcRxFunctionPtr = void (*)();
 
 /// Command flags.
@@ -20,8 +22,9 @@ struct AcEdCommand {
 };
 
 /// The commands that modules have added. Names compare without regard to case.
-class AcEdCommandStack {
+class AcEdCommandStack : public AcRxObject {
 public:
+    ACRX_DECLARE_MEMBERS(AcEdCommandStack);
     /// The arguments after the function (user-interface context, function code, resource handle,
     /// command pointer out) have no effect and take the defaults only.
     /// eDuplicateKey when the group has a command of that global name, eInvalidInput without name

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 ACRX_DEFINE_MEMBERS(AcEditorReactor, AcRxObject, nullptr);
+ACRX_DEFINE_MEMBERS(AcEditor, AcRxObject, nullptr);
 
 void AcEditorReactor::commandWillStart(const char* /*commandName*/) {}
 void AcEditorReactor::commandEnded(const char* /*commandName*/) {}

@@ -15,8 +15,9 @@ public:
 
 /// The editor: whom it tells. Reactors are not owned; one added twice hears once. A reactor may
 /// remove itself, or others, while being told.
-class AcEditor {
+class AcEditor : public AcRxObject {
 public:
+    ACRX_DECLARE_MEMBERS(AcEditor);
     void addReactor(AcEditorReactor* reactor);
     void removeReactor(AcEditorReactor* reactor);
     /// Tells the reactors; called by hosts that run commands.

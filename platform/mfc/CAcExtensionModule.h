@@ -2,7 +2,10 @@
 
 #include "platform/win32/win_types.h"
 
-/// A module's record of its own instance.
+/// A module's record of its own instance. Where it was published, attaching also enters the module
+/// in the framework's chain of libraries (AfxInitExtensionModule, CDynLinkLibrary) and detaching
+/// takes it out (AfxTermExtensionModule), so that resources are found along the chain. Here a
+/// module's resources are asked for by its instance alone, and there is no chain to enter.
 class CAcExtensionModule {
 public:
     /// The module was linked into the process under this instance.

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "platform/win32/code_page.h"
+#include "platform/win32/gbk_text.h"
 
 namespace {
 
@@ -30,11 +31,13 @@ int lstrlenA(LPCSTR text) {
 }
 
 int MultiByteToWideChar(UINT codePage, DWORD flags, LPCSTR text, int bytes, LPWSTR wide, int size) {
-    if (codePage != CP_ACP || flags != 0 || text == nullptr) {
+    if ((codePage != CP_ACP && codePage != CP_UTF8) || flags != 0 || text == nullptr) {
         return 0;
     }
     const std::size_t length = bytes < 0 ? std::strlen(text) + 1 : static_cast<std::size_t>(bytes);
-    return HandOut(win32::Utf16FromGbk({text, length}), wide, size);
+    const std::string_view source(text, length);
+    return HandOut(codePage == CP_UTF8 ? win32::Utf16FromUtf8(source) : win32::Utf16FromGbk(source),
+                   wide, size);
 }
 
 int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int units, LPSTR text, int size,
@@ -47,7 +50,8 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int units, LPS
                   : std::u16string_view(wide, static_cast<std::size_t>(units));
     std::string gbk;
     BOOL replaced = FALSE;
-    for (std::size_t pos = 0; pos < source.size();) {
+    const bool whole = win32::TryGbkFromUtf8(win32::Utf8FromUtf16(source), gbk);
+    for (std::size_t pos = whole ? source.size() : 0; pos < source.size();) {
         const bool pair = source[pos] >= 0xD800 && source[pos] <= 0xDBFF && pos + 1 < source.size();
         const std::u16string_view character = source.substr(pos, pair ? 2 : 1);
         std::string converted;
@@ -63,6 +67,12 @@ int WideCharToMultiByte(UINT codePage, DWORD flags, LPCWSTR wide, int units, LPS
         *usedDefault = replaced;
     }
     return HandOut(gbk, text, size);
+}
+
+DWORD CharLowerBuffA(LPSTR text, DWORD length) {
+    const std::string folded = win32::FoldCase({text, length});
+    std::copy(folded.begin(), folded.end(), text);
+    return length;
 }
 
 int _mbscmp(const unsigned char* left, const unsigned char* right) {

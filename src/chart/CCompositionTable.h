@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/ge/AcGePoint3dArray.h"
 #include "src/chart/CSheetPen.h"
 #include "src/core/curve_shape.h"
 
@@ -41,3 +42,10 @@ private:
     std::vector<std::string> sizeTexts_;  // one a column
     std::vector<int> fractionColumns_;    // boulders to clay
 };
+
+/// Draws the names of the composition indices beside the columns of the table, or below them when
+/// it is long. Gives the points where the curve writes the values: d60, Cu, d30, d10, Cc.
+AcGePoint3dArray DrawIndexBlock(const CSheetPen& pen, const CCompositionTable& table);
+/// Writes the soil class line into the block.
+void DrawSoilClass(const CSheetPen& pen, const CCompositionTable& table,
+                   const std::string& soilClass);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -77,4 +78,9 @@ public:
     int AddToDrawing(AcDbDatabase* target, AcDbEntity* entity, AcDbObjectId& id) const;
     /// Takes the entity in any case: one that cannot be appended is destroyed.
     void AppendEntity(AcDbEntity* entity, AcDbObjectId& id, AcDbDatabase* target) const;
+
+private:
+    /// What all other operations append with: to the working drawing for null. An entity that is
+    /// refused is destroyed and gives a null id.
+    AcDbObjectId Append(AcDbDatabase* target, std::unique_ptr<AcDbEntity> entity) const;
 };

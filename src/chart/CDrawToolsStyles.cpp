@@ -4,10 +4,10 @@
 #include "platform/ed/adesk_results.h"
 #include "platform/ed/file_search.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/chart/CDrawTools.h"
 #include "src/common/module_state.h"
-#include "src/entity/model_space.h"
+#include "src/core/gbk_text.h"
+#include "src/entity/append_entity.h"
 
 namespace {
 

@@ -2,9 +2,8 @@
 #include <string_view>
 
 #include "platform/db/AcDbText.h"
-#include "platform/win32/code_page.h"
 #include "src/chart/CDrawTools.h"
-#include "src/entity/model_space.h"
+#include "src/core/gbk_text.h"
 
 namespace {
 
@@ -25,7 +24,7 @@ std::size_t RunLength(std::string_view text, std::size_t start) {
     const bool doubleByte = HasHighBit(text[start]);
     std::size_t end = start;
     while (end < text.size() && HasHighBit(text[end]) == doubleByte) {
-        end += win32::CharLength(text, end);
+        end += CharLength(text, end);
     }
     return end - start;
 }
@@ -74,7 +73,7 @@ bool IsCode(char c) {
 std::size_t SegmentEnd(std::string_view coded, std::size_t start, char code) {
     std::size_t end = start;
     while (end < coded.size() && (coded[end] == code || !IsCode(coded[end]))) {
-        end += win32::CharLength(coded, end);
+        end += CharLength(coded, end);
     }
     return end;
 }
@@ -97,7 +96,7 @@ void CDrawTools::DrawMixedText(double x, double y, const std::string& text, doub
         const bool doubleByte = HasHighBit(run[0]);
         const double runHeight = doubleByte ? height : height * kSingleByteHeight;
         const double runY = doubleByte ? y : y + kSingleByteRaise * height;
-        AppendOrDrop(target, MakeRun(x, runY, run, runHeight, rotation, colorIndex));
+        Append(target, MakeRun(x, runY, run, runHeight, rotation, colorIndex));
         x += TextWidth(run, runHeight);
         start += run.size();
     }
@@ -105,7 +104,7 @@ void CDrawTools::DrawMixedText(double x, double y, const std::string& text, doub
 
 double CDrawTools::TextWidth(const std::string& text, double height) const {
     int characters = 0;
-    for (std::size_t i = 0; i < text.size(); i += win32::CharLength(text, i)) {
+    for (std::size_t i = 0; i < text.size(); i += CharLength(text, i)) {
         ++characters;
     }
     return characters * height * kCharacterWidth;
@@ -117,7 +116,7 @@ void CDrawTools::SplitStackedText(const std::string& coded, std::vector<TextPiec
     double cursors[kCursorCount] = {};
     for (std::size_t position = 0; position < coded.size();) {
         const PieceStyle& style = StyleOf(coded[position]);
-        const std::size_t start = position + win32::CharLength(coded, position);
+        const std::size_t start = position + CharLength(coded, position);
         position = SegmentEnd(coded, start, style.code);
         TextPiece piece{coded.substr(start, position - start), cursors[style.cursor],
                         style.dy * height, style.height * height};

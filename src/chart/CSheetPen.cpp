@@ -1,7 +1,6 @@
 #include "src/chart/CSheetPen.h"
 
 #include "platform/db/AcDbText.h"
-#include "src/entity/model_space.h"
 
 namespace {
 
@@ -42,7 +41,8 @@ void CSheetPen::PlainText(double x, double y, const std::string& text, double he
     auto entity = std::make_unique<AcDbText>(AcGePoint3d(x, y, 0.0), text.c_str(),
                                              AcDbObjectId::kNull, height, rotation);
     entity->setWidthFactor(kTextWidthFactor);
-    AppendOrDrop(sheet_, std::move(entity));
+    AcDbObjectId id;
+    tools_.AppendEntity(entity.release(), id, sheet_);
 }
 
 void CSheetPen::Dot(double x, double y) const {

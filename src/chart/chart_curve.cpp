@@ -5,10 +5,10 @@
 
 #include "platform/ed/command_line.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
-#include "src/core/class_percentages.h"
 #include "src/core/curve_shape.h"
+#include "src/core/gbk_text.h"
+#include "src/core/percentages.h"
 #include "src/db/CStoreTransaction.h"
 #include "src/db/record_loaders.h"
 #include "src/db/result_stores.h"

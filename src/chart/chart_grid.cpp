@@ -1,7 +1,7 @@
 #include "src/chart/chart_grid.h"
 
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 
 namespace {
 

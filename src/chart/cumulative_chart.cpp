@@ -1,10 +1,10 @@
 #include "src/chart/cumulative_chart.h"
 
-#include "platform/win32/gbk_literal.h"
 #include "src/chart/chart_curve.h"
 #include "src/chart/chart_grid.h"
 #include "src/common/module_state.h"
 #include "src/core/curve_shape.h"
+#include "src/core/gbk_text.h"
 #include "src/core/number_format.h"
 #include "src/db/record_loaders.h"
 

@@ -2,14 +2,13 @@
 
 #include <cmath>
 
-#include "platform/win32/gbk_literal.h"
 #include "src/chart/CCompositionTable.h"
 #include "src/chart/chart_curve.h"
 #include "src/chart/chart_grid.h"
-#include "src/chart/index_block.h"
 #include "src/common/module_state.h"
 #include "src/core/curve_shape.h"
-#include "src/core/shown_percentages.h"
+#include "src/core/gbk_text.h"
+#include "src/core/percentages.h"
 #include "src/core/soil_classification.h"
 
 namespace {

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/win32/code_page.h"
-#include "platform/win32/gbk_literal.h"
-#include "platform/win32/gbk_text.h"
+#include "src/core/gbk_text.h"
 
 namespace {
 
@@ -32,7 +30,7 @@ NameFault FindNameFault(std::string_view name, std::size_t mostCharacters) {
     std::size_t characters = 0;
     std::size_t length = 0;
     for (std::size_t pos = 0; pos < name.size(); pos += length) {
-        length = win32::CharLength(name, pos);
+        length = CharLength(name, pos);
         const std::string_view character = name.substr(pos, length);
         if (IsBlank(character) && (pos == 0 || pos + length == name.size())) {
             return {Kind::kBlankAtEnd};
@@ -51,7 +49,7 @@ NameFault FindNameFault(std::string_view name, std::size_t mostCharacters) {
 SheetNames::SheetNames(const std::vector<SampleKey>& samples) {
     byName_.reserve(samples.size());
     for (const SampleKey& sample : samples) {
-        byName_.emplace(win32::FoldCase(KeyOf(sample)), sample);
+        byName_.emplace(FoldCase(KeyOf(sample)), sample);
     }
 }
 
@@ -74,7 +72,7 @@ const SampleKey* SheetNames::FindOther(const std::string& folded, const SampleKe
 }
 
 const SampleKey* SheetNames::FindRival(const SampleKey& sample) const {
-    const std::string name = win32::FoldCase(KeyOf(sample));
+    const std::string name = FoldCase(KeyOf(sample));
     const SampleKey* rival = FindOther(name, sample);
     // "ZK1-1~ZK1-2" is also how a sheet of two is named. A split within a double-byte character
     // does no harm: no name ends with half of one.
@@ -82,8 +80,8 @@ const SampleKey* SheetNames::FindRival(const SampleKey& sample) const {
          rival == nullptr && pos != std::string::npos;
          pos = name.find_first_of(kSheetSeparators, pos + 1)) {
         const SampleKey* const first = FindOther(name.substr(0, pos), sample);
-        if (first != nullptr && std::string_view(name).substr(pos + 1).starts_with(
-                                    win32::FoldCase(first->borehole) + "-")) {
+        if (first != nullptr &&
+            std::string_view(name).substr(pos + 1).starts_with(FoldCase(first->borehole) + "-")) {
             rival = first;
         }
     }
@@ -91,8 +89,7 @@ const SampleKey* SheetNames::FindRival(const SampleKey& sample) const {
 }
 
 bool IsNamedAsLayers(const std::string& borehole) {
-    return win32::EqualNoCase(std::string_view(borehole).substr(0, kLayerSheets.size()),
-                              kLayerSheets);
+    return FoldCase(borehole.substr(0, kLayerSheets.size())) == FoldCase(std::string(kLayerSheets));
 }
 
 const std::string* FindRivalLayer(const SampleKey& sample, const std::vector<std::string>& layers) {

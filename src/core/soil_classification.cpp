@@ -1,6 +1,6 @@
 #include "src/core/soil_classification.h"
 
-#include "platform/win32/gbk_literal.h"
+#include "src/core/gbk_text.h"
 
 namespace {
 

@@ -5,12 +5,16 @@
 #include <utility>
 
 #include "platform/ed/command_line.h"
-#include "platform/win32/gbk_literal.h"
+#include "src/core/gbk_text.h"
 
 namespace {
 
 constexpr int kStackEntries = 999;  // NSTACK; every pushed part takes two
 constexpr int kInsertionSpan = 7;   // parts with a smaller span are finished by insertion
+
+// A quicksort of its own instead of std::sort: samples with equal keys come in the order in which
+// it leaves them, and which two share a sheet depends on that order. Any other sort, a stable one
+// too, would pair up some projects' samples anew and make other sheets than they have.
 
 /// A part of the array, both ends included.
 struct Part {

@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "src/core/gbk_text.h"
 #include "src/db/project_database.h"
 
 namespace {

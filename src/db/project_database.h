@@ -17,9 +17,6 @@ IOpenRowset* ProjectSession();
 /// The next table opens it anew, from the initialisation string of that time.
 void CloseProjectDatabase();
 
-/// GBK as UTF-16, the way the database takes texts.
-std::basic_string<WCHAR> WideText(const std::string& text);
-
 /// Tables whose failed open is told to the user.
 enum TableErrorCode : int {
     kSampleTableError = 2,     ///< z_c_QuYang

@@ -8,10 +8,9 @@
 
 #include "platform/ed/command_line.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/code_page.h"
-#include "platform/win32/gbk_literal.h"
+#include "src/core/GrainSizeRecord.h"
+#include "src/core/gbk_text.h"
 #include "src/core/number_format.h"
-#include "src/core/record_items.h"
 #include "src/db/project_database.h"
 #include "src/db/project_tables.h"
 #include "src/db/table_filters.h"
@@ -43,7 +42,7 @@ bool LoadResultRow(GrainSizeRecord& record) {
     }
     if (row != S_OK) return false;
     record.totalMass = WidenFloat(table.record.KLTYZL);
-    record.testMethod = win32::GbkFromUtf16(table.record.KLSYFF);
+    record.testMethod = NarrowText(table.record.KLSYFF);
     return true;
 }
 

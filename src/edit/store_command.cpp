@@ -3,17 +3,65 @@
 #include <memory>
 
 #include "platform/ed/command_line.h"
+#include "platform/ed/entity_selection.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
+#include "platform/rx/AcRxDynamicLinker.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/db/record_loaders.h"
-#include "src/edit/select_entity.h"
 #include "src/entity/CKFCurve.h"
 
 namespace {
 
 constexpr int kFailed = 0;
 constexpr int kStored = 1;
+
+bool PickId(const char* prompt, AcDbObjectId& id) {
+    ads_name name;
+    ads_point point;
+    if (acedEntSel(prompt, name, point) != RTNORM) {
+        acutPrintf("%s", "什么也没有选中.\n"_gbk);
+        return false;
+    }
+    const Acad::ErrorStatus status = acdbGetObjectId(id, name);
+    if (status != Acad::eOk) {
+        acutPrintf("取试体ID失败: \n试体名：<%lx,%lx>, 错误码=%d.\n"_gbk, name[0], name[1], status);
+        return false;
+    }
+    return true;
+}
+
+Acad::ErrorStatus OpenEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode) {
+    AcDbObject* object = nullptr;
+    const Acad::ErrorStatus status = acdbOpenAcDbObject(object, id, mode);
+    if (status != Acad::eOk) {
+        return status;
+    }
+    if (!object->isKindOf(AcDbEntity::desc())) {
+        if (object->close() != Acad::eOk) {
+            acrx_abort("Failed AcDbObject::close()");
+        }
+        return Acad::eNotAnEntity;
+    }
+    entity = static_cast<AcDbEntity*>(object);
+    return Acad::eOk;
+}
+
+/// Lets the user pick an entity. Gives it open in `mode` and highlighted, with its id in `id`;
+/// null, after a line on the command line, when nothing was picked or the pick cannot be opened.
+AcDbEntity* SelectEntity(const char* prompt, AcDbObjectId& id, AcDb::OpenMode mode) {
+    if (!PickId(prompt, id)) {
+        return nullptr;
+    }
+    AcDbEntity* entity = nullptr;
+    const Acad::ErrorStatus status = OpenEntity(entity, id, mode);
+    if (status != Acad::eOk) {
+        acutPrintf("打开试体错误，错误码=%d.\n"_gbk, status);
+        return nullptr;
+    }
+    entity->highlight();
+    return entity;
+}
 
 /// Ends the work on a picked entity.
 struct EntityRelease {

@@ -6,6 +6,7 @@
 #include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbSpline.h"
 #include "src/core/curve_shape.h"
+#include "src/core/number_format.h"
 #include "src/facts/CurveFields.h"
 
 /// One grading curve in a drawing: a smooth curve through its plotted points and the labels of the
@@ -44,6 +45,9 @@ public:
     /// of it, the curve counts as stored afterwards.
     int StoreToDatabase();
 
+    /// The text of a diameter or coefficient as labels and tables show it; the function of
+    /// number_format.h under the name that the class has always offered it by.
+    static std::string FormatResultValue(double value, ResultValueMode mode);
     void GetProjectKey(int& projectIndex, std::string& projectNumber) const;
     /// d95, d85, d60, d50, d30, d15, d10, d90 in mm, -1 where the curve misses the level. Shorter
     /// after an interrupted computation, empty before the first.
@@ -79,6 +83,10 @@ private:
     /// Also reads the diameters anew.
     void DrawCurve(AcGiWorldDraw& context);
     void DrawLabels(AcGiWorldDraw& context) const;
+    /// Texts of the value labels, in the order of the label points. Standard code 2 gives the seven
+    /// bare values d95, d60, d50, d30, d10, Cu, Cc; any other the five "=" texts d60, Cu, d30, d10,
+    /// Cc. A value that is not determined is empty, or "=" alone.
+    std::vector<std::string> LabelTexts() const;
 
     CurveFields fields_;
 };

@@ -5,10 +5,9 @@
 #include "platform/db/AcDbLine.h"
 #include "platform/gi/AcGiWorldDraw.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
+#include "src/core/gbk_text.h"
 #include "src/entity/CKFCurve.h"
-#include "src/entity/curve_labels.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 
 namespace {
 
@@ -41,6 +40,12 @@ AcGiTextStyle LabelStyle(double textHeight, double widthFactor) {
     style.setTrackingPercent(80.0);
     style.setTextSize(textHeight);
     return style;
+}
+
+constexpr int kCumulativeChart = 2;
+
+std::string ValueText(std::optional<double> value, ResultValueMode mode) {
+    return value ? CKFCurve::FormatResultValue(*value, mode) : std::string();
 }
 
 }  // namespace
@@ -90,7 +95,7 @@ void CKFCurve::DrawCurve(AcGiWorldDraw& context) {
 }
 
 void CKFCurve::DrawLabels(AcGiWorldDraw& context) const {
-    const std::vector<std::string> texts = CurveLabelTexts(fields_.chartType, fields_.diameters);
+    const std::vector<std::string> texts = LabelTexts();
     const AcGiTextStyle style = LabelStyle(fields_.textHeight, kLabelWidthFactor);
     const int count = std::min(fields_.labelPoints.length(), static_cast<int>(texts.size()));
     for (int i = 0; i < count; ++i) {
@@ -99,6 +104,25 @@ void CKFCurve::DrawLabels(AcGiWorldDraw& context) const {
         context.geometry().text(fields_.labelPoints[i], AcGeVector3d::kZAxis, AcGeVector3d::kXAxis,
                                 texts[static_cast<std::size_t>(i)].c_str(), -1, false, style);
     }
+}
+
+std::string CKFCurve::FormatResultValue(double value, ResultValueMode mode) {
+    return ::FormatResultValue(value, mode);
+}
+
+std::vector<std::string> CKFCurve::LabelTexts() const {
+    const std::vector<double>& diameters = fields_.diameters;
+    const auto diameter = [&diameters](DiameterIndex index) {
+        return ValueText(DeterminedDiameter(diameters, index), kDiameterValue);
+    };
+    const std::string uniformity = ValueText(Uniformity(diameters), kCoefficientValue);
+    const std::string curvature = ValueText(Curvature(diameters), kCoefficientValue);
+    if (fields_.chartType == kCumulativeChart) {
+        return {diameter(kD95), diameter(kD60), diameter(kD50), diameter(kD30),
+                diameter(kD10), uniformity,     curvature};
+    }
+    return {"=" + diameter(kD60), "=" + uniformity, "=" + diameter(kD30), "=" + diameter(kD10),
+            "=" + curvature};
 }
 
 void CKFCurve::saveAs(AcGiWorldDraw* context, AcDb::SaveType type) {

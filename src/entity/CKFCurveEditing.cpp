@@ -3,7 +3,6 @@
 #include "platform/db/AcDbText.h"
 #include "src/common/module_state.h"
 #include "src/entity/CKFCurve.h"
-#include "src/entity/curve_labels.h"
 
 Acad::ErrorStatus CKFCurve::getGripPoints(AcGePoint3dArray& gripPoints, AcDbIntArray&,
                                           AcDbIntArray&) const {
@@ -53,7 +52,7 @@ Acad::ErrorStatus CKFCurve::explode(AcDbVoidPtrArray& entitySet) const {
         spline->setColorIndex(kCurveColor, true);
         entitySet.append(static_cast<AcDbEntity*>(spline));
     }
-    const std::vector<std::string> texts = CurveLabelTexts(fields_.chartType, fields_.diameters);
+    const std::vector<std::string> texts = LabelTexts();
     const int count = std::min(fields_.labelPoints.length(), static_cast<int>(texts.size()));
     for (int i = 0; i < count; ++i) {
         auto* text =

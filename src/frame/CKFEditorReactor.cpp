@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/edit/store_command.h"
 
 namespace {

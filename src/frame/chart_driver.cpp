@@ -2,23 +2,20 @@
 
 #include "platform/ap/AcApDocManager.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/chart/CDrawTools.h"
 #include "src/common/module_state.h"
+#include "src/core/curve_shape.h"
+#include "src/core/gbk_text.h"
 #include "src/db/project_database.h"
-#include "src/frame/a3_sheets.h"
-#include "src/frame/a4_sheets.h"
-#include "src/frame/chart_families.h"
+#include "src/frame/ChartFamily.h"
 #include "src/frame/chart_folder.h"
-#include "src/frame/document_guard.h"
-#include "src/frame/document_switching.h"
+#include "src/frame/documents.h"
 #include "src/frame/module_resources.h"
 #include "src/frame/project_context.h"
+#include "src/frame/sheet_making.h"
 #include "src/ui/CKefenSheet.h"
 
 namespace {
-
-constexpr int kSixChartsStandard = 2;
 
 /// Puts the document mode back whichever way the command ends.
 class DocumentModeScope {
@@ -48,8 +45,9 @@ bool MakeSheets(const ChartFamily& family, const std::string& folder) {
     MadeSheets.clear();
     OpenedFromChartCommand = 0;
     const CDrawTools tools;
-    return ProjectContext.GCBZ == kSixChartsStandard ? MakeA3Sheets(family, folder, tools)
-                                                     : MakeA4Sheets(family, folder, tools);
+    return ChartKindOf(ProjectContext.GCBZ) == ChartKind::cumulative
+               ? MakeA3Sheets(family, folder, tools)
+               : MakeA4Sheets(family, folder, tools);
 }
 
 void ShowSheets(const ChartFamily& family) {

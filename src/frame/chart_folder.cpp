@@ -1,10 +1,9 @@
 #include "src/frame/chart_folder.h"
 
 #include "platform/mfc/message_box.h"
-#include "platform/win32/code_page.h"
 #include "platform/win32/directory.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/db/project_database.h"
 
 namespace {
@@ -18,7 +17,7 @@ std::string CurvesFolder() {
 
 std::string WithBackslash(std::string folder) {
     // The last byte alone may be the trail byte of a double-byte character.
-    if (folder.empty() || win32::FindLastChar(folder, '\\') != folder.size() - 1) {
+    if (folder.empty() || FindLastChar(folder, '\\') != folder.size() - 1) {
         folder += '\\';
     }
     return folder;

@@ -5,15 +5,13 @@
 
 #include "platform/ap/AcApDocManager.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/frame/chart_folder.h"
-#include "src/frame/document_switching.h"
+#include "src/frame/documents.h"
 #include "src/frame/module_resources.h"
 #include "src/frame/project_context.h"
-#include "src/frame/split_list.h"
-#include "src/ui/CLayerBrowser.h"
-#include "src/ui/CSampleBrowser.h"
+#include "src/ui/CChartBrowser.h"
 
 namespace {
 

@@ -3,10 +3,10 @@
 #include "platform/ap/AcApDocManager.h"
 #include "src/common/module_state.h"
 #include "src/edit/store_command.h"
+#include "src/frame/ChartFamily.h"
 #include "src/frame/chart_driver.h"
-#include "src/frame/chart_families.h"
 #include "src/frame/chart_openers.h"
-#include "src/frame/document_guard.h"
+#include "src/frame/documents.h"
 
 namespace {
 

@@ -7,11 +7,11 @@
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDb.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "platform/win32/private_profile.h"
 #include "platform/win32/window_message.h"
 #include "src/common/module_state.h"
-#include "src/ui/profile_text.h"
+#include "src/core/gbk_text.h"
+#include "src/ui/settings.h"
 
 namespace {
 

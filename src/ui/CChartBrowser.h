@@ -41,3 +41,30 @@ private:
     CListBox sheets_;
     std::vector<std::string> fileNames_;  ///< without extension, in the order of the list
 };
+
+/// The sample sheets of one borehole at a time. CurrentBorehole is the first borehole of the list,
+/// or the one whose sheets were just made.
+class CSampleBrowser : public CChartBrowser {
+public:
+    explicit CSampleBrowser(std::string chartFolder, CWnd* parent = nullptr);
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    void OnOK() override;
+    void ShowMadeSheets() override;
+    void ShowStoredSheets() override;
+    afx_msg void OnSelchangeBorehole();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    CListBox boreholes_;
+};
+
+/// The layer sheets of the project.
+class CLayerBrowser : public CChartBrowser {
+public:
+    explicit CLayerBrowser(std::string chartFolder, CWnd* parent = nullptr);
+
+protected:
+    void ShowStoredSheets() override;
+};

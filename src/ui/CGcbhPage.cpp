@@ -2,15 +2,15 @@
 
 #include "platform/mfc/CDataExchange.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/facts/control_ids.h"
 #include "src/facts/mark_keys.h"
 #include "src/ui/CProfileLock.h"
 #include "src/ui/mark_operations.h"
-#include "src/ui/profile_text.h"
 #include "src/ui/sample_lists.h"
 #include "src/ui/sample_objections.h"
+#include "src/ui/settings.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include "platform/mfc/CDataExchange.h"
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/facts/control_ids.h"
 #include "src/facts/mark_keys.h"
 #include "src/ui/CProfileLock.h"

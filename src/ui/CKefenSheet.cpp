@@ -1,8 +1,8 @@
 #include "src/ui/CKefenSheet.h"
 
 #include "platform/mfc/message_box.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/ui/module_icon.h"
 
 CKefenSheet::CKefenSheet(UINT captionNumber, CWnd* parent, UINT firstPage)

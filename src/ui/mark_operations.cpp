@@ -4,11 +4,11 @@
 #include <vector>
 
 #include "platform/mfc/CListBox.h"
-#include "platform/win32/code_page.h"
 #include "platform/win32/private_profile.h"
+#include "src/core/gbk_text.h"
 #include "src/facts/mark_keys.h"
 #include "src/ui/CProfileLock.h"
-#include "src/ui/profile_text.h"
+#include "src/ui/settings.h"
 
 namespace {
 
@@ -101,8 +101,7 @@ std::vector<std::string> StoredMarks(const MarkKey& marks) {
     Texts texts;
     std::size_t begin = 0;
     while (begin < value.size()) {
-        const std::size_t end =
-            std::min(win32::FindChar(value, kMarkSeparator, begin), value.size());
+        const std::size_t end = std::min(FindChar(value, kMarkSeparator, begin), value.size());
         texts.push_back(value.substr(begin, end - begin));
         begin = end + 1;
     }

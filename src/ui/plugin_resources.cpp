@@ -2,7 +2,7 @@
 
 #include "platform/mfc/message_box.h"
 #include "platform/mfc/window_styles.h"
-#include "platform/win32/gbk_literal.h"
+#include "src/core/gbk_text.h"
 #include "src/facts/control_ids.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <climits>
 #include <string_view>
 
-#include "platform/win32/code_page.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/core/sort_keys.h"
 #include "src/db/project_database.h"
 #include "src/db/project_tables.h"
@@ -39,7 +39,7 @@ std::string_view TrailingDigits(std::string_view text) {
 
 std::string_view WithoutLastCharacter(std::string_view text) {
     std::size_t last = 0;
-    for (std::size_t pos = 0; pos < text.size(); pos += win32::CharLength(text, pos)) {
+    for (std::size_t pos = 0; pos < text.size(); pos += CharLength(text, pos)) {
         last = pos;
     }
     return text.substr(0, last);
@@ -65,8 +65,8 @@ bool ReadSampleKeys(const std::string& filter, std::vector<SampleKey>& keys) {
     CKeFenItemTable table;
     HRESULT row = table.OpenFirst(filter);
     for (; row == S_OK; row = table.MoveNext()) {
-        AddUnlessLast(keys, SampleKey{win32::GbkFromUtf16(table.record.ZKBH),
-                                      win32::GbkFromUtf16(table.record.QYBH)});
+        AddUnlessLast(keys,
+                      SampleKey{NarrowText(table.record.ZKBH), NarrowText(table.record.QYBH)});
     }
     if (FAILED(row)) {
         ReportTableOpenError(kTestItemTableError);

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/win32/gbk_literal.h"
-#include "platform/win32/gbk_text.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/db/table_filters.h"
 #include "src/ui/sample_lists.h"
 
@@ -145,7 +144,7 @@ private:
     /// A borehole's marks stand in a profile under its number, and profiles know no case.
     void CheckMarks() {
         for (const std::string& other : BoreholesOf(project_)) {
-            if (other != borehole_ && win32::EqualNoCase(other, borehole_)) {
+            if (other != borehole_ && FoldCase(other) == FoldCase(borehole_)) {
                 lines_.push_back("钻孔"_gbk + Quoted(borehole_) + "与钻孔"_gbk + Quoted(other) +
                                  "仅大小写不同，出图标记不能区分"_gbk);
             }

@@ -33,3 +33,18 @@ void WriteSettingFlag(const char* key, bool on) {
 void WriteSettingText(const char* key, const std::string& text) {
     WritePrivateProfileString(kSettingsSection, key, text.c_str(), SettingsProfilePath.c_str());
 }
+
+std::string ReadProfileText(const char* section, const std::string& key, const std::string& path) {
+    std::string buffer(512, '\0');
+    for (;;) {
+        const DWORD bytes =
+            GetPrivateProfileString(section, key.c_str(), "", buffer.data(),
+                                    static_cast<DWORD>(buffer.size()), path.c_str());
+        // A cut value fills the buffer, up to the byte of a double-byte character left out.
+        if (bytes + 2 < buffer.size()) {
+            buffer.resize(bytes);
+            return buffer;
+        }
+        buffer.resize(buffer.size() * 2);
+    }
+}

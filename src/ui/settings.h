@@ -9,3 +9,6 @@ bool ReadSettingFlag(const char* key);
 std::string ReadSettingText(const char* key);
 void WriteSettingFlag(const char* key, bool on);
 void WriteSettingText(const char* key, const std::string& text);
+
+/// The whole text of a key, however long; empty when file, section or key is missing.
+std::string ReadProfileText(const char* section, const std::string& key, const std::string& path);

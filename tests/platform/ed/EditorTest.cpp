@@ -66,6 +66,11 @@ TEST(AcEdCommandStackTest, NamesAreKnownByGroupWithoutRegardToCase) {
     EXPECT_THAT(GlobalNames(stack), ElementsAre("cgrdx"));
 }
 
+TEST(AcEditorTest, CommandStackAndEditorHaveClassRecords) {
+    EXPECT_TRUE(acedRegCmds->isKindOf(AcEdCommandStack::desc()));
+    EXPECT_STREQ(acedEditor->isA()->name(), "AcEditor");
+}
+
 TEST(AcEditorTest, AReactorTakenOffWhileOthersAreToldHearsNothing) {
     AcEditor editor;
     std::vector<std::string> heard;

@@ -1,6 +1,6 @@
 #include "src/chart/cumulative_chart.h"
 
-#include "src/chart/cumulative_sheet.h"
+#include "src/chart/sheet_layout.h"
 #include "tests/src/chart/ChartFixture.h"
 
 namespace {

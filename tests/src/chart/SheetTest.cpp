@@ -1,8 +1,6 @@
 #include "platform/win32/clock.h"
 #include "platform/win32/gbk_literal.h"
-#include "src/chart/cumulative_sheet.h"
-#include "src/chart/result_sheet.h"
-#include "src/chart/sheet_setup.h"
+#include "src/chart/sheet_layout.h"
 #include "tests/src/chart/ChartFixture.h"
 #include "tests/src/chart/FoundFonts.h"
 

@@ -1,4 +1,4 @@
-#include "src/core/shown_percentages.h"
+#include "src/core/percentages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "src/core/class_percentages.h"
+#include "src/core/percentages.h"
 #include "tests/src/db/ProjectFixture.h"
 
 namespace {

@@ -4,7 +4,7 @@
 
 #include "platform/db/AcDbLine.h"
 #include "platform/ed/entity_selection.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 #include "tests/platform/db/Opened.h"
 #include "tests/src/RecordedMessages.h"
 #include "tests/src/TestProject.h"

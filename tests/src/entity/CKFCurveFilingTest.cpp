@@ -5,7 +5,7 @@
 
 #include "platform/db/AcDbDatabase.h"
 #include "src/common/module_state.h"
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 #include "tests/platform/db/Opened.h"
 #include "tests/src/entity/CurveMaker.h"
 #include "tests/src/entity/ListFiler.h"

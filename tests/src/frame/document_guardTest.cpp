@@ -1,4 +1,4 @@
-#include "src/frame/document_guard.h"
+#include "src/frame/documents.h"
 
 #include "tests/src/frame/FrameFixture.h"
 

@@ -1,4 +1,4 @@
-#include "src/frame/document_switching.h"
+#include "src/frame/documents.h"
 
 #include "platform/ed/user_break.h"
 #include "tests/src/frame/FrameFixture.h"

@@ -2,8 +2,6 @@
 
 #include "platform/mfc/afx.h"
 #include "src/facts/control_ids.h"
-#include "src/ui/CLayerBrowser.h"
-#include "src/ui/CSampleBrowser.h"
 #include "tests/src/ui/ProjectFixture.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "src/entity/model_space.h"
+#include "src/entity/append_entity.h"
 
 #include "platform/db/AcDbHostApplicationServices.h"
 

@@ -1,4 +1,4 @@
-#include "src/frame/split_list.h"
+#include "src/core/gbk_text.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(SplitListTest, SplitsAtWholeCharactersAndTrimsTheParts) {
+TEST(GbkText, ListsAreSplitAtWholeCharactersAndTheirPartsTrimmed) {
     struct Row {
         const char* text;
         std::vector<std::string> parts;

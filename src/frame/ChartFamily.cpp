@@ -1,10 +1,9 @@
-#include "src/frame/chart_families.h"
+#include "src/frame/ChartFamily.h"
 
-#include "platform/win32/code_page.h"
-#include "platform/win32/gbk_literal.h"
 #include "src/chart/cumulative_chart.h"
 #include "src/chart/result_chart.h"
 #include "src/common/module_state.h"
+#include "src/core/gbk_text.h"
 #include "src/core/sample_names.h"
 #include "src/frame/chart_openers.h"
 #include "src/ui/CKefenSheet.h"
@@ -35,7 +34,7 @@ std::vector<std::string> TakeLayers(const CKefenSheet& sheet) {
 /// A label is the main layer's number, with "-" and the sub-layer's number where it has one.
 void MakeLayerCurrent(const std::string& label) {
     CurrentSample = label;
-    const std::size_t hyphen = win32::FindChar(label, '-');
+    const std::size_t hyphen = FindChar(label, '-');
     CurrentMainLayer = label.substr(0, hyphen);
     CurrentSubLayer = hyphen == std::string::npos ? "0" : label.substr(hyphen + 1);
     CurrentMethod.clear();  // design values come from no test

@@ -1,4 +1,4 @@
-#include "src/core/record_items.h"
+#include "src/core/GrainSizeRecord.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -24,3 +24,8 @@ struct ChartFamily {
     /// Application-context body that lets the user open sheets.
     void (*openCharts)(void* data);
 };
+
+/// Charts of the samples of one borehole.
+const ChartFamily& SampleCharts();
+/// Charts of soil layers from their design values.
+const ChartFamily& LayerCharts();
