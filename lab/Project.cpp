@@ -6,7 +6,7 @@
 #include "lab/Failure.h"
 #include "lab/ProjectRow.h"
 #include "lab/project_texts.h"
-#include "platform/suite/orvik8.h"
+#include "lab/suite_profiles.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
@@ -16,17 +16,10 @@
 namespace lab {
 
 namespace {
-constexpr std::size_t kProfilePathSize = 256;
 constexpr const char* kSection = "Project";
 
-/// Path of the project profile in the file system.
 std::string ProfilePath() {
-    char path[kProfilePathSize] = "";
-    GetProjectProfilePath(path);
-    if (*path == '\0') {
-        throw Failure("no suite folder is open");
-    }
-    return win32::FileSystemPath(path);
+    return win32::FileSystemPath(ProjectProfilePath());
 }
 
 /// The project profile, read whole; its values are GBK.

@@ -7,6 +7,8 @@ packages=(
     # build
     g++ cmake ninja-build
     libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
+    # workbooks of spreadsheet programs
+    libzip-dev libpugixml-dev
     # the locales of the tests
     locales
     # format and lint

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "apps/grdx/Failure.h"
-#include "apps/grdx/text_encoding.h"
+#include "lab/tables/text_coding.h"
 #include "platform/win32/file_replace.h"
 
 namespace console {
@@ -54,16 +54,21 @@ bool InputStream::ReadMore() {
     return got > 0;
 }
 
-std::string ReadInputText(const std::string& name) {
+std::string ReadInputBytes(const std::string& name) {
     std::string bytes;
     std::string error;
-    std::string utf8;
     if (InputStream::IsName(name)) {
         bytes = InputStream(name).Rest();
     } else if (!win32::ReadFileWhole(name, bytes, error)) {
         throw Failure(error);
     }
-    if (!DecodeText(bytes, utf8, error)) {
+    return bytes;
+}
+
+std::string ReadInputText(const std::string& name) {
+    std::string error;
+    std::string utf8;
+    if (!lab::DecodeText(ReadInputBytes(name), utf8, error)) {
         throw Failure(name + ": " + error);
     }
     return utf8;

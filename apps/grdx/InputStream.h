@@ -29,6 +29,8 @@ private:
     std::string arrived_;
 };
 
+/// The whole content of a file or such a stream. Failure when it cannot be read.
+std::string ReadInputBytes(const std::string& name);
 /// The whole text of a file or such a stream, as UTF-8. Failure when it cannot be read or is no
 /// text.
 std::string ReadInputText(const std::string& name);

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <string>
 
+#include "apps/grdx/Interrupt.h"
 #include "platform/oledb/lock_wait.h"
 
 namespace console {
@@ -10,7 +11,7 @@ namespace console {
 LockPatience::LockPatience(MessageStream& messages, int seconds) {
     const std::chrono::seconds patience(seconds);
     oledb::SetLockWaitListener([&messages, patience](std::chrono::milliseconds waited) {
-        const bool goesOn = waited < patience;
+        const bool goesOn = waited < patience && !Interrupt::Asked();
         const auto second = std::chrono::floor<std::chrono::seconds>(waited).count();
         if (second > 0) {  // a shorter wait is not worth a word
             messages.ShowProgress(

@@ -1,104 +1,100 @@
 #include "apps/grdx/data_import.h"
 
+#include <cmath>
+#include <numeric>
+
+#include "apps/grdx/Failure.h"
+#include "apps/grdx/InputStream.h"
+#include "apps/grdx/Interrupt.h"
+#include "apps/grdx/MessageStream.h"
+#include "lab/sample_store.h"
+
 namespace console {
 
 namespace {
-/// The statements that replace one sample, prepared once for a whole file.
-class SampleWriter {
-public:
-    SampleWriter(oledb::SqlDatabase& database, int projectIndex)
-        : projectIndex_(projectIndex),
-          removals_{{database, "DELETE FROM z_c_QuYang WHERE GCSY=? AND ZKBH=? AND QYBH=?"},
-                    {database, "DELETE FROM Z_c_KeFen WHERE GCSY=? AND ZKBH=? AND QYBH=?"},
-                    {database, "DELETE FROM Z_c_KeFenCSXM WHERE GCSY=? AND ZKBH=? AND QYBH=?"}},
-          sample_(database,
-                  "INSERT INTO z_c_QuYang (GCSY, ZKBH, QYBH, QYSD, QYHD) VALUES (?, ?, ?, ?, ?)"),
-          result_(database,
-                  "INSERT INTO Z_c_KeFen (GCSY, ZKBH, QYBH, KLSYFF, KLTYZL) "
-                  "VALUES (?, ?, ?, ?, ?)"),
-          item_(database,
-                "INSERT INTO Z_c_KeFenCSXM (GCSY, ZKBH, QYBH, XH, KLLJ, KLSYZL) "
-                "VALUES (?, ?, ?, ?, ?, ?)") {}
+std::string Count(std::size_t count, const std::string& unit) {
+    return std::to_string(count) + " " + unit + (count == 1 ? "" : "s");
+}
 
-    void Replace(const SampleData& data) {
-        for (oledb::SqlStatement& removal : removals_) {
-            BindKey(removal, data);
-            removal.Run();
+/// One import from its files to its summary.
+class Import {
+public:
+    Import(const ImportRequest& request, MessageStream& messages)
+        : request_(request), messages_(messages) {
+        options_.as = request.as;
+        options_.sheet = request.sheet;
+        options_.progress = [this](const std::string& name, double done) {
+            Show("reading " + name, done);
+        };
+        if (!request.map.empty()) {
+            options_.names.Add(request.map, ReadInputBytes(request.map));
         }
-        BindKey(sample_, data);
-        sample_.Bind(4, data.depth);
-        sample_.Bind(5, data.thickness);
-        sample_.Run();
-        BindKey(result_, data);
-        result_.Bind(4, data.method);
-        result_.Bind(5, data.total);
-        result_.Run();
-        AddItems(data);
+    }
+
+    template <class Data>
+    std::vector<Data> Read(std::vector<Data> (*read)(const std::vector<lab::TableFile>&,
+                                                     const lab::TableOptions&, lab::Findings&)) {
+        std::vector<lab::TableFile> files;
+        for (const std::string& name : request_.files) {
+            files.push_back({name, ReadInputBytes(name)});
+        }
+        lab::Findings findings;
+        std::vector<Data> data = read(files, options_, findings);
+        messages_.ShowProgress("");
+        for (const std::string& note : findings.Notes()) {
+            messages_.Report(note);
+        }
+        findings.ThrowIfRefused();
+        return data;
+    }
+
+    template <class Data>
+    void Store(const std::vector<Data>& data,
+               lab::StoreSummary (*store)(const std::vector<Data>&, const lab::StoreOptions&),
+               const std::string& counted) {
+        const lab::StoreSummary summary =
+            store(data, {request_.dryRun, [this](double done) { Show("storing", done); }});
+        messages_.ShowProgress("");
+        for (const std::string& note : summary.notes) {
+            messages_.Report(note);
+        }
+        for (const std::string& name : summary.changed) {
+            messages_.PrintResult("changed " + name + "\n");
+        }
+        messages_.PrintResult(counted + ": " + std::to_string(summary.added) + " new, " +
+                              std::to_string(summary.changed.size()) + " changed, " +
+                              std::to_string(summary.unchanged) + " unchanged\n");
     }
 
 private:
-    void BindKey(oledb::SqlStatement& statement, const SampleData& data) const {
-        statement.Bind(1, projectIndex_);
-        statement.Bind(2, data.borehole);
-        statement.Bind(3, data.sample);
-    }
-
-    void AddItems(const SampleData& data) {
-        std::int64_t number = 0;
-        for (const SampleData::Item& item : data.items) {
-            BindKey(item_, data);
-            item_.Bind(4, ++number);
-            item_.Bind(5, item.size);
-            item_.Bind(6, item.mass);
-            item_.Run();
+    void Show(const std::string& what, double done) {
+        if (Interrupt::Asked()) {
+            throw Failure("stopped; nothing was stored");
         }
+        messages_.ShowProgress(what + ": " + std::to_string(std::lround(done * 100.0)) + " %");
     }
 
-    int projectIndex_;
-    oledb::SqlStatement removals_[3];
-    oledb::SqlStatement sample_;
-    oledb::SqlStatement result_;
-    oledb::SqlStatement item_;
+    const ImportRequest& request_;
+    MessageStream& messages_;
+    lab::TableOptions options_;
+    Interrupt interrupt_;
 };
-
-void BindLayer(oledb::SqlStatement& statement, int projectIndex, const LayerData& layer) {
-    statement.Bind(1, projectIndex);
-    statement.Bind(2, layer.main);
-    statement.Bind(3, layer.sub);
-}
 }  // namespace
 
-void StoreSamples(oledb::SqlDatabase& database, int projectIndex,
-                  const std::vector<SampleData>& samples) {
-    oledb::SqlTransaction transaction(database);
-    SampleWriter writer(database, projectIndex);
-    for (const SampleData& sample : samples) {
-        writer.Replace(sample);
-    }
-    transaction.Commit();
+void ImportSamples(const ImportRequest& request, MessageStream& messages) {
+    Import import(request, messages);
+    const std::vector<lab::Sample> samples = import.Read(lab::ReadSamples);
+    const std::size_t items = std::accumulate(
+        samples.begin(), samples.end(), std::size_t{0},
+        [](std::size_t sum, const lab::Sample& sample) { return sum + sample.items.size(); });
+    import.Store(samples, lab::StoreSamples,
+                 Count(samples.size(), "sample") + ", " + Count(items, "sieve item"));
 }
 
-void StoreLayers(oledb::SqlDatabase& database, int projectIndex,
-                 const std::vector<LayerData>& layers) {
-    oledb::SqlTransaction transaction(database);
-    // 1100 to 1118 are the class percentages, 1119 to 1128 what was computed from them.
-    oledb::SqlStatement removal(database,
-                                "DELETE FROM x_SheJi WHERE GCSY=? AND ZCBH=? AND YCBH=? "
-                                "AND CSLX BETWEEN 1100 AND 1128");
-    oledb::SqlStatement value(database,
-                              "INSERT INTO x_SheJi (GCSY, ZCBH, YCBH, CSLX, CSV) "
-                              "VALUES (?, ?, ?, ?, ?)");
-    for (const LayerData& layer : layers) {
-        BindLayer(removal, projectIndex, layer);
-        removal.Run();
-        for (const LayerData::Percentage& percentage : layer.percentages) {
-            BindLayer(value, projectIndex, layer);
-            value.Bind(4, percentage.code);
-            value.Bind(5, percentage.text);
-            value.Run();
-        }
-    }
-    transaction.Commit();
+void ImportLayers(const ImportRequest& request, MessageStream& messages) {
+    Import import(request, messages);
+    const std::vector<lab::Layer> layers = import.Read(lab::ReadLayers);
+    import.Store(layers, lab::StoreLayers, Count(layers.size(), "layer"));
 }
 
 }  // namespace console

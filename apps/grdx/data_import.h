@@ -1,18 +1,27 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <vector>
 
-#include "apps/grdx/layer_file.h"
-#include "apps/grdx/sample_file.h"
-#include "platform/oledb/SqlDatabase.h"
+#include "lab/tables/table_files.h"
 
 namespace console {
 
-/// Store data for project `projectIndex`, all or nothing. A sample or layer that is there already
-/// is replaced, and what was computed from it goes with it; other design values of a layer stay.
-void StoreSamples(oledb::SqlDatabase& database, int projectIndex,
-                  const std::vector<SampleData>& samples);
-void StoreLayers(oledb::SqlDatabase& database, int projectIndex,
-                 const std::vector<LayerData>& layers);
+class MessageStream;
+
+/// What a call reads into the project.
+struct ImportRequest {
+    std::vector<std::string> files;
+    std::optional<lab::ValueKind> as;
+    std::string sheet;
+    std::string map;  ///< file with names of columns; empty: none
+    bool dryRun = false;
+};
+
+/// Read files into the open suite's project, all or nothing, and print what became of it. Failure
+/// when a file is refused; Ctrl-C ends the work and nothing is stored.
+void ImportSamples(const ImportRequest& request, MessageStream& messages);
+void ImportLayers(const ImportRequest& request, MessageStream& messages);
 
 }  // namespace console

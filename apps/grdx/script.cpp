@@ -7,7 +7,7 @@
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/InputStream.h"
 #include "apps/grdx/ScriptLines.h"
-#include "apps/grdx/text_encoding.h"
+#include "lab/tables/text_coding.h"
 #include "platform/ed/AcEditor.h"
 #include "platform/oledb/lock_wait.h"
 
@@ -57,7 +57,7 @@ private:
                 const std::optional<std::string> line = stream->NextLine();
                 std::string utf8;
                 std::string error;
-                if (!line || DecodeText(*line, utf8, error)) {
+                if (!line || lab::DecodeLine(*line, utf8, error)) {
                     return line ? std::optional(utf8) : std::nullopt;
                 }
                 Complain(name + ": " + error);

@@ -5,8 +5,8 @@
 
 #include <nlohmann/json.hpp>
 
-#include "apps/grdx/numbers.h"
 #include "apps/grdx/suite_access.h"
+#include "lab/numbers.h"
 #include "lab/project_database.h"
 #include "platform/win32/code_page.h"
 #include "src/facts/mark_keys.h"
@@ -61,7 +61,7 @@ bool IsMarked(const std::set<std::string>& marks, const std::string& utf8) {
 
 /// Floats as the charts read them: 0.086 instead of 0.08600000292…
 std::optional<double> AsRead(const std::optional<double>& number) {
-    return number ? StoredNumber(*number) : std::nullopt;
+    return number ? lab::StoredNumber(*number) : std::nullopt;
 }
 
 SuiteListing::Sample ReadSample(const oledb::SqlStatement& row) {
@@ -118,7 +118,7 @@ void ReadLayers(oledb::SqlDatabase& database, SuiteListing& listing) {
             ++layer.classes;
         } else {
             layer.results.emplace_back(kLayerResultNames[code - kLastClassCode - 1],
-                                       ParseNumber(rows.Text(3)));
+                                       lab::ParseNumber(rows.Text(3)));
         }
     }
 }

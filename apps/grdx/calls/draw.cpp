@@ -1,7 +1,7 @@
 #include "apps/grdx/draw.h"
 #include "apps/grdx/CallTable.h"
-#include "apps/grdx/numbers.h"
 #include "apps/terminal/help.h"
+#include "lab/numbers.h"
 
 namespace console {
 
@@ -42,7 +42,7 @@ void AddPageChoices(CLI::App& call, PageChoices& choices) {
                   choices.showChecker);
     AddAnnotation(call, "date", "YYYY-MM-DD", Help("the date", "日期"), choices.date,
                   choices.showDate, [](const std::string& text) {
-                      return IsDate(text) ? std::string() : text + " is no date YYYY-MM-DD";
+                      return lab::IsDate(text) ? std::string() : text + " is no date YYYY-MM-DD";
                   });
     AddSwitch(call, "outer-frame", Help("an outer frame around the sheet", "图纸外框"),
               choices.outerFrame);

@@ -18,6 +18,8 @@ project() {
         grdx import samples "$samples/samples.csv" > /dev/null &&
         grdx import layers "$samples/layers.csv" > /dev/null
 }
+# A table of these sieve items.
+sieves() { printf '%s\n' borehole,sample,depth,thickness,method,total,size,mass "$@"; }
 # Keeps the suite folder as it is, and puts it back.
 keep() { rm -rf kept && cp -a suite kept; }
 back() { rm -rf suite && cp -a kept suite; }

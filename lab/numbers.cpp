@@ -1,10 +1,10 @@
-#include "apps/grdx/numbers.h"
+#include "lab/numbers.h"
 
 #include <chrono>
 #include <cmath>
 #include <limits>
 
-namespace console {
+namespace lab {
 
 std::optional<double> StoredNumber(double number) {
     if (std::abs(number) > std::numeric_limits<float>::max()) {
@@ -31,4 +31,4 @@ bool IsDate(std::string_view text) {
                .ok();
 }
 
-}  // namespace console
+}  // namespace lab

@@ -1,4 +1,4 @@
-// Suite folders made and filled by the console program.
+// Suite folders made by the console program.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -7,7 +7,6 @@
 #include <fstream>
 #include <future>
 
-#include "platform/win32/code_page.h"
 #include "tests/platform/oledb/SqliteTestDatabase.h"
 #include "tests/system/Program.h"
 
@@ -21,16 +20,12 @@ void Write(const fs::path& path, const std::string& content) {
     std::ofstream(path, std::ios::binary) << content;
 }
 
-class NewAndImportTest : public testing::Test {
+class NewSuiteTest : public testing::Test {
 protected:
     /// Runs the console program.
     ProgramResult Grdx(std::vector<std::string> arguments) const {
         arguments.insert(arguments.begin(), GRDX_PROGRAM);
         return RunProgram(arguments);
-    }
-    ProgramResult ImportSamples(const std::string& csv) const {
-        Write(scratch_.Path() / "data.csv", csv);
-        return Grdx({"import", "samples", scratch_.Path() / "data.csv", "-s", Suite()});
     }
     fs::path Suite() const { return scratch_.Path() / "suite"; }
     /// The rows that statements on the database give, columns joined by "|", rows by blanks.
@@ -41,11 +36,9 @@ protected:
 
     ScratchFolder scratch_;
 };
-
-const std::string kHeader = "borehole,sample,depth,thickness,method,total,size,mass\n";
 }  // namespace
 
-TEST_F(NewAndImportTest, ANewSuiteHasItsFilesAndAProjectThatReadsBack) {
+TEST_F(NewSuiteTest, ANewSuiteHasItsFilesAndAProjectThatReadsBack) {
     const ProgramResult made =
         Grdx({"new", Suite(), "--number", "A 1", "--name", " \"桥\" ", "--code", "2"});
     EXPECT_EQ(made.status, 0) << made.errors;
@@ -64,7 +57,7 @@ TEST_F(NewAndImportTest, ANewSuiteHasItsFilesAndAProjectThatReadsBack) {
     EXPECT_FALSE(fs::exists(Suite() / "project.db-wal")) << "reading leaves nothing behind";
 }
 
-TEST_F(NewAndImportTest, AFolderWithContentIsLeftAlone) {
+TEST_F(NewSuiteTest, AFolderWithContentIsLeftAlone) {
     fs::create_directories(Suite());
     Write(Suite() / "mine", "kept");
     const ProgramResult refused = Grdx({"new", Suite()});
@@ -75,7 +68,7 @@ TEST_F(NewAndImportTest, AFolderWithContentIsLeftAlone) {
     EXPECT_EQ(Grdx({"new", Suite()}).status, 0) << "an empty folder will do";
 }
 
-TEST_F(NewAndImportTest, OfTwoAtOnceOneIsTheMakerAndAKilledOneLeavesNoSuite) {
+TEST_F(NewSuiteTest, OfTwoAtOnceOneIsTheMakerAndAKilledOneLeavesNoSuite) {
     int killed = 0;
     for (int milliseconds = 0; milliseconds < 60; milliseconds += 5) {
         const bool ended =
@@ -96,7 +89,7 @@ TEST_F(NewAndImportTest, OfTwoAtOnceOneIsTheMakerAndAKilledOneLeavesNoSuite) {
     EXPECT_GT(killed, 0);
 }
 
-TEST_F(NewAndImportTest, BadNumbersAndNamesAreRefusedAndLeaveNothing) {
+TEST_F(NewSuiteTest, BadNumbersAndNamesAreRefusedAndLeaveNothing) {
     const std::vector<std::vector<std::string>> cases = {
         {"--number", ""},
         {"--number", "a/b"},
@@ -121,7 +114,7 @@ TEST_F(NewAndImportTest, BadNumbersAndNamesAreRefusedAndLeaveNothing) {
     EXPECT_TRUE(fs::is_empty(scratch_.Path()));
 }
 
-TEST_F(NewAndImportTest, WrongUsageIsToldApartFromRefusal) {
+TEST_F(NewSuiteTest, WrongUsageIsToldApartFromRefusal) {
     const std::vector<std::vector<std::string>> cases = {
         {},
         {"nosuch"},
@@ -156,76 +149,4 @@ TEST_F(NewAndImportTest, WrongUsageIsToldApartFromRefusal) {
         }
     }
     EXPECT_EQ(Grdx({"list", "-s", Suite()}).status, 1);
-}
-
-TEST_F(NewAndImportTest, SamplesReachTheirThreeTables) {
-    MakeSuite();
-    const ProgramResult imported = ImportSamples(kHeader +
-                                                 "K,1,1.2,0.2,筛析法,161.6,2,100.1\n"
-                                                 "K,1,1.2,0.2,筛析法,161.6,0.5,61.5\n"
-                                                 "K,2,,,,30,0,0.5\n");
-    EXPECT_EQ(imported.status, 0) << imported.errors;
-    EXPECT_EQ(imported.output, "2 samples, 3 sieve items\n");
-    EXPECT_EQ(Ask("SELECT * FROM z_c_QuYang"), "1|K|1|1.2|0.2 1|K|2|null|null");
-    EXPECT_EQ(Ask("SELECT QYBH, KLSYFF, KLTYZL, KL2, KLD10, KLQLXS FROM Z_c_KeFen"),
-              "1|筛析法|161.6|null|null|null 2||30.0|null|null|null");
-    EXPECT_EQ(Ask("SELECT QYBH, XH, KLLJ, KLSYZL FROM Z_c_KeFenCSXM"),
-              "1|1|2.0|100.1 1|2|0.5|61.5 2|1|0.0|0.5");
-}
-
-TEST_F(NewAndImportTest, ASampleImportedAgainIsReplacedWithItsResults) {
-    MakeSuite();
-    ImportSamples(kHeader + "K,1,1,1,m,10,2,4\nK,1,1,1,m,10,0.5,6\nK,2,1,1,m,10,2,1\n");
-    Ask("UPDATE Z_c_KeFen SET KLD10 = 0.5");
-    EXPECT_EQ(ImportSamples(kHeader + "K,1,3,,n,20,5,20\n").status, 0);
-    EXPECT_EQ(Ask("SELECT QYSD, QYHD FROM z_c_QuYang"), "1.0|1.0 3.0|null");
-    EXPECT_EQ(Ask("SELECT QYBH, KLTYZL, KLD10 FROM Z_c_KeFen ORDER BY QYBH"),
-              "1|20.0|null 2|10.0|0.5");
-    EXPECT_EQ(Ask("SELECT XH, KLLJ FROM Z_c_KeFenCSXM WHERE QYBH='1'"), "1|5.0");
-}
-
-TEST_F(NewAndImportTest, ABadFileIsRefusedWholeAndEachBadLineNamed) {
-    MakeSuite();
-    ImportSamples(kHeader + "K,1,1,1,m,10,2,4\n");
-    const ProgramResult refused =
-        ImportSamples(kHeader + "K,1,2,2,n,20,2,4\nK,2,1,1,m,x,2,4\nK,3,1,1,한,10,2,1\n");
-    const std::string file = scratch_.Path() / "data.csv";
-    EXPECT_EQ(refused.status, 1);
-    EXPECT_EQ(refused.output, "");
-    EXPECT_EQ(refused.errors, "grdx: " + file + ":3: total \"x\": not a number\n" + file +
-                                  ":4: method \"한\": a character that GBK does not have\n");
-    EXPECT_EQ(Ask("SELECT QYBH, KLTYZL FROM Z_c_KeFen"), "1|10.0");
-}
-
-TEST_F(NewAndImportTest, AFailureOfTheDatabaseTakesBackWhatWasStored) {
-    MakeSuite();
-    ImportSamples(kHeader + "K,1,1,1,m,10,2,4\n");
-    Ask("CREATE TRIGGER refuse BEFORE INSERT ON Z_c_KeFenCSXM WHEN NEW.QYBH = '3' "
-        "BEGIN SELECT RAISE(ABORT, 'no third sample'); END");
-    const ProgramResult failed =
-        ImportSamples(kHeader + "K,1,1,1,m,99,2,4\nK,2,1,1,m,10,2,4\nK,3,1,1,m,10,2,4\n");
-    EXPECT_EQ(failed.status, 1);
-    EXPECT_THAT(failed.errors, HasSubstr("project.db: no third sample"));
-    EXPECT_EQ(Ask("SELECT QYBH, KLTYZL FROM Z_c_KeFen"), "1|10.0");
-}
-
-TEST_F(NewAndImportTest, GbkFilesSayTheSame) {
-    MakeSuite();
-    const ProgramResult imported =
-        ImportSamples(win32::GbkFromUtf8(kHeader + "探井1,扰动样,1,1,筛析法,10,2,4\r\n"));
-    EXPECT_EQ(imported.status, 0) << imported.errors;
-    EXPECT_EQ(Ask("SELECT ZKBH, QYBH, KLSYFF FROM Z_c_KeFen"), "探井1|扰动样|筛析法");
-}
-
-TEST_F(NewAndImportTest, LayersReplaceTheirGradingAndLeaveOtherValues) {
-    MakeSuite();
-    Ask("INSERT INTO x_SheJi VALUES (1,2,1,1100,'9'), (1,2,1,1128,'9'), (1,2,1,1129,'9'), "
-        "(1,2,1,17,'9'), (1,3,0,1100,'9'), (2,2,1,1100,'9')");
-    Write(scratch_.Path() / "layers.csv", "main,sub,size,percent\n2,1,20,25\n2,1,0,75.0\n");
-    const ProgramResult imported =
-        Grdx({"import", "layers", scratch_.Path() / "layers.csv", "-s", Suite()});
-    EXPECT_EQ(imported.status, 0) << imported.errors;
-    EXPECT_EQ(imported.output, "1 layer\n");
-    EXPECT_EQ(Ask("SELECT GCSY, ZCBH, CSLX, CSV FROM x_SheJi ORDER BY GCSY, ZCBH, CSLX"),
-              "1|2|17|9 1|2|1105|25 1|2|1118|75.0 1|2|1129|9 1|3|1100|9 2|2|1100|9");
 }
