@@ -2,10 +2,8 @@
 
 #include <functional>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbExtents.h"
-
-class AcDbDatabase;
-class AcDbEntity;
 
 namespace host {
 

@@ -49,6 +49,13 @@ public:
         }
         return stored;
     }
+    /// What is no integer of 32 bits, as the column has to hold one, is noted.
+    void CheckInteger(int column, const char* name) {
+        const std::string text = rows_.Text(column);
+        if (!ParseInteger(win32::TrimBlanks(text))) {
+            current_->unreadable.push_back({table_, name, text});
+        }
+    }
 
 private:
     const char* table_;
@@ -74,11 +81,12 @@ std::vector<StoredSample> ReadStoredSamples(oledb::SqlDatabase& database, int pr
         sample.data.method = results.Text(2);
         sample.data.total = results.Number(3, "KLTYZL");
     }
-    TableWalk items(database, "Z_c_KeFenCSXM", "KLLJ, KLSYZL", ", XH", projectIndex, borehole);
+    TableWalk items(database, "Z_c_KeFenCSXM", "KLLJ, KLSYZL, XH", ", XH", projectIndex, borehole);
     while (items.Next()) {
         StoredSample& sample = items.In(samples);
         const std::optional<double> size = items.Number(2, "KLLJ");
         sample.data.items.push_back({size, items.Number(3, "KLSYZL")});
+        items.CheckInteger(4, "XH");
     }
     std::vector<StoredSample> list;
     list.reserve(samples.size());

@@ -27,4 +27,8 @@ std::string MarkProfilePath() {
     return PathOf(GetMarkProfilePath);
 }
 
+std::string SettingsProfilePath() {
+    return PathOf(GetSettingsProfilePath);
+}
+
 }  // namespace lab

@@ -8,7 +8,7 @@ packages=(
     g++ cmake ninja-build
     libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
     # workbooks of spreadsheet programs
-    libzip-dev libpugixml-dev
+    libzip-dev libpugixml-dev libxlsxwriter-dev
     # the locales of the tests
     locales
     # format and lint
@@ -20,7 +20,7 @@ packages=(
     # manual pages, the Debian package, and the empty system in which it is tried
     help2man dpkg-dev lintian mmdebstrap
     # independent readers of drawings, and the script that the benchmark compares with
-    gdal-bin python3 python3-ezdxf nodejs npm
+    gdal-bin python3 python3-ezdxf python3-openpyxl nodejs npm
 )
 
 missing=()

@@ -5,7 +5,6 @@
 
 #include "host/picture/shape_hits.h"
 #include "platform/db/AcDbDatabase.h"
-#include "platform/db/AcDbObject.h"
 
 namespace desk {
 

@@ -1,5 +1,6 @@
 #include "apps/grdx/CallTable.h"
 
+#include <algorithm>
 #include <exception>
 #include <sstream>
 #include <string_view>
@@ -91,8 +92,17 @@ CLI::App& CallTable::AddGroup(const char* name, const std::string& what) {
 }
 
 void CallTable::AddSuite(CLI::App& call) {
-    terminal::AddSuiteOption(call, suite_)->capture_default_str();
+    // Of its own, since the environment is also read for the calls that are not made.
+    std::string& suite = suites_.try_emplace(&call, ".").first->second;
+    terminal::AddSuiteOption(call, suite)->capture_default_str();
     terminal::AddTrustFlag(call, trust_);
+}
+
+const std::string& CallTable::Suite() const {
+    const auto made = std::find_if(suites_.begin(), suites_.end(),
+                                   [](const auto& entry) { return entry.first->parsed(); });
+    static const std::string kNone;
+    return made != suites_.end() ? made->second : kNone;
 }
 
 void CallTable::AddWait(CLI::App& call) {
@@ -123,7 +133,7 @@ int CallTable::Parse(int argc, char** argv, MessageStream& messages) {
         RefuseUnknownCall(program_, argc, argv);
         program_.parse(argc, argv);
         if (trust_) {
-            TrustSuite(suite_, messages);
+            TrustSuite(Suite(), messages);
         }
         const LockPatience patience(messages, waitSeconds_);
         return chosen_(messages) ? kDone : kRefused;

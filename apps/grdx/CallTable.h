@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 
 #include <CLI/CLI.hpp>
@@ -27,7 +28,8 @@ public:
     // Options that several calls take, read by them when they run.
     void AddSuite(CLI::App& call);
     void AddWait(CLI::App& call);
-    const std::string& Suite() const { return suite_; }
+    /// The suite folder of the call that is made.
+    const std::string& Suite() const;
 
     int Run(int argc, char** argv);
 
@@ -35,7 +37,7 @@ private:
     int Parse(int argc, char** argv, MessageStream& messages);
 
     CLI::App program_;
-    std::string suite_ = ".";
+    std::map<const CLI::App*, std::string> suites_;
     bool trust_ = false;
     int waitSeconds_ = 30;
     Call chosen_;
@@ -46,6 +48,8 @@ void AddNewCall(CallTable& calls);
 void AddImportCalls(CallTable& calls);
 void AddListCall(CallTable& calls);
 void AddProjectCall(CallTable& calls);
+void AddCheckCall(CallTable& calls);
+void AddExportCalls(CallTable& calls);
 void AddDrawCalls(CallTable& calls);
 void AddInfoCall(CallTable& calls);
 void AddPlotCall(CallTable& calls);

@@ -6,6 +6,8 @@ int main(int argc, char** argv) {
     console::AddImportCalls(calls);
     console::AddListCall(calls);
     console::AddProjectCall(calls);
+    console::AddCheckCall(calls);
+    console::AddExportCalls(calls);
     console::AddDrawCalls(calls);
     console::AddInfoCall(calls);
     console::AddPlotCall(calls);

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-class AcDbDatabase;
+#include "platform/db/AcDbDatabase.h"
 
 namespace console {
 

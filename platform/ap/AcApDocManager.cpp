@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/mfc/afx.h"
 #include "platform/win32/gbk_text.h"

@@ -1,7 +1,5 @@
 #include "platform/db/AcDbBlockTable.h"
 
-#include "platform/db/AcDbBlockTableRecord.h"
-
 namespace {
 AcRxObject* makeBlockTable() {
     return new AcDbBlockTable;

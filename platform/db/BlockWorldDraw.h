@@ -1,10 +1,7 @@
 #pragma once
 
-#include "platform/db/AcCmColor.h"
-#include "platform/db/AcDbObjectId.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/gi/TransformingWorldDraw.h"
-
-class AcDbEntity;
 
 /// The drawing context of a block's entities where the block is referred to.
 class BlockWorldDraw : public TransformingWorldDraw {

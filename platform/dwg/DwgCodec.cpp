@@ -4,10 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/db/AcDbKeptFields.h"
-#include "platform/db/AcDbObject.h"
 #include "platform/dwg/codec/codecs.h"
-#include "platform/rx/AcRxClass.h"
 
 namespace {
 

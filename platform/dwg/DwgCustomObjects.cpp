@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbStub.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgInFiler.h"

@@ -4,11 +4,8 @@
 #include <memory>
 #include <vector>
 
-class AcDbEntity;
-class AcDbObject;
+#include "platform/db/AcDbEntity.h"
 
-struct AcDbFileClass;
-struct AcDbStub;
 class DwgObjectReader;
 class DwgObjectWriter;
 

@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbExtents.h"
-#include "platform/db/AcDbObjectId.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/DwgClassTable.h"
 #include "platform/dwg/DwgFileRemains.h"

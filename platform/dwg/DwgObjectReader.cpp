@@ -2,8 +2,6 @@
 
 #include <unordered_set>
 
-#include "platform/db/AcDbDatabase.h"
-#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/codec/entity_fields.h"
 
 namespace {

@@ -8,8 +8,6 @@
 #include "platform/dwg/DwgFieldWriter.h"
 #include "platform/dwg/DwgSavePlan.h"
 
-class AcDbEntity;
-
 /// The two bit streams of an object.
 struct DwgObjectStreams {
     DwgBitWriter dataStream;

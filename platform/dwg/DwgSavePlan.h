@@ -4,9 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/db/AcDbObjectId.h"
-
-class AcDbBlockTableRecord;
+#include "platform/db/AcDbDatabase.h"
 
 /// Neighbours of an entity within its block, in drawing order; null at the ends.
 struct DwgEntityLinks {

@@ -2,9 +2,8 @@
 
 #include <functional>
 
-#include "platform/db/AcDbObjectId.h"
+#include "platform/db/AcDbObject.h"
 #include "platform/ed/adesk_results.h"
-#include "platform/rx/Acad.h"
 
 /// Name of an entity for the time of a session, and a point: x, y, z.
 using ads_name = long[2];

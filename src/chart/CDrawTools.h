@@ -4,11 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbObjectId.h"
-#include "platform/ge/AcGePoint3dArray.h"
-#include "platform/rx/Acad.h"
-
-class AcDbEntity;
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
 
 /// One part of a stacked label, placed relative to the label's start point.
 struct TextPiece {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/db/AcDbDatabase.h"
 #include "src/chart/CDrawTools.h"
 
 /// Draws the cumulative curve chart of the current sample (ProjectContext, CurrentBorehole,

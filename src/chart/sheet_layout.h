@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/db/AcDbDatabase.h"
 #include "src/chart/CDrawTools.h"
 
 /// Charts on an A4 sheet.

@@ -12,8 +12,6 @@ constexpr GridSize kCumulativeGrid = {160.0, 65.0};
 constexpr GridSize kResultGrid = {120.0, 50.0};
 constexpr GridSize kGridAboveLongTable = {120.0, 40.0};
 
-constexpr double kMassTolerance = 0.00001;
-
 bool ComputeSamplePassing(const GrainSizeRecord& record, std::vector<double>& passing) {
     const std::vector<double>& masses = record.amounts;
     double retained = 0.0;

@@ -25,6 +25,8 @@ ChartKind ChartKindOf(int standardCode);
 /// Columns of a result chart's composition table up to which its indices stand beside it. With more
 /// they stand below, and the grid is lower.
 inline constexpr int kCompactTableColumns = 15;
+/// Columns of 8.4 units that the frame of a result sheet, 175 units wide, has room for.
+inline constexpr int kMostTableColumns = 20;
 
 /// Width and height of a grid in drawing units.
 struct GridSize {
@@ -34,6 +36,9 @@ struct GridSize {
 GridSize GridSizeOf(const GrainSizeRecord& record, ChartKind kind);
 /// The grid of the record's chart with its top left corner at `origin`.
 CurveGrid GridOf(const GrainSizeRecord& record, ChartKind kind, const AcGePoint3d& origin);
+
+/// By how much the items' masses may exceed the total.
+inline constexpr double kMassTolerance = 0.00001;
 
 /// For each item the share of the total mass finer than its size, 0 to 1; mass of a sample that is
 /// on no sieve counts as finer than all. False for a sample whose masses add up to more than its

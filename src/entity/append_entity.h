@@ -2,10 +2,8 @@
 
 #include <memory>
 
-#include "platform/db/AcDbObjectId.h"
-#include "platform/rx/Acad.h"
-
-class AcDbEntity;
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
 
 /// The drawing itself; for null the host's working drawing, which may be null too.
 AcDbDatabase* DrawingOrWorking(AcDbDatabase* drawing);

@@ -8,7 +8,6 @@
 #include <stdexcept>
 
 #include "platform/ap/AcApDocManager.h"
-#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
 #include "platform/mfc/message_box.h"
 

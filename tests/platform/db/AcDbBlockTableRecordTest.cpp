@@ -1,4 +1,3 @@
-#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbBlockTableRecord.h"
 
 #include <gmock/gmock.h>

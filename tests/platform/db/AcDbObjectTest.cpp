@@ -1,4 +1,3 @@
-#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbObject.h"
 
 #include <gtest/gtest.h>

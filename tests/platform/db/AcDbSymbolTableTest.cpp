@@ -1,4 +1,3 @@
-#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbSymbolTable.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,6 @@
 #include <functional>
 #include <numbers>
 
-#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/codec/kept_fields.h"

@@ -1,5 +1,3 @@
-#include "platform/db/AcDbLayerTable.h"
-#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/win32/clock.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/chart/sheet_layout.h"

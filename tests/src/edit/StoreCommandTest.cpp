@@ -1,4 +1,3 @@
-#include "platform/db/AcDbStub.h"
 #include "src/edit/store_command.h"
 
 #include <gtest/gtest.h>

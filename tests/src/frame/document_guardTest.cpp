@@ -1,6 +1,5 @@
 #include "src/frame/documents.h"
 
-#include "platform/db/AcDbDatabase.h"
 #include "tests/src/frame/FrameFixture.h"
 
 namespace {
