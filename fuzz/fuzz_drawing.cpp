@@ -3,16 +3,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
-#include <optional>
+#include <filesystem>
+#include <fstream>
 
 #include "fuzz/DrawingMutator.h"
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
 #include "platform/db/AcDbBlockReference.h"
-#include "platform/dwg/DwgFault.h"
-#include "platform/dwg/DwgFileReader.h"
-#include "platform/dwg/DwgFileWriter.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "src/entity/CKFCurve.h"
 #include "src/entity/append_entity.h"
@@ -25,31 +22,50 @@ namespace {
 // A curve that cannot be read off says so in a box while its graphics are made.
 mfc::ScriptedWindowSystem windows;
 
-/// What is wrong with the file; none when it was read. Damaged parts of it are the database's
-/// damage().
-std::optional<std::string> Read(AcDbDatabase& database, std::string file) {
-    try {
-        DwgFileReader reader(database, std::move(file));
-        reader.read();
-        database.setFileRemains(reader.takeRemains());
-        database.setDamage(reader.takeDamage());
-        return std::nullopt;
-    } catch (const DwgFault& fault) {
-        return fault.what();
-    }
-}
-
 [[noreturn]] void Stop(const std::string& reason) {
     std::fprintf(stderr, "%s\n", reason.c_str());
     std::abort();
 }
 
-std::optional<std::string> Write(AcDbDatabase& database) {
-    try {
-        return DwgFileWriter(database).write();
-    } catch (const DwgFault&) {
-        return std::nullopt;
+/// Files of this process's own, through which drawings go as they do for users.
+class ScratchFolder {
+public:
+    ScratchFolder() {
+        std::string name =
+            (std::filesystem::temp_directory_path() / "fuzz_drawing.XXXXXX").string();
+        if (mkdtemp(name.data()) == nullptr) {
+            Stop("there is no folder for files");
+        }
+        path_ = name;
     }
+    ~ScratchFolder() {
+        std::error_code gone;
+        std::filesystem::remove_all(path_, gone);
+    }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+
+    std::string File(const char* name) const { return (path_ / name).string(); }
+
+private:
+    std::filesystem::path path_;
+};
+
+const ScratchFolder& Folder() {
+    static const ScratchFolder folder;
+    return folder;
+}
+
+void WriteBytes(const std::string& path, const std::uint8_t* data, std::size_t size) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (!file.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size))) {
+        Stop("the input cannot be put into a file");
+    }
+}
+
+std::uintmax_t SizeOf(const std::string& path) {
+    std::error_code missing;
+    return std::filesystem::file_size(path, missing);
 }
 
 void Draw(AcDbDatabase& database) {
@@ -58,16 +74,28 @@ void Draw(AcDbDatabase& database) {
 }
 
 void WriteAndReadAgain(AcDbDatabase& database) {
-    const std::optional<std::string> written = Write(database);
-    if (!written) {
+    const std::string path = Folder().File("written.dwg");
+    if (database.saveAs(path.c_str()) != Acad::eOk) {
+        if (database.lastFileError().empty()) {
+            Stop("a drawing that cannot be saved does not say why");
+        }
         return;
     }
     AcDbDatabase again(false);
-    if (const std::optional<std::string> fault = Read(again, *written)) {
-        Stop("what was written cannot be read: " + *fault);
+    if (again.readDwgFile(path.c_str()) != Acad::eOk) {
+        Stop("what was written cannot be read: " + again.lastFileError());
     }
     if (!again.damage().empty()) {
         Stop("what was written is damaged: " + again.damage().reasons.front());
+    }
+}
+
+/// What could be read of a damaged file is less than the file, so it must not take its place.
+void SaveOverDamagedFile(AcDbDatabase& database, const std::string& path) {
+    const std::uintmax_t size = SizeOf(path);
+    if (!database.damage().empty() &&
+        (database.saveAs(path.c_str()) == Acad::eOk || SizeOf(path) != size)) {
+        Stop("a damaged file was replaced by what is left of it");
     }
 }
 
@@ -95,10 +123,16 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     windows.Reset();
+    const std::string path = Folder().File("input.dwg");
+    WriteBytes(path, data, size);
     AcDbDatabase database(false);
-    if (Read(database, std::string(reinterpret_cast<const char*>(data), size))) {
+    if (database.readDwgFile(path.c_str()) != Acad::eOk) {
+        if (database.lastFileError().empty()) {
+            Stop("a drawing that cannot be read does not say why");
+        }
         return 0;
     }
+    SaveOverDamagedFile(database, path);
     Draw(database);
     InsertIntoSheet(database);
     WriteAndReadAgain(database);
