@@ -44,6 +44,7 @@ ProgramResult RunProgram(const std::vector<std::string>& arguments, int killAfte
     posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, output.c_str(), kNew, 0600);
     posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, errors.c_str(), kNew, 0600);
     std::vector<char*> words;
+    words.reserve(arguments.size() + 1);
     for (const std::string& argument : arguments) {
         words.push_back(const_cast<char*>(argument.c_str()));
     }

@@ -160,7 +160,7 @@ std::string WindowsPathOf(const char* path) {
 
 }  // namespace
 
-int main(int count, char** words) {
+int main(int count, char** words) try {
     const bool copies = count == 4 && std::strcmp(words[1], "--without-curves") == 0;
     if (!copies && count != 2) {
         std::fprintf(stderr, "usage: list_entities [--without-curves] DRAWING [COPY]\n");
@@ -177,4 +177,7 @@ int main(int count, char** words) {
     }
     std::puts(entities.dump().c_str());
     return copies && !WriteWithoutCurves(drawing, WindowsPathOf(words[3])) ? 1 : 0;
+} catch (const std::exception& fault) {
+    std::fprintf(stderr, "%s\n", fault.what());
+    return 1;
 }
