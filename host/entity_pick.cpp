@@ -7,6 +7,9 @@
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
 #include "host/picture/shape_hits.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbObject.h"
 
 namespace host {
 

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "platform/ap/AcApDocument.h"
+#include "platform/db/AcDbObjectId.h"
+#include "platform/ge/AcGePoint3d.h"
 
 namespace host {
 

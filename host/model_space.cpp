@@ -2,6 +2,10 @@
 
 #include <vector>
 
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/ExtentsMeter.h"
 

@@ -2,8 +2,10 @@
 
 #include <functional>
 
-#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbExtents.h"
+
+class AcDbDatabase;
+class AcDbEntity;
 
 namespace host {
 

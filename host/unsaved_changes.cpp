@@ -3,6 +3,7 @@
 #include "host/complaint.h"
 #include "host/question.h"
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
 

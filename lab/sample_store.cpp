@@ -1,221 +1,205 @@
 #include "lab/sample_store.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
-#include <memory>
-#include <set>
 #include <utility>
 
-#include "lab/MarkRemoval.h"
-#include "lab/Project.h"
+#include "lab/Failure.h"
 #include "lab/SampleWriter.h"
-#include "lab/project_database.h"
+#include "lab/hydrometer/StoredReadings.h"
+#include "lab/numbers.h"
 #include "lab/suite_profiles.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/number_text.h"
 #include "src/facts/mark_keys.h"
 
 namespace lab {
 
 namespace {
-constexpr std::size_t kBetweenReports = 256;
+/// What the project has of a sample.
+struct Known {
+    std::optional<StoredSample> sample;
+    std::optional<StoredTest> test;
+};
 
-void Report(const StoreOptions& options, std::size_t done, std::size_t all) {
-    if (options.progress && done % kBetweenReports == 0) {
-        options.progress(static_cast<double>(done) / static_cast<double>(all));
-    }
-}
-
-oledb::Access AccessFor(const StoreOptions& options) {
-    return options.dryRun ? oledb::Access::Read : oledb::Access::Change;
-}
-
-/// Nothing when the call only tells what it would do.
-std::unique_ptr<oledb::SqlTransaction> Begin(oledb::SqlDatabase& database,
-                                             const StoreOptions& options) {
-    return options.dryRun ? nullptr : std::make_unique<oledb::SqlTransaction>(database);
-}
-
-/// Writes what the marks have lost and then the data, both or neither.
-void Commit(oledb::SqlTransaction& transaction, MarkRemoval& marks) {
-    marks.Write();
-    transaction.Commit();
-    marks.Keep();
-}
-
-using SamplesByName = std::map<std::string, StoredSample>;
-
-/// The stored samples of the boreholes that are asked for, each read once.
+/// What is stored of the boreholes that are asked for, each read once.
 class StoredBoreholes {
 public:
-    StoredBoreholes(oledb::SqlDatabase& database, int projectIndex)
-        : database_(database), projectIndex_(projectIndex) {}
+    StoredBoreholes(oledb::SqlDatabase& database, StoredReadings& readings, int projectIndex)
+        : database_(database), readings_(readings), projectIndex_(projectIndex) {}
 
-    /// Null when there is no such sample.
-    const StoredSample* Find(const Sample& sample) {
-        const auto [borehole, isNew] = boreholes_.try_emplace(sample.borehole);
+    const Known& Find(const std::string& borehole, const std::string& sample) {
+        const auto [samples, isNew] = boreholes_.try_emplace(borehole);
         if (isNew) {
-            for (StoredSample& stored :
-                 ReadStoredSamples(database_, projectIndex_, &sample.borehole)) {
+            for (StoredSample& stored : ReadStoredSamples(database_, projectIndex_, &borehole)) {
                 std::string name = stored.data.sample;
-                borehole->second.emplace(std::move(name), std::move(stored));
+                samples->second[std::move(name)].sample = std::move(stored);
+            }
+            for (auto& [key, test] : readings_.Read(&borehole)) {
+                samples->second[key.second].test = std::move(test);
             }
         }
-        const auto found = borehole->second.find(sample.sample);
-        return found == borehole->second.end() ? nullptr : &found->second;
+        return samples->second[sample];
     }
 
 private:
     oledb::SqlDatabase& database_;
+    StoredReadings& readings_;
     int projectIndex_;
-    std::map<std::string, SamplesByName> boreholes_;
+    std::map<std::string, std::map<std::string, Known>> boreholes_;
 };
 
-bool IsAsStored(const Sample& sample, const StoredSample& stored) {
-    return stored.hasSampleRow && stored.hasResultRow && stored.unreadable.empty() &&
-           sample == stored.data;
+bool IsAsStored(const Sample& sample, const std::optional<StoredSample>& stored) {
+    return stored && stored->hasSampleRow && stored->hasResultRow && stored->unreadable.empty() &&
+           sample == stored->data;
 }
 
-using Fractions = std::map<int, std::string>;
-
-Fractions FractionsOf(const Layer& layer) {
-    Fractions fractions;
-    for (const Layer::Percentage& percentage : layer.percentages) {
-        fractions[percentage.code] = percentage.text;
-    }
-    return fractions;
+std::string NameOf(const Sample& sample) {
+    return sample.borehole + " " + sample.sample;
 }
 
-/// Equal as numbers: 25.5 and 25.50 are.
-bool AreEqual(const Fractions& left, const Fractions& right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](const auto& a, const auto& b) {
-                          return a.first == b.first &&
-                                 (a.second == b.second ||
-                                  (win32::ParseNumber(a.second) &&
-                                   win32::ParseNumber(a.second) == win32::ParseNumber(b.second)));
-                      });
-}
-
-/// The statements that read and replace one layer's grading. Codes 1100 to 1118 are the class
-/// percentages, 1119 to 1128 what was computed from them.
-class LayerTable {
+/// One storing of samples.
+class SampleStore {
 public:
-    LayerTable(oledb::SqlDatabase& database, int projectIndex)
-        : projectIndex_(projectIndex),
-          select_(database,
-                  "SELECT CSLX, CSV FROM x_SheJi WHERE GCSY = ? AND ZCBH = ? AND YCBH = ? "
-                  "AND CSLX BETWEEN 1100 AND 1118"),
-          delete_(database,
-                  "DELETE FROM x_SheJi WHERE GCSY = ? AND ZCBH = ? AND YCBH = ? "
-                  "AND CSLX BETWEEN 1100 AND 1128"),
-          insert_(database,
-                  "INSERT INTO x_SheJi (GCSY, ZCBH, YCBH, CSLX, CSV) VALUES (?, ?, ?, ?, ?)") {}
+    explicit SampleStore(const StoreOptions& options)
+        : run_(options),
+          readings_(run_.Database(), run_.OfProject().index),
+          boreholes_(run_.Database(), readings_, run_.OfProject().index),
+          writer_(run_.Database(), run_.OfProject().index) {}
 
-    Fractions Read(const Layer& layer) {
-        Fractions fractions;
-        BindKey(select_, layer);
-        while (select_.Step()) {
-            fractions[select_.Integer(0)] = select_.Text(1);
+    void Store(const Sample& sample) {
+        const Known& known = boreholes_.Find(sample.borehole, sample.sample);
+        if (!known.test || !known.test->IsJoined()) {
+            Write(sample, known.sample);
+        } else if (std::any_of(sample.items.begin(), sample.items.end(), [&](const auto& item) {
+                       return item.size && known.test->Made(*item.size);
+                   })) {
+            if (Write(sample, known.sample)) {
+                Part(*known.test);
+            }
+        } else {
+            WriteJoined(sample, known, known.test->test);
         }
-        return fractions;
     }
-    void Write(const Layer& layer) {
-        BindKey(delete_, layer);
-        delete_.Run();
-        for (const Layer::Percentage& percentage : layer.percentages) {
-            BindKey(insert_, layer);
-            insert_.Bind(4, percentage.code);
-            insert_.Bind(5, percentage.text);
-            insert_.Run();
+
+    void Store(const HydrometerTest& test) {
+        const Known& known = boreholes_.Find(test.borehole, test.sample);
+        WriteJoined(SievesFor(test, known), known, test);
+    }
+
+    void Report(std::size_t done, std::size_t all) const { run_.Report(done, all); }
+
+    StoreSummary Finish() {
+        if (run_.Writes()) {
+            MarkRemoval marks(MarkProfilePath());
+            for (const auto& [name, sample] : written_) {
+                const std::string borehole = win32::GbkFromUtf8(name);
+                marks.Remove(SampleMarksKey(run_.ProjectNumber(), borehole),
+                             win32::GbkFromUtf8(sample));
+                marks.Remove(BoreholeMarksKey(run_.ProjectNumber()), borehole);
+            }
+            run_.Commit(marks);
         }
+        return std::move(summary_);
     }
 
 private:
-    void BindKey(oledb::SqlStatement& statement, const Layer& layer) const {
-        statement.Bind(1, projectIndex_);
-        statement.Bind(2, layer.main);
-        statement.Bind(3, layer.sub);
+    /// False when the sample is as stored.
+    bool Write(const Sample& sample, const std::optional<StoredSample>& stored) {
+        if (IsAsStored(sample, stored)) {
+            ++summary_.unchanged;
+            return false;
+        }
+        if (stored) {
+            summary_.changed.push_back(NameOf(sample));
+        } else {
+            ++summary_.added;
+        }
+        written_.emplace_back(sample.borehole, sample.sample);
+        if (run_.Writes()) {
+            writer_.Write(sample, stored && stored->hasSampleRow, stored && stored->hasResultRow);
+        }
+        return true;
     }
 
-    int projectIndex_;
-    oledb::SqlStatement select_;
-    oledb::SqlStatement delete_;
-    oledb::SqlStatement insert_;
+    void WriteJoined(Sample sample, const Known& known, const HydrometerTest& test) {
+        Joint joint = Join(sample, test);
+        if (joint.jump && std::abs(*joint.jump) > kGreatestJump) {
+            summary_.notes.push_back("sample " + sample.sample + " of " + sample.borehole +
+                                     ": sieves and hydrometer are " +
+                                     ShortestText(std::round(*joint.jump * 10.0) / 10.0) +
+                                     " % apart at their joint");
+        }
+        sample.items = std::move(joint.items);
+        const bool changed = Write(sample, known.sample);
+        if (run_.Writes() && (changed || !known.test || !(known.test->test == test))) {
+            readings_.Write({test, std::move(joint.points), joint.jump});
+        }
+    }
+
+    /// The readings stay, but are nobody's part any more.
+    void Part(StoredTest stored) {
+        stored.jump.reset();
+        for (HydrometerPoint& point : stored.points) {
+            point.joined = false;
+        }
+        summary_.notes.push_back("sample " + stored.test.sample + " of " + stored.test.borehole +
+                                 ": its items are no longer those of its hydrometer readings");
+        if (run_.Writes()) {
+            readings_.Write(stored);
+        }
+    }
+
+    /// What was measured of the sample without a hydrometer.
+    static Sample SievesFor(const HydrometerTest& test, const Known& known) {
+        Sample sample;
+        if (known.sample) {
+            if (!known.sample->unreadable.empty()) {
+                const StoredSample::Unreadable& cell = known.sample->unreadable.front();
+                throw Failure("sample " + test.sample + " of " + test.borehole + ": table " +
+                              cell.table + ", column " + cell.column + ": \"" + cell.text +
+                              "\" is no number");
+            }
+            sample = known.sample->data;
+        }
+        sample.borehole = test.borehole;
+        sample.sample = test.sample;
+        std::erase_if(sample.items, [&](const SieveItem& item) {
+            return item.size && (*item.size == 0.0 || (known.test && known.test->Made(*item.size)));
+        });
+        if (sample.items.empty()) {
+            sample.total = StoredNumber(test.dryMass);
+        }
+        return sample;
+    }
+
+    StoreRun run_;
+    StoredReadings readings_;
+    StoredBoreholes boreholes_;
+    SampleWriter writer_;
+    StoreSummary summary_;
+    std::vector<std::pair<std::string, std::string>> written_;
 };
+
+template <class Data>
+StoreSummary StoreAll(const std::vector<Data>& all, const StoreOptions& options) {
+    SampleStore store(options);
+    std::size_t done = 0;
+    for (const Data& data : all) {
+        store.Store(data);
+        store.Report(++done, all.size());
+    }
+    return store.Finish();
+}
 }  // namespace
 
 StoreSummary StoreSamples(const std::vector<Sample>& samples, const StoreOptions& options) {
-    const Project project = ReadProject();
-    oledb::SqlDatabase database = OpenProjectDatabase(AccessFor(options));
-    const auto transaction = Begin(database, options);
-    StoredBoreholes boreholes(database, project.index);
-    SampleWriter writer(database, project.index);
-    StoreSummary summary;
-    std::vector<const Sample*> written;
-    std::size_t done = 0;
-    for (const Sample& sample : samples) {
-        const StoredSample* const stored = boreholes.Find(sample);
-        Report(options, ++done, samples.size());
-        if (stored != nullptr && IsAsStored(sample, *stored)) {
-            ++summary.unchanged;
-            continue;
-        }
-        written.push_back(&sample);
-        if (stored != nullptr) {
-            summary.changed.push_back(sample.borehole + " " + sample.sample);
-        } else {
-            ++summary.added;
-        }
-        if (transaction) {
-            writer.Write(sample, stored != nullptr && stored->hasSampleRow,
-                         stored != nullptr && stored->hasResultRow);
-        }
-    }
-    if (transaction) {
-        MarkRemoval marks(MarkProfilePath());
-        const std::string number = win32::GbkFromUtf8(project.profile.number);
-        for (const Sample* sample : written) {
-            const std::string borehole = win32::GbkFromUtf8(sample->borehole);
-            marks.Remove(SampleMarksKey(number, borehole), win32::GbkFromUtf8(sample->sample));
-            marks.Remove(BoreholeMarksKey(number), borehole);
-        }
-        Commit(*transaction, marks);
-    }
-    return summary;
+    return StoreAll(samples, options);
 }
 
-StoreSummary StoreLayers(const std::vector<Layer>& layers, const StoreOptions& options) {
-    const Project project = ReadProject();
-    oledb::SqlDatabase database = OpenProjectDatabase(AccessFor(options));
-    const auto transaction = Begin(database, options);
-    LayerTable table(database, project.index);
-    StoreSummary summary;
-    std::size_t done = 0;
-    for (const Layer& layer : layers) {
-        const Fractions stored = table.Read(layer);
-        Report(options, ++done, layers.size());
-        if (AreEqual(stored, FractionsOf(layer))) {
-            ++summary.unchanged;
-            continue;
-        }
-        if (stored.empty()) {
-            ++summary.added;
-        } else {
-            summary.changed.push_back(layer.Label());
-        }
-        if (transaction) {
-            table.Write(layer);
-        }
-    }
-    if (transaction) {
-        MarkRemoval marks(ProjectProfilePath());
-        for (const std::string& label : summary.changed) {
-            marks.Remove(LayerMarksKey(win32::GbkFromUtf8(project.profile.number)), label);
-        }
-        Commit(*transaction, marks);
-    }
-    return summary;
+StoreSummary StoreHydrometerTests(const std::vector<HydrometerTest>& tests,
+                                  const StoreOptions& options) {
+    return StoreAll(tests, options);
 }
 
 }  // namespace lab

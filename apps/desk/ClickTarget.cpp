@@ -5,6 +5,7 @@
 
 #include "host/picture/shape_hits.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbObject.h"
 
 namespace desk {
 

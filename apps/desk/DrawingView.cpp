@@ -9,6 +9,7 @@
 #include "apps/desk/part_missing.h"
 #include "host/coordinates.h"
 #include "host/picture/shape_hits.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
 
 namespace desk {

@@ -18,6 +18,7 @@
 #include "apps/windows/interface_text.h"
 #include "apps/windows/qt_text.h"
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/ed/system_variables.h"
 #include "platform/ed/user_break.h"
 #include "platform/oledb/lock_wait.h"

@@ -7,6 +7,8 @@
 #include "apps/grdx/InputStream.h"
 #include "apps/grdx/Interrupt.h"
 #include "apps/grdx/MessageStream.h"
+#include "lab/hydrometer/hydrometer_table.h"
+#include "lab/layer_store.h"
 #include "lab/sample_store.h"
 
 namespace console {
@@ -95,6 +97,18 @@ void ImportLayers(const ImportRequest& request, MessageStream& messages) {
     Import import(request, messages);
     const std::vector<lab::Layer> layers = import.Read(lab::ReadLayers);
     import.Store(layers, lab::StoreLayers, Count(layers.size(), "layer"));
+}
+
+void ImportHydrometer(const ImportRequest& request, MessageStream& messages) {
+    Import import(request, messages);
+    const std::vector<lab::HydrometerTest> tests = import.Read(lab::ReadHydrometerTests);
+    const std::size_t readings =
+        std::accumulate(tests.begin(), tests.end(), std::size_t{0},
+                        [](std::size_t sum, const lab::HydrometerTest& test) {
+                            return sum + test.readings.size();
+                        });
+    import.Store(tests, lab::StoreHydrometerTests,
+                 Count(tests.size(), "sample") + ", " + Count(readings, "reading"));
 }
 
 }  // namespace console

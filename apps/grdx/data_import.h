@@ -23,5 +23,6 @@ struct ImportRequest {
 /// when a file is refused; Ctrl-C ends the work and nothing is stored.
 void ImportSamples(const ImportRequest& request, MessageStream& messages);
 void ImportLayers(const ImportRequest& request, MessageStream& messages);
+void ImportHydrometer(const ImportRequest& request, MessageStream& messages);
 
 }  // namespace console

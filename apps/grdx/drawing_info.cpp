@@ -7,7 +7,10 @@
 
 #include "apps/grdx/Failure.h"
 #include "host/model_space.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/DrawingDamage.h"
 #include "platform/dwg/DwgInFiler.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"

@@ -1,8 +1,12 @@
 #include "apps/grdx/sheet_template.h"
 
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/win32/gbk_literal.h"
 
 namespace console {

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "platform/db/AcDbDatabase.h"
+class AcDbDatabase;
 
 namespace console {
 

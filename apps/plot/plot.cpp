@@ -7,6 +7,7 @@
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/DrawingDamage.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
 

@@ -7,7 +7,13 @@
 #include "host/entity_pick.h"
 #include "host/redraw.h"
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDb.h"
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbObject.h"
+#include "platform/db/AcDbObjectId.h"
 #include "platform/ge/AcGeMatrix3d.h"
+#include "platform/ge/AcGePoint3dArray.h"
 
 namespace host {
 

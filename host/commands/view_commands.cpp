@@ -4,6 +4,8 @@
 #include "host/complaint.h"
 #include "host/model_space.h"
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/HeaderVariables.h"
 
 namespace host {
 

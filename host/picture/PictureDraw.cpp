@@ -6,6 +6,7 @@
 
 #include "host/picture/TextDrawing.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/gi/shape_outline.h"

@@ -6,6 +6,7 @@
 #include "host/picture/LinePen.h"
 #include "host/picture/WideLineRun.h"
 #include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbObjectId.h"
 #include "platform/gi/AcGiWorldDraw.h"
 
 namespace picture {

@@ -2,6 +2,10 @@
 
 #include "host/model_space.h"
 #include "host/picture/PictureDraw.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbStub.h"
+#include "platform/db/HeaderVariables.h"
 
 namespace picture {
 

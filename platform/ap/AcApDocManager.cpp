@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/mfc/afx.h"
 #include "platform/win32/gbk_text.h"

@@ -7,6 +7,7 @@
 
 #include "platform/ap/AcApDocManagerReactor.h"
 #include "platform/ap/AcApDocument.h"
+#include "platform/rx/Acad.h"
 #include "platform/win32/win_types.h"
 
 /// Walks the documents in opening order, as they were when it was made.

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
 #include "platform/ge/AcGePoint2d.h"
+
+class AcDbDatabase;
 
 namespace AcAp {
 enum DocLockMode { kNone = 0, kRead = 1, kWrite = 4 };
@@ -25,8 +25,8 @@ struct AcApView {
 /// An open drawing.
 class AcApDocument {
 public:
-    explicit AcApDocument(std::unique_ptr<AcDbDatabase> database)
-        : database_(std::move(database)) {}
+    explicit AcApDocument(std::unique_ptr<AcDbDatabase> database);
+    ~AcApDocument();
 
     /// Windows path of the drawing's file; "Drawing1.dwg" and so on for one never saved.
     const char* fileName() const { return fileName_.c_str(); }
@@ -44,13 +44,19 @@ public:
 
 private:
     friend class AcApDocManager;
+    /// What tells a file changed by others from the one read or written last; nothing without it.
+    struct FileMark {
+        std::int64_t time = 0;  ///< of its last change, in the file system's own count
+        std::uintmax_t size = 0;
+        friend bool operator==(FileMark, FileMark) = default;
+    };
+    bool readFileMark(FileMark& mark) const;
     void noteFile();
 
     std::unique_ptr<AcDbDatabase> database_;
     std::string fileName_;
     bool untitled_ = true;
-    std::filesystem::file_time_type fileTime_;  ///< of the file as it was read or written last
-    std::uintmax_t fileSize_ = 0;
+    FileMark file_;  ///< as it was read or written last
     std::vector<AcAp::DocLockMode> locks_;
     AcApView view_;
     std::string pendingInput_;  ///< command text sent and not yet run

@@ -1,6 +1,8 @@
 #include <filesystem>
 
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/DrawingDamage.h"
 #include "platform/ed/command_line.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/gbk_text.h"

@@ -1,5 +1,7 @@
 #include "platform/db/AcDbBlockTable.h"
 
+#include "platform/db/AcDbBlockTableRecord.h"
+
 namespace {
 AcRxObject* makeBlockTable() {
     return new AcDbBlockTable;

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbSymbolTable.h"
+
+class AcDbBlockTableRecord;
 
 inline constexpr const char* ACDB_MODEL_SPACE = "*Model_Space";
 inline constexpr const char* ACDB_PAPER_SPACE = "*Paper_Space";

@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <vector>
 
-#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbSymbolTable.h"
+#include "platform/ge/AcGePoint3d.h"
+
+class AcDbEntity;
 
 /// A block definition: an ordered list of entities.
 class AcDbBlockTableRecord : public AcDbSymbolTableRecord {

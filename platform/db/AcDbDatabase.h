@@ -1,21 +1,19 @@
 #pragma once
 
-#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string>
-#include <unordered_map>
-#include <vector>
 
-#include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbObjectId.h"
-#include "platform/db/AcDbStub.h"
-#include "platform/db/AcDbTextStyleTable.h"
-#include "platform/db/DrawingDamage.h"
-#include "platform/db/HeaderVariables.h"
+#include "platform/rx/AcRxObject.h"
+#include "platform/rx/Acad.h"
 
+class AcDbBlockTable;
+class AcDbLayerTable;
+class AcDbTextStyleTable;
+struct DrawingDamage;
 struct DwgFileRemains;
+struct HeaderVariables;
 
 /// One drawing: its objects, its tables, its header variables. It owns every object appended to it.
 class AcDbDatabase : public AcRxObject {
@@ -35,16 +33,16 @@ public:
     Acad::ErrorStatus getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode);
     Acad::ErrorStatus getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode);
 
-    AcDbObjectId clayer() const { return header_.CLAYER; }
+    AcDbObjectId clayer() const;
     /// eWrongDatabase, eNullObjectId, eWasErased or eNotApplicable (not a layer) leave it as it
     /// was.
     Acad::ErrorStatus setClayer(AcDbObjectId layer);
-    AcDbObjectId textstyle() const { return header_.TEXTSTYLE; }
+    AcDbObjectId textstyle() const;
     /// Likewise.
     Acad::ErrorStatus setTextstyle(AcDbObjectId style);
-    AcDbObjectId continuousLinetype() const { return header_.LTYPE_CONTINUOUS; }
-    AcDbObjectId byLayerLinetype() const { return header_.LTYPE_BYLAYER; }
-    AcDbObjectId byBlockLinetype() const { return header_.LTYPE_BYBLOCK; }
+    AcDbObjectId continuousLinetype() const;
+    AcDbObjectId byLayerLinetype() const;
+    AcDbObjectId byBlockLinetype() const;
 
     /// Writes the drawing as AC1015 under a Windows path: whole or not at all. Reactors of
     /// AcRxEventReactor hear of it. eFileAccessErr with the reason in lastFileError(), also for a
@@ -70,7 +68,7 @@ public:
     /// True once an object was opened for write, or a variable set, since reading or saving.
     bool isModified() const { return modified_; }
     /// What could not be read of the file last read; empty for a sound one.
-    const DrawingDamage& damage() const { return damage_; }
+    const DrawingDamage& damage() const { return *damage_; }
     void setModified(bool modified) { modified_ = modified; }
 
     /// The id of a handle; null, and eKeyNotFound, when the drawing knows no such handle.
@@ -81,28 +79,26 @@ public:
     Acad::ErrorStatus saveToDisk(const char* fileName);
     /// No object has a higher handle: new ones count up to here and never wrap around.
     static constexpr AcDbHandle kHighestHandle = AcDbHandle{1} << 62U;
-    const HeaderVariables& header() const { return header_; }
-    HeaderVariables& header() { return header_; }
+    const HeaderVariables& header() const { return *header_; }
+    HeaderVariables& header() { return *header_; }
     /// Takes ownership, gives a fresh handle, leaves the object closed.
     AcDbObjectId addObject(std::unique_ptr<AcDbObject> object, AcDbObjectId owner);
     /// The entry of a handle, made when missing; the object may come later. Null for handle 0.
     AcDbObjectId idOfHandle(AcDbHandle handle);
     /// Frees what finding handles takes; it is made anew when a handle is next asked for.
-    void forgetHandles() { byHandle_ = {}; }
+    void forgetHandles();
     /// Puts an object read from a file, all its fields set, behind its entry.
     void placeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> object);
     /// Every entry in handle order of creation, those without an object too.
-    const std::deque<AcDbStub>& entries() const { return stubs_; }
-    std::deque<AcDbStub>& entries() { return stubs_; }
+    const std::deque<AcDbStub>& entries() const;
+    std::deque<AcDbStub>& entries();
     /// The object behind an id without opening it; null when there is none.
-    static AcDbObject* objectOf(AcDbObjectId id) {
-        return id.isNull() ? nullptr : id.stub()->object.get();
-    }
+    static AcDbObject* objectOf(AcDbObjectId id);
     /// Parts of the file that are kept as they were read; null for a new drawing.
     DwgFileRemains* fileRemains() const { return remains_.get(); }
     void setFileRemains(std::shared_ptr<DwgFileRemains> remains) { remains_ = std::move(remains); }
     void setLastFileError(std::string text) { lastFileError_ = std::move(text); }
-    void setDamage(DrawingDamage damage) { damage_ = std::move(damage); }
+    void setDamage(DrawingDamage damage);
     void setFilename(const char* name) { fileName_ = name; }
 
 private:
@@ -113,21 +109,18 @@ private:
     Acad::ErrorStatus save(const char* fileName, bool toDisk);
     Acad::ErrorStatus readFileAt(const std::string& path);
 
-    /// Handles that follow each other stay together. Where each run of them goes nobody knows
-    /// before, so that no file can have them all meet in one place.
-    struct HandleHash {
-        std::size_t operator()(AcDbHandle handle) const noexcept;
-    };
     AcDbStub* find(AcDbHandle handle) const;
     Acad::ErrorStatus makeCurrent(AcDbObjectId& current, AcDbObjectId id, const AcRxClass* kind);
 
-    mutable std::deque<AcDbStub> stubs_;  // a deque: ids point at its entries
-    // Of as many entries from the start; the rest is entered when a handle is next asked for.
-    mutable std::unordered_map<AcDbHandle, AcDbStub*, HandleHash> byHandle_;
-    HeaderVariables header_;
+    /// Without objects and damage, with the variables of a new drawing.
+    void clear();
+
+    struct Entries;
+    std::unique_ptr<Entries> entries_;
+    std::unique_ptr<HeaderVariables> header_;
+    std::unique_ptr<DrawingDamage> damage_;
     std::shared_ptr<DwgFileRemains> remains_;
     std::string fileName_;
     std::string lastFileError_;
-    DrawingDamage damage_;
     bool modified_ = false;
 };

@@ -4,12 +4,12 @@
 #include <memory>
 #include <vector>
 
-#include "platform/db/AcDbKeptFields.h"
 #include "platform/db/AcDbObjectId.h"
 #include "platform/rx/AcRxClass.h"
 #include "platform/rx/Acad.h"
 
 class AcDbDwgFiler;
+struct AcDbKeptFields;
 
 /// What a drawing file holds of an object beside its class's own fields; kept so that opening and
 /// saving loses nothing.

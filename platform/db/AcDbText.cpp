@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/db/PlanarTransform.h"
 #include "platform/db/entity_drawing.h"
 #include "platform/gi/shape_outline.h"

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbLayerTable.h"
 
 namespace {

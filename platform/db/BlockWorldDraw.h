@@ -1,7 +1,10 @@
 #pragma once
 
-#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcCmColor.h"
+#include "platform/db/AcDbObjectId.h"
 #include "platform/gi/TransformingWorldDraw.h"
+
+class AcDbEntity;
 
 /// The drawing context of a block's entities where the block is referred to.
 class BlockWorldDraw : public TransformingWorldDraw {

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbExtents.h"
 #include "platform/gi/ExtentsWorldDraw.h"
+
+class AcDbEntity;
 
 namespace db {
 /// False for coordinates that mean none, as programs write them for the box of an empty drawing.

@@ -3,6 +3,7 @@
 #include <map>
 #include <new>
 
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcRxEventReactor.h"
 #include "platform/dwg/DwgBlockCopier.h"
@@ -57,9 +58,9 @@ Acad::ErrorStatus AcDbDatabase::save(const char* fileName, bool toDisk) {
     }
     const std::string path = win32::FileSystemPath(fileName);
     std::string error;
-    if (header_.BLOCK_CONTROL_OBJECT.isNull()) {
+    if (header_->BLOCK_CONTROL_OBJECT.isNull()) {
         error = fault(path, "the drawing is empty and cannot be saved");
-    } else if (!damage_.empty() && isSameFile(path, damage_.file)) {
+    } else if (!damage_->empty() && isSameFile(path, damage_->file)) {
         error = fault(path,
                       "the file is damaged and holds more than could be read of it; save the "
                       "drawing under another name");
@@ -87,16 +88,13 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const char* fileName, int /*shareMod
     if (fileName == nullptr || *fileName == '\0') {
         return Acad::eInvalidInput;
     }
-    if (!stubs_.empty()) {
+    if (!entries().empty()) {
         return Acad::eNotApplicable;
     }
     const std::string path = win32::FileSystemPath(fileName);
     const Acad::ErrorStatus status = readFileAt(path);
     if (status != Acad::eOk) {
-        stubs_.clear();
-        byHandle_.clear();
-        header_ = {};
-        damage_ = {};
+        clear();
         acrxTellAbortRead(this);
         return status;
     }
@@ -116,8 +114,8 @@ Acad::ErrorStatus AcDbDatabase::readFileAt(const std::string& path) {
         DwgFileReader reader(*this, std::move(content));
         reader.read();
         remains_ = reader.takeRemains();
-        damage_ = reader.takeDamage();
-        damage_.file = path;
+        *damage_ = reader.takeDamage();
+        damage_->file = path;
         forgetHandles();
         return Acad::eOk;
     } catch (const DwgFault& reason) {
@@ -132,7 +130,7 @@ Acad::ErrorStatus AcDbDatabase::readFileAt(const std::string& path) {
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const char* blockName,
                                        AcDbDatabase* source, bool /*preserveSourceDatabase*/) {
     blockId.setNull();
-    if (source == nullptr || objectOf(source->header_.BLOCK_RECORD_MODEL_SPACE) == nullptr) {
+    if (source == nullptr || objectOf(source->header().BLOCK_RECORD_MODEL_SPACE) == nullptr) {
         return Acad::eNoDatabase;
     }
     if (blockName == nullptr || *blockName == '\0' || source == this) {

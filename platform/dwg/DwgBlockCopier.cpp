@@ -4,12 +4,20 @@
 #include <iterator>
 #include <unordered_set>
 
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbCopyFiler.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbDimStyleTable.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPlaceHolder.h"
+#include "platform/db/AcDbStub.h"
+#include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgCustomObjects.h"
 #include "platform/dwg/DwgIdTranslator.h"

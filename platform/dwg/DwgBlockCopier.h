@@ -9,7 +9,12 @@
 #include <utility>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbObjectId.h"
+#include "platform/db/AcDbSymbolTable.h"
+#include "platform/rx/Acad.h"
+
+class AcDbBlockTableRecord;
+class AcDbEntity;
 
 /// Copies a drawing's model space into another drawing as a block definition, with what its
 /// entities need: layers, styles, line types, nested blocks. Where the other drawing has a record

@@ -4,7 +4,10 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/db/AcDbKeptFields.h"
+#include "platform/db/AcDbObject.h"
 #include "platform/dwg/codec/codecs.h"
+#include "platform/rx/AcRxClass.h"
 
 namespace {
 

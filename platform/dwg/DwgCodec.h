@@ -4,9 +4,11 @@
 #include <memory>
 #include <string_view>
 
-#include "platform/db/AcDbEntity.h"
 #include "platform/dwg/DwgFields.h"
 
+class AcDbObject;
+class AcRxClass;
+struct AcDbFileClass;
 class DwgIdTranslator;
 class DwgObjectReader;
 class DwgObjectWriter;

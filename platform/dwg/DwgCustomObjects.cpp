@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbStub.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgInFiler.h"

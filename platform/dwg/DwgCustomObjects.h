@@ -4,8 +4,11 @@
 #include <memory>
 #include <vector>
 
-#include "platform/db/AcDbEntity.h"
+class AcDbEntity;
+class AcDbObject;
 
+struct AcDbFileClass;
+struct AcDbStub;
 class DwgObjectReader;
 class DwgObjectWriter;
 

@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcCmColor.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/DwgBitReader.h"
 #include "platform/dwg/DwgFields.h"
 
@@ -85,9 +86,7 @@ public:
 
     /// The next reference, as an id of the database; null for none.
     AcDbObjectId reference() { return idOf(handles_.handle().resolved(holder_)); }
-    AcDbObjectId idOf(AcDbHandle handle) {
-        return handle == 0 ? AcDbObjectId::kNull : database_.idOfHandle(handle);
-    }
+    AcDbObjectId idOf(AcDbHandle handle);
     /// A number of items that `from` still has room for, each at least `least` bits.
     static std::size_t count(DwgBitReader& from, unsigned least);
     /// Whether all that was read can be told again as it was.

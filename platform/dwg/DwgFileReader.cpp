@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbStub.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/crc.h"
 #include "platform/dwg/second_header.h"

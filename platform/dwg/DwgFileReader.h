@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptObject.h"
+#include "platform/db/DrawingDamage.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgFileRemains.h"
 #include "platform/dwg/DwgObjectReader.h"

@@ -1,7 +1,9 @@
 // The objects of a drawing file.
 #include <unordered_map>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbStub.h"
 #include "platform/dwg/DwgCustomObjects.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"

@@ -5,7 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbExtents.h"
+#include "platform/db/AcDbObjectId.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/DwgClassTable.h"
 #include "platform/dwg/DwgFileRemains.h"

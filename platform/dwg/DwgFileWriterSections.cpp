@@ -1,6 +1,7 @@
 // The sections of a drawing file that are not its objects.
 #include <algorithm>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/dwg/DwgFieldWriter.h"
 #include "platform/dwg/DwgFileWriter.h"
 #include "platform/dwg/auxiliary_header.h"

@@ -2,6 +2,8 @@
 
 #include <unordered_set>
 
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/codec/entity_fields.h"
 
 namespace {

@@ -7,6 +7,8 @@
 #include "platform/dwg/DwgFieldReader.h"
 #include "platform/dwg/DwgSavePlan.h"
 
+class AcDbEntity;
+
 /// What the objects of one file leave for each other while they are read.
 struct DwgReadState {
     /// A block's entities, to be found by following the links from the first to the last.

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgCustomObjects.h"

@@ -8,6 +8,8 @@
 #include "platform/dwg/DwgFieldWriter.h"
 #include "platform/dwg/DwgSavePlan.h"
 
+class AcDbEntity;
+
 /// The two bit streams of an object.
 struct DwgObjectStreams {
     DwgBitWriter dataStream;

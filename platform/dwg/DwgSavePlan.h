@@ -4,7 +4,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbObjectId.h"
+
+class AcDbBlockTableRecord;
 
 /// Neighbours of an entity within its block, in drawing order; null at the ends.
 struct DwgEntityLinks {

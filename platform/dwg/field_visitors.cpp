@@ -1,6 +1,7 @@
 // The parts of the visitors that need not be inlined into every class's codec.
 #include <algorithm>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/dwg/DwgFieldReader.h"
 #include "platform/dwg/DwgFieldWriter.h"
 
@@ -25,6 +26,10 @@ void DwgFieldReader::softPointerList(AcDbObjectIdArray& ids) {
     for (AcDbObjectId& id : ids) {
         id = reference();
     }
+}
+
+AcDbObjectId DwgFieldReader::idOf(AcDbHandle handle) {
+    return handle == 0 ? AcDbObjectId::kNull : database_.idOfHandle(handle);
 }
 
 std::size_t DwgFieldReader::count(DwgBitReader& from, unsigned least) {

@@ -3,9 +3,12 @@
 #include <algorithm>
 
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/db/BlockWorldDraw.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgObjectReader.h"

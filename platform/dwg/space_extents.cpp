@@ -1,7 +1,10 @@
 #include "platform/dwg/space_extents.h"
 
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/ExtentsMeter.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgCustomObjects.h"
 

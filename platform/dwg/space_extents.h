@@ -1,7 +1,8 @@
 #pragma once
 
-#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbExtents.h"
+
+class AcDbDatabase;
 
 /// The box around what stands in model space, for the header variables by which programs zoom to a
 /// drawing. Entities of classes that modules bring are passed over: `ofModules` is their box. The

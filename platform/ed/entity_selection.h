@@ -2,8 +2,9 @@
 
 #include <functional>
 
-#include "platform/db/AcDbObject.h"
+#include "platform/db/AcDbObjectId.h"
 #include "platform/ed/adesk_results.h"
+#include "platform/rx/Acad.h"
 
 /// Name of an entity for the time of a session, and a point: x, y, z.
 using ads_name = long[2];

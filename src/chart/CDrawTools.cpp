@@ -4,6 +4,7 @@
 
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbHatch.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"

@@ -4,8 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "platform/db/AcDbDatabase.h"
-#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbObjectId.h"
+#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/rx/Acad.h"
+
+class AcDbEntity;
 
 /// One part of a stacked label, placed relative to the label's start point.
 struct TextPiece {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/db/AcDbDatabase.h"
 #include "src/chart/CDrawTools.h"
 
 /// Draws the cumulative curve chart of the current sample (ProjectContext, CurrentBorehole,

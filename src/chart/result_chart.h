@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/db/AcDbDatabase.h"
 #include "src/chart/CDrawTools.h"
 
 /// Draws the grading curve and composition table of the current sample (ProjectContext,

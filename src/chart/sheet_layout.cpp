@@ -1,5 +1,6 @@
 #include "src/chart/sheet_layout.h"
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/ed/adesk_results.h"
 #include "platform/ed/command_line.h"

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "platform/db/AcDbDatabase.h"
 #include "src/chart/CDrawTools.h"
 
 /// Charts on an A4 sheet.

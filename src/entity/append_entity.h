@@ -2,8 +2,10 @@
 
 #include <memory>
 
-#include "platform/db/AcDbDatabase.h"
-#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbObjectId.h"
+#include "platform/rx/Acad.h"
+
+class AcDbEntity;
 
 /// The drawing itself; for null the host's working drawing, which may be null too.
 AcDbDatabase* DrawingOrWorking(AcDbDatabase* drawing);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/db/AcDbDatabase.h"
 #include "platform/ed/user_break.h"
 #include "platform/mfc/CString.h"
 #include "src/chart/sheet_layout.h"

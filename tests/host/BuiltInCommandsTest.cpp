@@ -5,11 +5,14 @@
 
 #include "host/model_space.h"
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbStub.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/ed/system_variables.h"
 #include "tests/host/HostFixture.h"
 

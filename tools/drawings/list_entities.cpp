@@ -24,6 +24,7 @@
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/ge/AcGeCubicSplineCurve3d.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"

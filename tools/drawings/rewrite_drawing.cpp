@@ -14,6 +14,7 @@
 
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbStub.h"
 #include "platform/win32/windows_path.h"
 
 namespace {

@@ -72,7 +72,22 @@ void AddImportCalls(CallTable& calls) {
             ImportLayers(*request, messages);
             return true;
         });
-    for (CLI::App* call : {&samples, &layers}) {
+    CLI::App& hydrometer = calls.Add(
+        import, "hydrometer",
+        Help("hydrometer readings, which become the fine part of their samples, with the columns "
+             "borehole, sample, type (A, B or 152H), dry_mass (g), gs, time_min, reading, "
+             "temperature (°C), and the corrections meniscus, dispersant, depth0 and "
+             "depth_per_unit (cm)",
+             "密度计读数，换算为试样的细粒部分，列为 borehole、sample、type（A、B 或 "
+             "152H）、dry_mass"
+             "（干土质量，g）、gs（土粒比重）、time_min（时间，min）、reading（读数）、temperature"
+             "（温度，°C），以及校正 meniscus、dispersant、depth0、depth_per_unit（cm）"),
+        [&calls, request](MessageStream& messages) {
+            OpenSuite(calls.Suite());
+            ImportHydrometer(*request, messages);
+            return true;
+        });
+    for (CLI::App* call : {&samples, &layers, &hydrometer}) {
         AddTableOptions(*call, request);
         calls.AddSuite(*call);
         calls.AddWait(*call);

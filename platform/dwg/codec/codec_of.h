@@ -4,6 +4,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/db/AcDbEntity.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgIdTranslator.h"
 #include "platform/dwg/DwgObjectReader.h"

@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
 #include "platform/mfc/message_box.h"
 

@@ -8,6 +8,7 @@
 
 #include "host/picture/shape_hits.h"
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/mfc/message_box.h"
 #include "tests/apps/desk/DeskFixture.h"
 

@@ -5,12 +5,14 @@
 #include <cmath>
 
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/HeaderVariables.h"
 #include "tests/host/picture/PictureFixture.h"
 
 namespace {

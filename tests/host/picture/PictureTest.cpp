@@ -4,6 +4,7 @@
 
 #include "host/picture/color_index.h"
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"

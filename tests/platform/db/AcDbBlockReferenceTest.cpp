@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "platform/db/AcDbCircle.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbText.h"
 #include "tests/platform/db/DrawingFixture.h"

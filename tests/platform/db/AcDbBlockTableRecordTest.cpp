@@ -1,3 +1,4 @@
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbBlockTableRecord.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbObject.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbSymbolTable.h"
 
 #include <gtest/gtest.h>

@@ -6,7 +6,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLine.h"
+#include "platform/db/AcDbSymbolTable.h"
+#include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/HeaderVariables.h"
 #include "tests/platform/db/Opened.h"
 #include "tests/platform/db/RecordingWorldDraw.h"
 

@@ -3,7 +3,12 @@
 #include <memory>
 #include <stdexcept>
 
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbLayerTable.h"
+#include "platform/db/HeaderVariables.h"
 
 /// An object of a drawing, open while this lives. Throws when it does not open.
 template <class T = AcDbEntity>

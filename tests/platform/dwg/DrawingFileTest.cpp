@@ -2,12 +2,14 @@
 #include <numbers>
 
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbLayout.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbPolyline.h"
 #include "platform/db/AcDbSpline.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/win32/gbk_literal.h"
 #include "tests/platform/dwg/DwgFixture.h"
 

@@ -7,9 +7,13 @@
 #include <string>
 #include <vector>
 
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbHatch.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbStub.h"
+#include "platform/db/AcDbSymbolTable.h"
 #include "platform/dwg/file_layout.h"
 #include "platform/dwg/object_map.h"
 #include "platform/win32/clock.h"

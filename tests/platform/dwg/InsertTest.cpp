@@ -1,8 +1,13 @@
 // Drawings inserted into others as blocks.
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbKeptEntity.h"
+#include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbText.h"
+#include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/DrawingDamage.h"
 #include "tests/platform/dwg/DwgFixture.h"
 #include "tests/platform/dwg/FindingListener.h"
 #include "tests/platform/dwg/TestCurve.h"

@@ -2,6 +2,7 @@
 #include <functional>
 #include <numbers>
 
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/DwgBitWriter.h"
 #include "platform/dwg/codec/kept_fields.h"

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "platform/db/AcDbLine.h"
+#include "platform/db/DrawingDamage.h"
 #include "tests/platform/dwg/DwgFixture.h"
 
 namespace {

@@ -7,6 +7,7 @@
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbDwgFiler.h"
 #include "platform/db/AcDbEntity.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/gi/AcGiWorldDraw.h"
 
 /// An entity as a module brings it: a class record of its own, fields of every kind, and two fields

@@ -1,3 +1,6 @@
+#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbLayerTable.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "src/chart/CDrawTools.h"
 
 #include <gmock/gmock.h>

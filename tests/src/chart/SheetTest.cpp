@@ -1,3 +1,5 @@
+#include "platform/db/AcDbLayerTable.h"
+#include "platform/db/AcDbTextStyleTable.h"
 #include "platform/win32/clock.h"
 #include "platform/win32/gbk_literal.h"
 #include "src/chart/sheet_layout.h"

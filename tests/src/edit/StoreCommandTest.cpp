@@ -1,3 +1,4 @@
+#include "platform/db/AcDbStub.h"
 #include "src/edit/store_command.h"
 
 #include <gtest/gtest.h>

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbStub.h"
 #include "src/common/module_state.h"
 #include "src/entity/append_entity.h"
 #include "tests/platform/db/Opened.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ap/AcApDocManager.h"
+#include "platform/db/AcDbDatabase.h"
 #include "platform/ed/AcEdCommandStack.h"
 #include "platform/ed/system_variables.h"
 #include "platform/win32/window_message.h"

@@ -1,5 +1,6 @@
 #include "src/frame/documents.h"
 
+#include "platform/db/AcDbDatabase.h"
 #include "tests/src/frame/FrameFixture.h"
 
 namespace {
