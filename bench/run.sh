@@ -3,7 +3,7 @@
 # whole runs of the console program over 10 to 10,000 sheets of samples and over 1,000 of layers with
 # the memory they take, and beside it a bare program that runs the same statements and writes the
 # same bytes, and a Python script that draws the same entities; then the drawing view's redraws and
-# 100 sheets plotted as one file.
+# 100 sheets plotted as one file, and tables imported.
 # Every figure is of this run on this machine; only the ratios carry over to others.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -87,6 +87,19 @@ read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" plot "${sheets[@
     --to pdf -o "$scratch/all.pdf")"
 echo
 awk "BEGIN{printf \"%d sheets as pages of one PDF file: %.1f ms a sheet, start included, peak %s MB\n\", ${#sheets[@]}, $seconds*1000/${#sheets[@]}, \"$memory\"}"
+
+echo
+echo "10,000 samples imported, 100,000 sieve items    seconds   peak MB"
+bench/make_samples.py 10000 >"$scratch/tests.csv"
+bench/make_tables.py "$scratch/tests.csv" "$scratch/tests.xlsx"
+for table in tests.csv tests.xlsx; do
+    "$build/bin/grdx" new "$scratch/$table.suite" >/dev/null
+    for round in "as new" "as they are"; do
+        read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" import samples \
+            "$scratch/$table" -s "$scratch/$table.suite")"
+        printf '%-10s  %-32s %9.2f %9s\n' "$table" "$round" "$seconds" "$memory"
+    done
+done
 
 echo
 "$build/bin/bench_desk" "$scratch/suite100" "${sheets[@]}" 2>/dev/null

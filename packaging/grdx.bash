@@ -5,7 +5,7 @@ _grdx() {
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
         case $word in
             -*) break ;;
-            new | import | list | draw | info | plot | script | project | samples | layers) calls+=("$word") ;;
+            new | import | list | draw | info | plot | script | project | samples | layers | hydrometer) calls+=("$word") ;;
         esac
     done
     help=$(LC_ALL=C "${COMP_WORDS[0]}" "${calls[@]}" --help 2>/dev/null) || return
