@@ -47,6 +47,7 @@ bool IsOfDocument(const AcDbDatabase* database) {
 ConsoleSession::ConsoleSession(MessageStream& messages) : messages_(messages), charts_(messages) {
     mfc::SetWindowSystem(&windows_);
     windows_.SetBoxSink([this](const mfc::MessageBoxRequest& box) { OnBox(box); });
+    windows_.SetShowSink([this](const std::string& text) { messages_.PrintLine(text); });
     windows_.SetEndListener(
         [this](mfc::FrameModel& window, bool givenUp) { OnDialogEnd(window, givenUp); });
     ed::SetCommandLineSink([this](const std::string& text) { OnCommandLine(text); });

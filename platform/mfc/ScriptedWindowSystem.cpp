@@ -1,6 +1,7 @@
 #include "platform/mfc/ScriptedWindowSystem.h"
 
 #include "platform/mfc/apply_answer.h"
+#include "platform/mfc/window_text.h"
 
 namespace mfc {
 namespace {
@@ -29,10 +30,7 @@ void ScriptedWindowSystem::RunModal(FrameModel& window) {
     Answer answer{};
     ++dialogs_;
     while (!window.Ended() && NextAnswer(window, rounds, answer)) {
-        std::string reason;
-        if (!ApplyAnswer(window, answer, reason)) {
-            Fail(DescribeAnswer(answer) + ": " + reason);
-        }
+        Give(window, answer);
     }
     const bool givenUp = !window.Ended();
     if (givenUp) {
@@ -42,6 +40,17 @@ void ScriptedWindowSystem::RunModal(FrameModel& window) {
     shown_[index].answer = window.Result();
     if (endListener_) {
         endListener_(window, givenUp);
+    }
+}
+
+void ScriptedWindowSystem::Give(FrameModel& window, const Answer& answer) {
+    std::string reason;
+    if (answer.kind == Answer::Kind::Show) {
+        if (showSink_) {
+            showSink_(WindowText(window));
+        }
+    } else if (!ApplyAnswer(window, answer, reason)) {
+        Fail(DescribeAnswer(answer) + ": " + reason);
     }
 }
 

@@ -44,12 +44,15 @@ public:
     using EndListener = std::function<void(FrameModel& window, bool givenUp)>;
     /// Takes every box as it is shown.
     using BoxSink = std::function<void(const MessageBoxRequest& request)>;
+    /// Takes what a window shows, when an answer is to look at it: lines of UTF-8 (WindowText).
+    using ShowSink = std::function<void(const std::string& text)>;
 
     void AddAnswer(Answer answer) { answers_.push_back(std::move(answer)); }
     void SetAnswerSource(AnswerSource source) { source_ = std::move(source); }
     void SetAnswerFeed(AnswerFeed feed) { feed_ = std::move(feed); }
     void SetEndListener(EndListener listener) { endListener_ = std::move(listener); }
     void SetBoxSink(BoxSink sink) { sink_ = std::move(sink); }
+    void SetShowSink(ShowSink sink) { showSink_ = std::move(sink); }
 
     /// In order of showing; a window counts when it is shown, its answer is filled in at its end.
     const std::vector<ShownWindow>& Shown() const { return shown_; }
@@ -73,6 +76,7 @@ public:
     int ShowMessageBox(const MessageBoxRequest& request) override;
 
 private:
+    void Give(FrameModel& window, const Answer& answer);
     bool NextAnswer(FrameModel& window, int& rounds, Answer& answer);
     void FetchAnswer();
     void Cancel(FrameModel& window);
@@ -82,6 +86,7 @@ private:
     AnswerFeed feed_;
     EndListener endListener_;
     BoxSink sink_;
+    ShowSink showSink_;
     std::vector<ShownWindow> shown_;
     std::string error_;
     int dialogs_ = 0;          ///< open

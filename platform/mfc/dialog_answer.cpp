@@ -22,6 +22,7 @@ constexpr KindWord kKinds[] = {
     {"@check", Answer::Kind::Check, "@check ID on|off"},
     {"@press", Answer::Kind::Press, "@press ID|ok|cancel"},
     {"@answer", Answer::Kind::Box, "@answer yes|no|ok|cancel"},
+    {"@show", Answer::Kind::Show, "@show"},
 };
 
 struct ButtonWord {
@@ -115,6 +116,8 @@ private:
                 return words_.size() == 2 &&
                        (Take(answer.id, ParseButton(kPressWords, words_[1])) ||
                         Take(answer.id, ParseNumber(words_[1])));
+            case Answer::Kind::Show:
+                return words_.size() == 1;
             default:
                 return words_.size() == 2 && Take(answer.id, ParseButton(kBoxWords, words_[1]));
         }
@@ -185,7 +188,7 @@ bool ParseAnswer(std::string_view line, Answer& answer, std::string& error) {
         answer = std::move(read);
         return true;
     }
-    error = "an answer is one of @page, @select, @type, @check, @press and @answer";
+    error = "an answer is one of @page, @select, @type, @check, @press, @answer and @show";
     return false;
 }
 
@@ -195,6 +198,9 @@ std::string DescribeAnswer(const Answer& answer) {
         if (known.kind == answer.kind) {
             line = known.word;
         }
+    }
+    if (answer.kind == Answer::Kind::Show) {
+        return line;
     }
     line += ' ';
     line += answer.kind == Answer::Kind::Press ? ButtonName(kPressWords, answer.id)

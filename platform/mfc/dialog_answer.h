@@ -14,7 +14,8 @@ struct Answer {
         Type,    ///< write texts[0] into edit field `id`, or a date YYYY-MM-DD into a date picker
         Check,   ///< turn check box `id` on or off
         Press,   ///< press button `id`; IDOK and IDCANCEL also without such a button
-        Box      ///< answer a message box with button `id`
+        Box,     ///< answer a message box with button `id`
+        Show     ///< look at the window, and do nothing
     };
 
     Kind kind;
@@ -24,8 +25,9 @@ struct Answer {
 };
 
 /// Reads an answer line (UTF-8): `@page NUMBER`, `@select ID TEXT…`, `@type ID TEXT`,
-/// `@check ID on|off`, `@press ID|ok|cancel`, `@answer yes|no|ok|cancel`. A text with blanks stands
-/// in double quotes, within which "" is a quote. False, with what is wrong in `error` (UTF-8).
+/// `@check ID on|off`, `@press ID|ok|cancel`, `@answer yes|no|ok|cancel`, `@show`. A text with
+/// blanks stands in double quotes, within which "" is a quote. False, with what is wrong in `error`
+/// (UTF-8).
 bool ParseAnswer(std::string_view line, Answer& answer, std::string& error);
 
 /// The answer as such a line (UTF-8).

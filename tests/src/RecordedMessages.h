@@ -30,6 +30,13 @@ public:
         return texts;
     }
     const std::string& CommandLine() const { return commandLine_; }
+    /// The same, and forgets them.
+    std::vector<std::string> TakeBoxes() {
+        std::vector<std::string> texts = Boxes();
+        windows_.Reset();
+        return texts;
+    }
+    std::string TakeCommandLine() { return std::exchange(commandLine_, {}); }
 
 private:
     mfc::ScriptedWindowSystem windows_;

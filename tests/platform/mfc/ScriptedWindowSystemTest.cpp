@@ -257,8 +257,9 @@ TEST(DialogAnswer, BadLinesAreRefusedByReason) {
         const char* line;
         const char* error;
     } rows[] = {
-        {"", "an answer is one of @page, @select, @type, @check, @press and @answer"},
-        {"@selects 1 a", "an answer is one of @page, @select, @type, @check, @press and @answer"},
+        {"", "an answer is one of @page, @select, @type, @check, @press, @answer and @show"},
+        {"@selects 1 a",
+         "an answer is one of @page, @select, @type, @check, @press, @answer and @show"},
         {"@select 2001", "@select ID TEXT... (a text with blanks stands in double quotes)"},
         {"@select ZK1 a", "@select ID TEXT... (a text with blanks stands in double quotes)"},
         {"@type 2013 a b", "@type ID TEXT (a text with blanks stands in double quotes)"},

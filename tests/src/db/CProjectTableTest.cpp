@@ -6,11 +6,11 @@
 #include "platform/win32/gbk_literal.h"
 #include "src/db/project_tables.h"
 #include "src/db/table_filters.h"
-#include "tests/src/db/ProjectFixture.h"
+#include "tests/src/db/DatabaseFixture.h"
 
 namespace {
 
-using ProjectTable = ProjectFixture;
+using ProjectTable = DatabaseFixture;
 
 /// Opens the table and reads its first row.
 template <class Table>

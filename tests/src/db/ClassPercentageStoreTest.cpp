@@ -3,11 +3,11 @@
 #include <gtest/gtest.h>
 
 #include "src/core/percentages.h"
-#include "tests/src/db/ProjectFixture.h"
+#include "tests/src/db/DatabaseFixture.h"
 
 namespace {
 
-class ClassPercentageStore : public ProjectFixture {
+class ClassPercentageStore : public DatabaseFixture {
 protected:
     static int Store(const std::vector<double>& sizes, const std::vector<double>& masses,
                      double total) {

@@ -3,13 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "src/common/module_state.h"
-#include "tests/src/db/ProjectFixture.h"
+#include "tests/src/db/DatabaseFixture.h"
 
 namespace {
 
 constexpr double kMissing = -1.0;
 
-class CurveStore : public ProjectFixture {
+class CurveStore : public DatabaseFixture {
 protected:
     CurveStore() { curve_.diameters = {1.9, 1.1, 0.3, 0.2, 0.08, 0.04, 0.02, 1.4}; }
     int Store(int chartMode) {

@@ -3,13 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/src/db/ProjectFixture.h"
+#include "tests/src/db/DatabaseFixture.h"
 
 namespace {
 
 using testing::DoubleEq;
 using testing::Pointwise;
-using LayerLoader = ProjectFixture;
+using LayerLoader = DatabaseFixture;
 
 TEST_F(LayerLoader, ClassesAreReadScaledAndTheFinestLeftOut) {
     struct Case {

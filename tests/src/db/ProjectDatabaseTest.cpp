@@ -5,11 +5,11 @@
 #include "platform/oledb/last_error.h"
 #include "src/db/project_tables.h"
 #include "src/db/table_filters.h"
-#include "tests/src/db/ProjectFixture.h"
+#include "tests/src/db/DatabaseFixture.h"
 
 namespace {
 
-using ProjectDatabase = ProjectFixture;
+using ProjectDatabase = DatabaseFixture;
 
 bool OpenTable() {
     CGongChengTable table;

@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/win32/gbk_literal.h"
-#include "tests/src/db/ProjectFixture.h"
+#include "tests/src/db/DatabaseFixture.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using SampleLoader = ProjectFixture;
+using SampleLoader = DatabaseFixture;
 
 TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
     struct Case {

@@ -2,7 +2,7 @@
 # $2 the case's own.
 set -o pipefail
 export HOME=$2 GRDX_SUITE=$2/suite XDG_CONFIG_HOME=$2/configuration LC_ALL=C.UTF-8
-program=$0 samples=$1 base=$2
+program=$0 data=$1 base=$2
 sheets=$2/suite/output/2026-017/室内曲线
 
 # Tells of a status other than 0 on standard error.
@@ -15,11 +15,30 @@ grdx() {
 # A suite folder with the sample project, 2026-017, of that standard code.
 project() {
     grdx new suite --number 2026-017 --name 滨江新城一期 --code "${1-0}" > /dev/null &&
-        grdx import samples "$samples/samples.csv" > /dev/null &&
-        grdx import layers "$samples/layers.csv" > /dev/null
+        grdx import samples "$data/samples.csv" > /dev/null &&
+        grdx import layers "$data/layers.csv" > /dev/null
 }
 # A table of these sieve items.
 sieves() { printf '%s\n' borehole,sample,depth,thickness,method,total,size,mass "$@"; }
+# A suite folder with an empty project of the same number.
+empty() { grdx new suite --number 2026-017 --name 桥 > /dev/null; }
+# Samples of a borehole, all of the same grading, by that method: samples METHOD BOREHOLE SAMPLE...
+samples() {
+    { sieves
+      for sample in "${@:3}"; do
+          for size in 2 0.5 0.25 0.075 0; do echo "$2,$sample,1.5,0.3,$1,50,$size,10"; done
+      done; } | grdx import samples - > /dev/null
+}
+# Layers of the same grading: layers MAIN,SUB...
+layers() {
+    { echo main,sub,size,percent
+      for layer; do
+          for part in 20,20 2,30 0.5,40 0,10; do echo "$layer,$part"; done
+      done; } | grdx import layers - > /dev/null
+}
+# Runs a script of these lines.
+type() { printf '%s\n' "$@" | grdx script -; }
+marks() { utf8 suite/marks.ini; }
 # Keeps the suite folder as it is, and puts it back.
 keep() { rm -rf kept && cp -a suite kept; }
 back() { rm -rf suite && cp -a kept suite; }

@@ -4,25 +4,15 @@
 
 #include <string>
 
-#include "platform/ed/command_line.h"
-#include "platform/mfc/ScriptedWindowSystem.h"
-#include "platform/win32/code_page.h"
 #include "src/core/GrainSizeRecord.h"
 #include "tests/src/ProjectFolder.h"
+#include "tests/src/RecordedMessages.h"
 
 /// An empty project database, the key of a sample and a layer of project 12, and what the user is
 /// told.
-class ProjectFixture : public testing::Test {
+class DatabaseFixture : public testing::Test {
 protected:
-    ProjectFixture() {
-        mfc::SetWindowSystem(&windows_);
-        ed::SetCommandLineSink([this](const std::string& text) { printed_ += text; });
-        Run("ALTER TABLE x_SheJi ADD COLUMN note");
-    }
-    ~ProjectFixture() override {
-        ed::SetCommandLineSink(nullptr);
-        mfc::SetWindowSystem(nullptr);
-    }
+    DatabaseFixture() { Run("ALTER TABLE x_SheJi ADD COLUMN note"); }
 
     static GrainSizeRecord Record() {
         GrainSizeRecord record;
@@ -42,18 +32,12 @@ protected:
     }
     /// The one box shown since the last call, or the empty text for none; UTF-8.
     std::string Box() {
-        EXPECT_LE(windows_.Shown().size(), 1U);
-        std::string text;
-        if (!windows_.Shown().empty()) {
-            EXPECT_EQ(windows_.Shown().back().type, MB_OK);
-            text = win32::Utf8FromGbk(windows_.Shown().back().text);
-        }
-        windows_.Reset();
-        return text;
+        const std::vector<std::string> boxes = messages_.TakeBoxes();
+        EXPECT_LE(boxes.size(), 1U);
+        return boxes.empty() ? "" : boxes.front();
     }
-    std::string Printed() { return win32::Utf8FromGbk(std::exchange(printed_, "")); }
+    std::string Printed() { return messages_.TakeCommandLine(); }
 
     ProjectFolder project_;
-    mfc::ScriptedWindowSystem windows_;
-    std::string printed_;
+    RecordedMessages messages_;
 };
