@@ -141,6 +141,9 @@ TEST_F(LineTypesTest, CornersHaveDashesOnBothSidesAndCurvesRunOn) {
     const Shape dot = shapes()[1];
     EXPECT_EQ(list_.points(dot).front(), list_.points(dot).back());
 
+    Opened(list_.items()[0].entity)->setLinetype(addLinetype("DOT", {0, -3}));
+    EXPECT_THAT(shapes(), SizeIs(10)) << "the first dot is the last as well";
+
     Opened(list_.items()[0].entity)->erase();
     const AcGePoint3dArray fit{{0, 0, 0}, {20, 10, 0}, {40, 0, 0}};
     appendWith(dashed_, std::make_unique<AcDbSpline>(fit, 4, 0.0));

@@ -159,7 +159,7 @@ TEST_F(PictureTest, BlocksThatMultiplyBeyondReasonAreShownInPartAndSaySo) {
 }
 
 TEST_F(PictureTest, MappedCharactersAdvanceByHeightTimesWidthFactorOrFourFifthsOfIt) {
-    addText("1中%%d%%u2%%u"_gbk, 4.0, 0.7);
+    addText("%%o1%%o中%%d%%u2%%u"_gbk, 4.0, 0.7);
     const auto placed = characters();
     ASSERT_EQ(placed.size(), 4U);
     const std::u32string expected = U"1中\u00B02";
@@ -169,7 +169,9 @@ TEST_F(PictureTest, MappedCharactersAdvanceByHeightTimesWidthFactorOrFourFifthsO
         EXPECT_NEAR(placed[i].second.x, 10.0 + 2.8 * cells[i], 1e-12);
         EXPECT_NEAR(placed[i].second.y, 20.0, 1e-12);
     }
-    const Shape line = shapes().back();
+    const std::vector<Shape> drawn = shapes();
+    EXPECT_NEAR(drawn.back().box.top, 20.0 + 4.0 * 1.2, 1e-12) << "above the first";
+    const Shape line = drawn[drawn.size() - 2];
     ASSERT_EQ(line.kind, ShapeKind::kPolyline);
     EXPECT_NEAR(line.box.left, 10.0 + 2.8 * 2.6, 1e-12);
     EXPECT_NEAR(line.box.right, 10.0 + 2.8 * 3.4, 1e-12);

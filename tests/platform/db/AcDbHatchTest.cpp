@@ -89,7 +89,11 @@ TEST_F(AcDbHatchTest, MovesWithItsLoops) {
     ASSERT_EQ(hatch->getGeomExtents(box), Acad::eOk);
     EXPECT_TRUE(box.minPoint().isEqualTo({-23, 37, 0}, 1e-9));
     EXPECT_TRUE(box.maxPoint().isEqualTo({-17, 43, 0}, 1e-9));
-    EXPECT_FALSE(std::get<AcDbHatch::CircularArcEdge>(hatch->loopAt(0).edges[0]).counterClockwise);
+    const auto& arc = std::get<AcDbHatch::CircularArcEdge>(hatch->loopAt(0).edges[0]);
+    EXPECT_FALSE(arc.counterClockwise);
+    const double start = arc.startAngle;
+    EXPECT_EQ(hatch->transformBy(AcGeMatrix3d::rotation(1.0, AcGeVector3d::kZAxis)), Acad::eOk);
+    EXPECT_NEAR(arc.startAngle, start - 1.0, 1e-12) << "a clockwise arc counts clockwise";
 }
 
 double areaOf(const db::Outline& outline) {

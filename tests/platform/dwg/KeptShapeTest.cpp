@@ -229,7 +229,7 @@ TEST_F(KeptShapeTest, UnknownClassesAreDrawnByTheirProxyGraphicsAndStayWhereThey
 
 TEST(MultilineText, CodesAreTakenOutAndLongLinesBroken) {
     using dwg::PlainLines;
-    EXPECT_THAT(PlainLines(R"(a\Pb{\H2.5x;c}\~d\\\{)", 0), ElementsAre("a", R"(bc d\{)"));
+    EXPECT_THAT(PlainLines(R"(a\Pb{\H2.5x;c}\X1;\~d\\\{)", 0), ElementsAre("a", R"(bc d\{)"));
     EXPECT_THAT(PlainLines(R"(\A1;{\S1^2;}\U+9897 \LX\l)", 0),
                 ElementsAre(std::string("1/2") + "颗"_gbk + " X"));
     EXPECT_THAT(PlainLines("one two three", 5), ElementsAre("one two ", "three"));

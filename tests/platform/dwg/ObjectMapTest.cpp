@@ -46,6 +46,11 @@ TEST(ObjectMap, ReadsBackWhatItWrites) {
     }
     const std::string map = mapOf(entries);
     EXPECT_GT(map.size(), 2U * 2032) << "several pages";
+    for (std::size_t at = 0, size = 0; at < map.size(); at += size + 2) {
+        size = static_cast<std::size_t>(static_cast<std::uint8_t>(map[at])) << 8 |
+               static_cast<std::uint8_t>(map[at + 1]);
+        EXPECT_LE(size, 2032U);
+    }
     const std::vector<MapEntry> read = dwg::ReadObjectMap(map);
     ASSERT_EQ(read.size(), entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i) {

@@ -72,10 +72,12 @@ TEST_F(FileSearchTest, OnlyShapeFontsAreFoundThroughTheMapping) {
 }
 
 TEST_F(FileSearchTest, APathThatDoesNotFitTheBufferIsNotFound) {
-    const std::string deep =
-        std::string(200, 'a') + "/" + std::string(200, 'b') + "/" + std::string(120, 'c');
-    folder_.MakeFolder(deep);
-    Write(deep + "/x.dwg");
-    ed::SetSearchFolders({Windows(deep)});
-    EXPECT_EQ(Find("x.dwg"), "");
+    for (const std::size_t length : {511U, 512U}) {  // a terminator follows
+        std::string deep = std::string(200, 'a') + "/" + std::string(200, 'b') + "/";
+        deep += std::string(length - (Windows(deep) + "\\x.dwg").size(), 'c');
+        folder_.MakeFolder(deep);
+        Write(deep + "/x.dwg");
+        ed::SetSearchFolders({Windows(deep)});
+        EXPECT_EQ(Find("x.dwg"), length < 512 ? Windows(deep) + "\\x.dwg" : "") << length;
+    }
 }

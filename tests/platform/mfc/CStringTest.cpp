@@ -27,6 +27,10 @@ TEST(CString, SearchesAndTrimsByWholeCharacters) {
     EXPECT_STREQ(names, "KFZK3-1和ZK3-2亊和"_gbk);
     EXPECT_EQ(names.Replace("", "x"), 0);
 
+    names = nullptr;
+    names += nullptr;
+    EXPECT_TRUE(names.IsEmpty());
+
     CString padded = " \t 名 称 \r\n"_gbk;
     padded.TrimLeft();
     padded.TrimRight();

@@ -79,6 +79,7 @@ TEST(GbkText, CaseIsFoldedByWholeCharacters) {
     EXPECT_TRUE(win32::EqualNoCase("ZK1a", "zk1A"));
     EXPECT_TRUE(win32::EqualNoCase("ＺＫ"_gbk, "ｚｋ"_gbk));
     EXPECT_TRUE(win32::EqualNoCase("ΩЯⅢ"_gbk, "ωяⅲ"_gbk));
+    EXPECT_EQ(win32::FoldCase("Ⅺ"_gbk), "Ⅺ"_gbk) << "there is no small one";
     EXPECT_FALSE(win32::EqualNoCase("\x81\x41", "\x81\x61")) << "second bytes A and a";
     EXPECT_LT(win32::CompareNoCase("b", "C"), 0);
     EXPECT_GT(win32::CompareNoCase("\x81\x41", "zz"), 0) << "double-byte after single-byte";

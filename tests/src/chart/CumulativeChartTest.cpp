@@ -35,7 +35,9 @@ TEST_F(CumulativeChart, FirstCellOfASheet) {
 
 TEST_F(CumulativeChart, ResultsAreStored) {
     project_.AddSample("5", 300, StraightItems());
+    project_.Sql("INSERT INTO z_c_QuYang VALUES(1, 'ZK3', '5', 1.2, 0)");
     ASSERT_EQ(DrawCumulativeChart(tools_, &sheet_), 1);
+    EXPECT_THAT(Drawn("text 175.2"), ElementsAre("text 175.2,280.4 h3.2 :")) << "no thickness";
     EXPECT_THAT(project_.Sql("SELECT round(KLD95,3), round(KLD85,3), round(KLD60,3),"
                              "round(KLD50,3), round(KLD30,3), round(KLD15,3), round(KLD10,3),"
                              "round(KLD90,3), round(KLBJXS,3), round(KLQLXS,3), round(KL2,3),"

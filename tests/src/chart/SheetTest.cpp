@@ -63,10 +63,11 @@ TEST_F(Sheet, ResultSheetFrameHeaderAndFooter) {
     EXPECT_THAT(Drawn(), Contains("text 117.5,257.75 h4 试验方法"));
 }
 
-TEST_F(Sheet, ResultSheetWithoutNames) {
+TEST_F(Sheet, ResultSheetWithTheCheckersNameOnly) {
     OuterFrameOption = true;
+    Annotation.checkerChecked = true;
     DrawResultSheet(tools_, &sheet_);
-    ExpectDrawn("result_sheet_without_names");
+    ExpectDrawn("result_sheet_one_name");
 }
 
 TEST_F(Sheet, CumulativeSheetTitleBlock) {

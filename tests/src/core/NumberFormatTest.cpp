@@ -54,7 +54,7 @@ TEST(NumberFormat, ResultValuesLoseDecimalsAsTheyGrow) {
         {9.999, kCoefficientValue, "9.999"}, {9.9994, kCoefficientValue, "10.00"},
         {15.0, kCoefficientValue, "15.00"},  {123.45, kCoefficientValue, "123.5"},
         {999.9, kCoefficientValue, "999.9"}, {1000.4, kCoefficientValue, "1000"},
-        {-0.0001, kCoefficientValue, ""},
+        {99.95, kCoefficientValue, "99.95"}, {-0.0001, kCoefficientValue, ""},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(FormatResultValue(c.value, c.mode), c.text) << c.value;

@@ -51,6 +51,7 @@ TEST_F(LayerLoader, ClassesAreReadScaledAndTheFinestLeftOut) {
          false,
          {20},
          {0.3}},
+        {"a finest class of 0 is left out", {{1105, "30"}, {1118, "0"}}, false, {20}, {0.3}},
         {"a null finest class removes nothing", {{1105, "30"}, {1118, nullptr}}, true, {20}, {1}},
         {"only the finest class", {{1118, "100"}}, true, {}, {}},
     };
