@@ -6,9 +6,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "apps/desk/ClickTarget.h"
 #include "host/picture/shape_hits.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/AcDbObject.h"
+#include "platform/db/AcDbStub.h"
 #include "platform/mfc/message_box.h"
 #include "tests/apps/desk/DeskFixture.h"
 
@@ -185,6 +188,9 @@ TEST_F(Editing, SgrdxTakesTheSelectedCurveAndAsksAgainAfterAClickOnNothing) {
 TEST_F(Editing, WindowsSelectWithinAndAcross) {
     QTest::keyClick(&View(), Qt::Key_Escape);
     const picture::Box sheet = View().Picture().box();
+    for (const Point corner : {Point{sheet.left, sheet.bottom}, Point{sheet.right, sheet.top}}) {
+        EXPECT_TRUE(View().rect().contains(View().ToPixel(corner).toPoint())) << "all is seen";
+    }
     const Point outside{sheet.left - 5.0, sheet.bottom - 5.0};
     const Point inside{sheet.right + 5.0, (sheet.bottom + sheet.top) / 2.0};
     Press(outside);
@@ -226,6 +232,24 @@ TEST_F(Editing, ACommandOnTheSelectionEndsWithItsDrawing) {
     person_.Finish();
     EXPECT_EQ(acDocManager->documentCount(), 0);
     EXPECT_TRUE(View().Selection().empty());
+}
+
+TEST(ClickTarget, ClicksAtAnotherPlaceStartAnew) {
+    AcDbStub stubs[2];
+    picture::DisplayList list;
+    for (const int i : {0, 1}) {
+        list.beginItem(AcDbObjectId(&stubs[i]));
+        const Point ends[] = {{0, 0.1 * i}, {10, 0.1 * i}};
+        list.addPolyline(ends, 7, 0.0F);
+        list.endItem();
+    }
+    desk::ClickTarget target;
+    target.Look(list, {5, 0}, 1.0);
+    EXPECT_EQ(target.Take(), AcDbObjectId(&stubs[0]));
+    target.Look(list, {5.4, 0}, 1.0);
+    EXPECT_EQ(target.Offered(), AcDbObjectId(&stubs[1])) << "a hand is unsteady";
+    target.Look(list, {7, 0}, 1.0);
+    EXPECT_EQ(target.Offered(), AcDbObjectId(&stubs[0]));
 }
 
 }  // namespace

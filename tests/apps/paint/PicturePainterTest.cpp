@@ -126,6 +126,11 @@ TEST(PicturePainter, DotsAreSeenAndPaperLacksWhatIsNotPrinted) {
     const Point guide[] = {{10, 30}, {90, 30}};
     list.addPolyline(guide, 1, 1.0F);
     list.endItem();
+    const Point far[] = {{10, 30}, {90, 3000}};
+    list.beginItem(kSecond);
+    list.addPolyline(far, 1, 1.0F);
+    list.endItem();
+    EXPECT_DOUBLE_EQ(paint::PageOf(list).height, 297.0) << "nor does it make the page larger";
     paint::Look look;
     for (const bool paper : {false, true}) {
         look.onPaper = paper;

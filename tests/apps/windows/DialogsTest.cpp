@@ -230,6 +230,9 @@ TEST_F(Dialogs, RangesAllAndDoubleClicksChooseWhatIsHighlighted) {
             return Chosen(samples);
         };
         EXPECT_EQ(click(1), ".x.....");
+        QTest::mouseClick(samples.viewport(), Qt::RightButton, {},
+                          samples.visualRect(samples.model()->index(2, 0)).center());
+        EXPECT_EQ(Chosen(samples), ".x.....");
         EXPECT_EQ(click(4, Qt::ShiftModifier), ".xxxx..");
         EXPECT_EQ(press(Qt::Key_Up, Qt::ShiftModifier), ".xxx...") << "drawn again from the click";
         EXPECT_EQ(click(0, Qt::ShiftModifier), "xx.....");
