@@ -1,5 +1,6 @@
 #include "src/ui/CKefenSheet.h"
 
+#include "platform/mfc/ListBoxModel.h"
 #include "src/facts/control_ids.h"
 #include "tests/src/ui/ProjectFixture.h"
 

@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "platform/ed/command_line.h"
-#include "platform/mfc/ListBoxModel.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "platform/mfc/resources.h"
 #include "platform/suite/orvik8.h"
@@ -66,29 +65,13 @@ public:
     void Then(const std::vector<mfc::Answer>& answers) {
         Then([answers](mfc::FrameModel&) { return answers; });
     }
-    static mfc::Answer Page(int number) { return {mfc::Answer::Kind::Page, number}; }
     static mfc::Answer Press(int id) { return {mfc::Answer::Kind::Press, id}; }
-    static mfc::Answer Check(int id, bool on) { return {mfc::Answer::Kind::Check, id, {}, on}; }
     static mfc::Answer Box(int button) { return {mfc::Answer::Kind::Box, button}; }
-    static mfc::Answer Type(int id, const std::string& text) {
-        return {mfc::Answer::Kind::Type, id, {Gbk(text)}};
-    }
     static mfc::Answer Select(int id, std::vector<std::string> texts) {
         std::transform(texts.begin(), texts.end(), texts.begin(), Gbk);
         return {mfc::Answer::Kind::Select, id, texts};
     }
 
-    /// Items of a list on the page in front of a sheet, or in a dialog.
-    static std::vector<std::string> Items(mfc::FrameModel& window, int id) {
-        auto* const dialog = window.Kind() == mfc::WindowKind::Sheet
-                                 ? static_cast<mfc::SheetModel&>(window).ActiveDialog()
-                                 : static_cast<mfc::DialogModel*>(&window);
-        std::vector<std::string> texts;
-        for (const auto& item : static_cast<mfc::ListBoxModel*>(dialog->Find(id))->Items()) {
-            texts.push_back(Utf8(item.text));
-        }
-        return texts;
-    }
     /// Texts of the boxes shown since the last call, in order.
     std::vector<std::string> Boxes() { return std::exchange(boxes_, {}); }
     /// What was printed on the command line since the last call.

@@ -1,6 +1,7 @@
 #include "src/ui/mark_operations.h"
 
 #include "platform/mfc/CListBox.h"
+#include "platform/mfc/ListBoxModel.h"
 #include "platform/mfc/window_styles.h"
 #include "src/ui/CProfileLock.h"
 #include "tests/src/ui/ProjectFixture.h"

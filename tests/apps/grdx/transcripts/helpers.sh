@@ -2,7 +2,7 @@
 # $2 the case's own.
 set -o pipefail
 export HOME=$2 GRDX_SUITE=$2/suite XDG_CONFIG_HOME=$2/configuration LC_ALL=C.UTF-8
-program=$0 data=$1 base=$2
+program=$0 samples=$1 base=$2
 sheets=$2/suite/output/2026-017/室内曲线
 
 # Tells of a status other than 0 on standard error.
@@ -15,8 +15,8 @@ grdx() {
 # A suite folder with the sample project, 2026-017, of that standard code.
 project() {
     grdx new suite --number 2026-017 --name 滨江新城一期 --code "${1-0}" > /dev/null &&
-        grdx import samples "$data/samples.csv" > /dev/null &&
-        grdx import layers "$data/layers.csv" > /dev/null
+        grdx import samples "$samples/samples.csv" > /dev/null &&
+        grdx import layers "$samples/layers.csv" > /dev/null
 }
 # A table of these sieve items.
 sieves() { printf '%s\n' borehole,sample,depth,thickness,method,total,size,mass "$@"; }
