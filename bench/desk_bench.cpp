@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     desk::SetUpApplication();
-    desk::Session session;
+    desk::DeskSession session;
     std::string error;
     if (argc < 3 || !session.Start(argv[1], error)) {
         std::fprintf(stderr, "usage: bench_desk SUITE SHEET.dwg... %s\n", error.c_str());

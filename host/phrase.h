@@ -5,10 +5,11 @@
 #include <string_view>
 
 #include "host/phrases.h"
+#include "platform/win32/Language.h"
 
 namespace host {
 
-enum class Language { kEnglish, kChinese };
+using win32::Language;
 /// The language in which the programs speak; English until set. The console program leaves it so in
 /// every locale, as scripts may read what it says.
 void SetLanguage(Language language);

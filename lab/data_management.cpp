@@ -1,5 +1,7 @@
 #include "lab/data_management.h"
 
+#include <utility>
+
 #include "lab/Failure.h"
 #include "lab/Project.h"
 #include "platform/ed/AcEdCommandStack.h"
@@ -11,10 +13,11 @@
 namespace lab {
 
 namespace {
-Language spoken = Language::kEnglish;
+win32::Language spoken = win32::Language::kEnglish;
+std::function<void(const std::string& fault)> failureListener;
 
 std::string Text(const char* english, const char* chinese) {
-    return spoken == Language::kChinese ? chinese : english;
+    return spoken == win32::Language::kChinese ? chinese : english;
 }
 
 std::string Standing(bool checked) {
@@ -71,12 +74,15 @@ void GoDBManage() {
         AskForCheck(ReadProject());
     } catch (const Failure& failure) {
         Say(failure.what());
+        failureListener(failure.what());
     }
 }
 }  // namespace
 
-void AddDataManagement(Language language) {
+void AddDataManagement(win32::Language language,
+                       std::function<void(const std::string& fault)> onFailure) {
     spoken = language;
+    failureListener = std::move(onFailure);
     acedRegCmds->addCommand("LAB", "GODBMANAGE", "GoDBManage", ACRX_CMD_MODAL, GoDBManage);
 }
 

@@ -10,6 +10,7 @@
 #include <QStatusBar>
 #include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <memory>
 
 #include "apps/desk/CommandLine.h"
@@ -29,7 +30,6 @@ namespace desk {
 
 namespace {
 constexpr std::size_t kProfilePathSize = 256;
-constexpr DWORD kProfileTextSize = 1024;
 constexpr const char* kGeometry = "windowGeometry";
 constexpr const char* kLightBackground = "lightBackground";
 constexpr double kFirstShareOfScreen = 0.8;
@@ -53,9 +53,7 @@ QString ProjectTitle() {
     char profile[kProfilePathSize] = "";
     GetProjectProfilePath(profile);
     const auto read = [&](const char* key) {
-        char value[kProfileTextSize] = "";
-        GetPrivateProfileString("Project", key, "", value, sizeof value, profile);
-        return windows::FromGbk(value);
+        return windows::FromGbk(win32::TextInProfile(profile, "Project", key));
     };
     return *profile == '\0' ? windows::InterfaceText("no suite folder", "未打开工程目录")
                             : (read("GCBH") + QLatin1Char(' ') + read("GCMC")).trimmed();
@@ -73,7 +71,7 @@ QString TitleOf(const AcApDocument& document) {
 }
 }  // namespace
 
-MainWindow::MainWindow(Session& session)
+MainWindow::MainWindow(DeskSession& session)
     : session_(session),
       tabs_(new QTabBar(this)),
       view_(new DrawingView(this)),
@@ -328,8 +326,15 @@ void MainWindow::TellError(const QString& text) {
         {windows::ToGbk(text), "", MB_OK | MB_ICONEXCLAMATION, nullptr, true});
 }
 
-void MainWindow::documentToBeDestroyed(AcApDocument* /*document*/) {
+/// Its tab goes with it: a command that closes documents may then show a window of its own for long.
+void MainWindow::documentToBeDestroyed(AcApDocument* document) {
     view_->SetDocument(nullptr);
+    const auto found = std::find(documents_.begin(), documents_.end(), document);
+    if (found != documents_.end()) {
+        const QSignalBlocker blocked(tabs_);
+        tabs_->removeTab(static_cast<int>(found - documents_.begin()));
+        documents_.erase(found);
+    }
 }
 
 /// Keys that no control has used belong to the command line.

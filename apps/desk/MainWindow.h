@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "apps/desk/Session.h"
+#include "apps/desk/DeskSession.h"
 #include "apps/desk/WorkProgress.h"
 #include "platform/ap/AcApDocManagerReactor.h"
 
@@ -22,7 +22,7 @@ class DrawingView;
 /// in it goes to the command line.
 class MainWindow : public QMainWindow, private AcApDocManagerReactor {
 public:
-    explicit MainWindow(Session& session);
+    explicit MainWindow(DeskSession& session);
     ~MainWindow() override;
 
     DrawingView& View() const { return *view_; }
@@ -73,7 +73,7 @@ private:
     void RememberSuite();
     void RestoreLook();
 
-    Session& session_;
+    DeskSession& session_;
     QTabBar* tabs_;
     DrawingView* view_;
     CommandLine* line_;

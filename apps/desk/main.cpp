@@ -76,7 +76,7 @@ int main(int argc, char** argv) {
     desk::SetUpApplication();
     arguments.process(QApplication::arguments() + behind);
 
-    desk::Session session;
+    desk::DeskSession session;
     std::string error;
     const std::string suite = SuiteAskedFor(arguments);
     if (!session.Admit(suite, error) || !session.Start(suite, error)) {

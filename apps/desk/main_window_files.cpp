@@ -43,7 +43,7 @@ std::optional<QString> PathWord(const QString& path) {
 }
 
 /// The folder to begin choosing in: the current drawing's, else the suite's sheets.
-QString StartFolder(const Session& session) {
+QString StartFolder(const DeskSession& session) {
     const AcApDocument* const document = acDocManager->curDocument();
     if (document != nullptr && !document->isUntitled()) {
         return QFileInfo(QString::fromStdString(win32::FileSystemPath(document->fileName())))

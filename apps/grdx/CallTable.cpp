@@ -7,7 +7,7 @@
 
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/LockPatience.h"
-#include "apps/grdx/plot.h"
+#include "apps/grdx/plot_handover.h"
 #include "apps/terminal/help.h"
 #include "host/version.h"
 #include "platform/suite/suite_folder.h"

@@ -73,7 +73,8 @@ void ConsoleSession::Start(const std::string& suiteFolder) {
     if (plugin.empty() || !host_.LoadModule(plugin, error)) {
         throw Failure(error);
     }
-    lab::AddDataManagement(lab::Language::kEnglish);
+    lab::AddDataManagement(win32::Language::kEnglish,
+                           [this](const std::string& /*said*/) { refused_ = true; });
     host_.StartDocument();
 }
 

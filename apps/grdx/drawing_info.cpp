@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/grdx/Failure.h"
-#include "host/model_space.h"
+#include "host/model_entities.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbTextStyleTable.h"

@@ -17,7 +17,7 @@ constexpr std::size_t kProfilePathSize = 256;
 constexpr const char* kSection = "Project";
 
 std::string ProjectText(const char* key) {
-    return win32::Utf8FromGbk(ProfileText(ProjectProfile(), kSection, key));
+    return win32::Utf8FromGbk(win32::TextInProfile(ProjectProfile(), kSection, key));
 }
 }  // namespace
 
@@ -39,21 +39,6 @@ std::string MarkProfile() {
     char path[kProfilePathSize] = "";
     GetMarkProfilePath(path);
     return path;
-}
-
-std::string ProfileText(const std::string& profile, const char* section, const std::string& key) {
-    std::string value(1024, '\0');
-    while (true) {
-        const DWORD length =
-            GetPrivateProfileString(section, key.c_str(), "", value.data(),
-                                    static_cast<DWORD>(value.size()), profile.c_str());
-        // A value that was cut ends one or two bytes before the buffer's end.
-        if (length + 2 < value.size()) {
-            value.resize(length);
-            return value;
-        }
-        value.resize(value.size() * 4);
-    }
 }
 
 ProjectData CurrentProject() {

@@ -11,8 +11,7 @@ void OpenSuite(const std::string& folder);
 /// The project that the open suite folder's project profile names; Failure when it names none.
 ProjectData CurrentProject();
 
-/// A profile's value of any length (GBK), under the Windows path `profile`; empty when missing.
-std::string ProfileText(const std::string& profile, const char* section, const std::string& key);
+/// The Windows paths of its profiles.
 std::string ProjectProfile();
 std::string MarkProfile();
 

@@ -9,6 +9,7 @@
 #include "lab/numbers.h"
 #include "lab/project_database.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/private_profile.h"
 #include "src/facts/mark_keys.h"
 
 namespace console {
@@ -43,7 +44,7 @@ constexpr const char* kLayerResultNames[] = {"d10", "d15", "d30", "d50", "d60",
 
 /// Names that a mark profile lists under a key, in GBK.
 std::set<std::string> Marks(const std::string& profile, const std::string& key) {
-    const std::string value = ProfileText(profile, kSettingsSection, key);
+    const std::string value = win32::TextInProfile(profile, kSettingsSection, key);
     std::set<std::string> marks;
     std::size_t start = 0;
     while (start < value.size()) {

@@ -2,7 +2,7 @@
 
 #include "host/BuiltInCommand.h"
 #include "host/complaint.h"
-#include "host/model_space.h"
+#include "host/model_entities.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/HeaderVariables.h"

@@ -1,6 +1,6 @@
 #include "host/picture/picture_of.h"
 
-#include "host/model_space.h"
+#include "host/model_entities.h"
 #include "host/picture/PictureDraw.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"

@@ -7,6 +7,7 @@
 #include "platform/db/PlanarTransform.h"
 #include "platform/db/entity_drawing.h"
 #include "platform/gi/shape_outline.h"
+#include "platform/win32/gbk_text.h"
 
 namespace {
 
@@ -135,7 +136,7 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& transform) {
         // The image of the frame seen from its other end, or else from its other side.
         const AcGeVector3d image = directionOf(rotation);
         if (isReadable(-image)) {
-            origin += along * (gi::CharacterCount(text_) * height_ * widthFactor_);
+            origin += along * (win32::CharacterCount(text_) * height_ * widthFactor_);
             rotation = std::atan2(-image.y, -image.x);
         } else {
             origin += up * height_;

@@ -13,7 +13,6 @@
 
 namespace {
 constexpr std::size_t kResultSize = 512;
-constexpr DWORD kFontNameSize = 260;
 
 struct SearchState {
     std::vector<std::string> folders;
@@ -91,10 +90,9 @@ std::string ed::MappedFont(const char* shapeFont) {
     if (known != state.knownFonts.end()) {
         return known->second;
     }
-    char font[kFontNameSize] = "";
+    std::string font;
     if (!state.fontProfile.empty()) {
-        GetPrivateProfileString("Fonts", shapeFont, "", font, sizeof font,
-                                state.fontProfile.c_str());
+        font = win32::TextInProfile(state.fontProfile, "Fonts", shapeFont);
     }
     return state.knownFonts[shapeFont] = font;
 }

@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "platform/ge/AcGeMatrix3d.h"
-#include "platform/win32/code_page.h"
+#include "platform/win32/gbk_text.h"
 
 namespace gi {
 
@@ -27,19 +27,11 @@ std::string_view TextPart(const char* message, int length) {
     return length < 0 ? whole : whole.substr(0, static_cast<std::size_t>(length));
 }
 
-int CharacterCount(std::string_view gbk) {
-    int count = 0;
-    for (std::size_t pos = 0; pos < gbk.size(); pos += win32::CharLength(gbk, pos)) {
-        ++count;
-    }
-    return count;
-}
-
 std::array<AcGePoint3d, 4> TextCorners(const AcGePoint3d& position, const AcGeVector3d& normal,
                                        const AcGeVector3d& direction, std::string_view gbk,
                                        const AcGiTextStyle& style) {
     const AcGeVector3d along =
-        direction.normal() * (CharacterCount(gbk) * style.textSize() * style.xScale());
+        direction.normal() * (win32::CharacterCount(gbk) * style.textSize() * style.xScale());
     const AcGeVector3d up = normal.crossProduct(direction).normal() * style.textSize();
     return {position, position + along, position + along + up, position + up};
 }

@@ -16,8 +16,6 @@ std::array<AcGePoint3d, 4> WideLineCorners(const AcGePoint3d& start, const AcGeP
 
 /// The part of a text that is drawn: `length` bytes, all of it for -1. Null is an empty text.
 std::string_view TextPart(const char* message, int length);
-/// Characters of a GBK text, a double-byte one counting once.
-int CharacterCount(std::string_view gbk);
 /// The corners of a text's frame, counter-clockwise from its left end on the baseline: as wide as
 /// text size × width factor a character, as high as the text size.
 std::array<AcGePoint3d, 4> TextCorners(const AcGePoint3d& position, const AcGeVector3d& normal,

@@ -8,6 +8,7 @@
 #include <sstream>
 #include <system_error>
 
+#include "platform/win32/file_lock.h"
 #include "platform/win32/file_place.h"
 #include "platform/win32/file_replace.h"
 
@@ -122,6 +123,11 @@ bool Agree(const std::string& root, const std::vector<OutsidePlace>& places, std
     }
     std::error_code fault;
     fs::create_directories(fs::path(file).parent_path(), fault);
+    const win32::FileLock lock(file);
+    if (!lock.Fault().empty()) {
+        error = lock.Fault();
+        return false;
+    }
     std::string text;
     bool missing = false;
     if (!win32::ReadFileWhole(file, text, error, &missing) && !missing) {

@@ -54,6 +54,14 @@ int CompareNoCase(std::string_view left, std::string_view right) {
     return FoldCase(left).compare(FoldCase(right));
 }
 
+int CharacterCount(std::string_view gbk) {
+    int count = 0;
+    for (std::size_t pos = 0; pos < gbk.size(); pos += CharLength(gbk, pos)) {
+        ++count;
+    }
+    return count;
+}
+
 std::string_view WholePrefix(std::string_view gbk, std::size_t maxBytes) {
     if (gbk.size() <= maxBytes) {
         return gbk;

@@ -13,6 +13,8 @@ bool EqualNoCase(std::string_view left, std::string_view right);
 /// Below, at or above 0 by the folded characters' codes; that is pinyin order for common words.
 int CompareNoCase(std::string_view left, std::string_view right);
 
+/// A double-byte character counts once.
+int CharacterCount(std::string_view gbk);
 /// The longest part from the start that has at most `maxBytes` bytes and no half character.
 std::string_view WholePrefix(std::string_view gbk, std::size_t maxBytes);
 /// Without blanks, tabs and line ends around it; also for UTF-8.

@@ -11,7 +11,7 @@
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/gbk_text.h"
-#include "platform/win32/profile_text.h"
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/windows_path.h"
 
 namespace {
@@ -136,6 +136,13 @@ DWORD GetPrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR defaultValue, L
     std::memcpy(buffer, fitting.data(), fitting.size());
     buffer[fitting.size()] = '\0';
     return static_cast<DWORD>(fitting.size());
+}
+
+std::string win32::TextInProfile(const std::string& fileName, const char* section,
+                                 const std::string& key) {
+    std::string value;
+    ReadValue(section, key.c_str(), fileName.c_str(), value);
+    return value;
 }
 
 BOOL WritePrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR fileName) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "platform/win32/win_types.h"
 
 /// Private profiles: INI files in GBK, named by Windows paths. A relative path counts from the
@@ -19,6 +21,11 @@ UINT GetPrivateProfileInt(LPCSTR section, LPCSTR key, INT defaultValue, LPCSTR f
 /// counts as missing.
 DWORD GetPrivateProfileString(LPCSTR section, LPCSTR key, LPCSTR defaultValue, LPSTR buffer,
                               DWORD size, LPCSTR fileName);
+
+namespace win32 {
+/// The same value, of any length; empty when it is missing.
+std::string TextInProfile(const std::string& fileName, const char* section, const std::string& key);
+}  // namespace win32
 
 /// Sets the key's value; a null value deletes the key, a null key the whole section. A file or
 /// section that is missing is made. All other lines stay byte for byte, as other processes have

@@ -3,7 +3,7 @@
 
 #include <gmock/gmock.h>
 
-#include "host/model_space.h"
+#include "host/model_entities.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbCircle.h"

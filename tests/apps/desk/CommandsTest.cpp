@@ -133,6 +133,14 @@ TEST_F(Commands, DrawingsAreTabsAndChangedOnesAskBeforeTheyGo) {
     TypeLine("CLOSE");
     person_.Finish();
     EXPECT_EQ(Tabs().count(), paths.size());
+
+    const QString sheetTitle = QStringLiteral("颗粒分析成果图");
+    person_.In(sheetTitle, [this](QWidget&) {
+        EXPECT_EQ(Tabs().count(), acDocManager->documentCount()) << "the command has closed some";
+    });
+    person_.Press(sheetTitle, IDCANCEL);
+    TypeLine("CGRDX");
+    person_.Finish();
 }
 
 TEST_F(Commands, WhatCannotBeOpenedIsToldInABox) {

@@ -14,7 +14,7 @@
 
 using picture::Point;
 
-desk::Session& DeskFixture::Started(desk::Session& session, const SampleSuite& suite) {
+desk::DeskSession& DeskFixture::Started(desk::DeskSession& session, const SampleSuite& suite) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope,
                        QString::fromStdString(suite.Folder().parent_path()));
     std::string error;

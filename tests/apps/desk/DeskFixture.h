@@ -8,7 +8,7 @@
 #include "apps/desk/CommandLine.h"
 #include "apps/desk/DrawingView.h"
 #include "apps/desk/MainWindow.h"
-#include "apps/desk/Session.h"
+#include "apps/desk/DeskSession.h"
 #include "tests/apps/person/Person.h"
 #include "tests/system/Program.h"
 
@@ -43,10 +43,10 @@ protected:
 
     ScratchFolder scratch_;
     SampleSuite suite_;
-    desk::Session session_;
+    desk::DeskSession session_;
     desk::MainWindow window_;
     Person person_;
 
 private:
-    static desk::Session& Started(desk::Session& session, const SampleSuite& suite);
+    static desk::DeskSession& Started(desk::DeskSession& session, const SampleSuite& suite);
 };

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <filesystem>
 
+#include "platform/suite/agreement.h"
 #include "platform/suite/init_string.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/code_page.h"
@@ -126,6 +130,29 @@ TEST_F(SuiteFolder, WhatIsNoSuiteFolderIsRefusedByName) {
     scratch_.Write("😀/suite.ini", Profile());
     EXPECT_FALSE(suite::OpenFolder(scratch_.Path("😀"), error_));
     EXPECT_EQ(error_, scratch_.Path("😀") + ": the path cannot be written in GBK");
+}
+
+TEST_F(SuiteFolder, ProcessesThatAgreeAtOnceForgetNothing) {
+    constexpr int kPrograms = 4;
+    constexpr int kFolders = 10;
+    const auto root = [](int program, int folder) {
+        return "/suites/" + std::to_string(program) + "-" + std::to_string(folder);
+    };
+    const std::vector<suite::OutsidePlace> places = {{"Database", "Server=a"}};
+    for (int program = 0; program < kPrograms; ++program) {
+        if (fork() == 0) {
+            for (int folder = 0; folder < kFolders; ++folder) {
+                suite::Agree(root(program, folder), places, error_);
+            }
+            _exit(0);
+        }
+    }
+    while (wait(nullptr) > 0) {
+    }
+    for (int i = 0; i < kPrograms * kFolders; ++i) {
+        const std::string folder = root(i / kFolders, i % kFolders);
+        EXPECT_TRUE(suite::NotAgreed(folder, places).empty()) << folder;
+    }
 }
 
 TEST(InitString, OnlyTheFileOfAnSqliteDatabaseIsMadeAbsolute) {

@@ -1,4 +1,4 @@
-#include "host/model_space.h"
+#include "host/model_entities.h"
 
 #include <vector>
 

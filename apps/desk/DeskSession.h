@@ -14,12 +14,12 @@ namespace desk {
 
 /// The drawing program behind the main window: host, plug-in, windows, and what it says on the
 /// command line. Texts given out are UTF-8 unless said otherwise.
-class Session : private AcRxEventReactor {
+class DeskSession : private AcRxEventReactor {
 public:
-    Session();
-    ~Session() override;
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    DeskSession();
+    ~DeskSession() override;
+    DeskSession(const DeskSession&) = delete;
+    DeskSession& operator=(const DeskSession&) = delete;
 
     /// Asks the user whether a suite folder, empty for none, may be used that leads to what lies
     /// outside of it. False when he says no, and with the reason when it is no suite folder.

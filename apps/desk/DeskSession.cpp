@@ -1,4 +1,4 @@
-#include "apps/desk/Session.h"
+#include "apps/desk/DeskSession.h"
 
 #include <algorithm>
 #include <utility>
@@ -36,7 +36,7 @@ std::string BoxText(const std::vector<std::string>& faults) {
 }
 }  // namespace
 
-Session::Session() {
+DeskSession::DeskSession() {
     mfc::SetWindowSystem(&windows_);
     ed::SetCommandLineSink([this](const std::string& text) { OnText(text); });
     oledb::SetErrorListener([this](const std::string& fault) { OnFault(fault); });
@@ -44,7 +44,7 @@ Session::Session() {
     acrxAddEventReactor(this);
 }
 
-Session::~Session() {
+DeskSession::~DeskSession() {
     stateListener_ = nullptr;
     feed_.reset();
     host_.reset();
@@ -55,7 +55,7 @@ Session::~Session() {
     mfc::SetWindowSystem(nullptr);
 }
 
-bool Session::Admit(const std::string& suiteFolder, std::string& error) {
+bool DeskSession::Admit(const std::string& suiteFolder, std::string& error) {
     std::vector<suite::OutsidePlace> places;
     if (suiteFolder.empty() || (suite::CheckFolder(suiteFolder, places, error) && places.empty())) {
         return true;
@@ -75,7 +75,7 @@ bool Session::Admit(const std::string& suiteFolder, std::string& error) {
            suite::AgreeToFolder(suiteFolder, places, error);
 }
 
-bool Session::Start(const std::string& suiteFolder, std::string& error) {
+bool DeskSession::Start(const std::string& suiteFolder, std::string& error) {
     const std::string plugin = host::Host::FindModule(kPlugin, error);
     if (plugin.empty()) {
         return false;
@@ -97,30 +97,31 @@ bool Session::Start(const std::string& suiteFolder, std::string& error) {
     suiteFolder_ = suiteFolder;
     const bool good = (suiteFolder.empty() || host_->OpenSuite(suiteFolder, error)) &&
                       host_->LoadModule(plugin, error);
-    lab::AddDataManagement(windows::IsInterfaceChinese() ? lab::Language::kChinese
-                                                         : lab::Language::kEnglish);
+    lab::AddDataManagement(
+        windows::IsInterfaceChinese() ? win32::Language::kChinese : win32::Language::kEnglish,
+        [](const std::string& /*said*/) {});
     host_->StartDocument();
     OnState();
     return good;
 }
 
-void Session::SetStateListener(std::function<void()> listener) {
+void DeskSession::SetStateListener(std::function<void()> listener) {
     stateListener_ = std::move(listener);
 }
 
-void Session::SetSelectionSource(host::CommandInterpreter::SelectionSource selection) {
+void DeskSession::SetSelectionSource(host::CommandInterpreter::SelectionSource selection) {
     selection_ = std::move(selection);
     host_->Interpreter().SetSelectionSource(selection_);
 }
 
-bool Session::Run(const std::string& gbkLine, std::string& said) {
+bool DeskSession::Run(const std::string& gbkLine, std::string& said) {
     said_.clear();
     const bool good = feed_->Start(gbkLine);
     said = win32::Utf8FromGbk(std::exchange(said_, {}));
     return good;
 }
 
-void Session::OnText(const std::string& gbk) {
+void DeskSession::OnText(const std::string& gbk) {
     said_ += gbk;
     const std::string utf8 = win32::Utf8FromGbk(gbk);
     std::erase_if(unsaidFaults_,
@@ -130,14 +131,14 @@ void Session::OnText(const std::string& gbk) {
     }
 }
 
-void Session::OnFault(const std::string& fault) {
+void DeskSession::OnFault(const std::string& fault) {
     if (std::find(unsaidFaults_.begin(), unsaidFaults_.end(), fault) == unsaidFaults_.end()) {
         unsaidFaults_.push_back(fault);
     }
 }
 
 /// What nobody has said by the end of a command is said then, where it cannot be overlooked.
-void Session::OnState() {
+void DeskSession::OnState() {
     std::vector<std::string> faults;
     if (!feed_->IsRunning()) {
         faults = std::exchange(unsaidFaults_, {});
@@ -153,11 +154,11 @@ void Session::OnState() {
     }
 }
 
-void Session::abortSave(AcDbDatabase* database) {
+void DeskSession::abortSave(AcDbDatabase* database) {
     OnFault(database->lastFileError());
 }
 
-void Session::insertIncomplete(AcDbDatabase* /*target*/, const std::string& finding) {
+void DeskSession::insertIncomplete(AcDbDatabase* /*target*/, const std::string& finding) {
     OnFault(finding);
 }
 

@@ -1,4 +1,4 @@
-#include "platform/win32/profile_text.h"
+#include "platform/win32/ProfileText.h"
 
 #include "platform/win32/code_page.h"
 #include "platform/win32/gbk_text.h"

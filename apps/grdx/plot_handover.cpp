@@ -1,4 +1,4 @@
-#include "apps/grdx/plot.h"
+#include "apps/grdx/plot_handover.h"
 
 #include <unistd.h>
 #include <cerrno>
