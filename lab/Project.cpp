@@ -7,10 +7,10 @@
 #include "lab/ProjectRow.h"
 #include "lab/project_texts.h"
 #include "lab/suite_profiles.h"
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
-#include "platform/win32/ProfileText.h"
 #include "platform/win32/windows_path.h"
 
 namespace lab {

@@ -326,7 +326,8 @@ void MainWindow::TellError(const QString& text) {
         {windows::ToGbk(text), "", MB_OK | MB_ICONEXCLAMATION, nullptr, true});
 }
 
-/// Its tab goes with it: a command that closes documents may then show a window of its own for long.
+/// Its tab goes with it: a command that closes documents may then show a window of its own for
+/// long.
 void MainWindow::documentToBeDestroyed(AcApDocument* document) {
     view_->SetDocument(nullptr);
     const auto found = std::find(documents_.begin(), documents_.end(), document);

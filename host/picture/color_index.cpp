@@ -37,10 +37,6 @@ Rgb WheelColor(int index) {
 
 }  // namespace
 
-Rgb BackgroundColor(Background background) {
-    return background == Background::kLight ? Rgb{255, 255, 255} : Rgb{33, 40, 48};
-}
-
 Rgb ColorOf(int colorIndex, Background background) {
     if (colorIndex < 1 || colorIndex > 255 || colorIndex == kForeground) {
         return background == Background::kLight ? Rgb{0, 0, 0} : Rgb{255, 255, 255};

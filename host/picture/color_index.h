@@ -16,9 +16,6 @@ struct Rgb {
 /// What a picture is drawn on: white paper, or the dark screen of a drawing view.
 enum class Background { kLight, kDark };
 
-/// The background's own colour.
-Rgb BackgroundColor(Background background);
-
 /// What a colour index (1 to 255) looks like: index 7 is black on a light background and white on a
 /// dark one. Indices outside the range count as 7.
 Rgb ColorOf(int colorIndex, Background background);

@@ -34,12 +34,4 @@ DisplayList PictureOf(AcDbDatabase& database, FontLibrary& fonts, double chordEr
     return list;
 }
 
-DisplayList PictureOf(AcDbEntity& entity, FontLibrary& fonts, double chordError) {
-    DisplayList list;
-    const AcDbDatabase* const database = entity.database();
-    const double lineTypeScale = database != nullptr ? database->header().LTSCALE : 1.0;
-    PictureDraw(list, fonts, chordError, lineTypeScale, kMostShapes).draw(entity);
-    return list;
-}
-
 }  // namespace picture

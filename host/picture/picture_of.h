@@ -3,7 +3,6 @@
 #include "host/picture/DisplayList.h"
 
 class AcDbDatabase;
-class AcDbEntity;
 
 namespace picture {
 
@@ -18,8 +17,5 @@ inline constexpr double kChordError = 0.002;
 /// for less. A drawing whose blocks and patterns multiply beyond what anybody looks at gives a
 /// part, which says so.
 DisplayList PictureOf(AcDbDatabase& database, FontLibrary& fonts, double chordError = kChordError);
-
-/// What one entity looks like, in a drawing or free; for images of what is being moved.
-DisplayList PictureOf(AcDbEntity& entity, FontLibrary& fonts, double chordError = kChordError);
 
 }  // namespace picture

@@ -116,17 +116,6 @@ Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbObject::removePersistentReactor(AcDbObjectId reactor) {
-    assertWriteEnabled();
-    AcDbObjectIdArray& reactors = fileData().reactors;
-    const auto found = std::find(reactors.begin(), reactors.end(), reactor);
-    if (found == reactors.end()) {
-        return Acad::eKeyNotFound;
-    }
-    reactors.removeAt(static_cast<int>(found - reactors.begin()));
-    return Acad::eOk;
-}
-
 void AcDbObject::setPersistentReactors(AcDbObjectIdArray reactors) {
     if (fileData_ != nullptr || !reactors.isEmpty()) {
         fileData().reactors = std::move(reactors);

@@ -57,7 +57,6 @@ public:
 
     /// Objects (hatches, for instance) told of changes; filed with the object, each once.
     Acad::ErrorStatus addPersistentReactor(AcDbObjectId reactor);
-    Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
     const AcDbObjectIdArray& persistentReactors() const { return fileData().reactors; }
     /// For the layer's own rooms: all at once, each named once.
     void setPersistentReactors(AcDbObjectIdArray reactors);

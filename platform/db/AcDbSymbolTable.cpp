@@ -32,12 +32,6 @@ const AcDbSymbolTableRecord* RecordOf(AcDbObjectId id) {
 
 }  // namespace
 
-Acad::ErrorStatus AcDbSymbolTableRecord::getName(const char*& name) const {
-    assertReadEnabled();
-    name = name_.c_str();
-    return Acad::eOk;
-}
-
 Acad::ErrorStatus AcDbSymbolTableRecord::setName(const char* name) {
     if (!objectId().isNull()) {
         return Acad::eAlreadyInDb;

@@ -14,7 +14,6 @@ class AcDbSymbolTableRecord : public AcDbObject {
 public:
     ACRX_DECLARE_MEMBERS(AcDbSymbolTableRecord);
 
-    Acad::ErrorStatus getName(const char*& name) const;
     const char* name() const { return name_.c_str(); }
     /// eInvalidInput for an empty name, eAlreadyInDb for a record that is in a table.
     Acad::ErrorStatus setName(const char* name);

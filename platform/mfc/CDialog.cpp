@@ -52,8 +52,7 @@ int CDialog::DoModal() {
         CDialog& dialog;
         ~DestroyAtEnd() { dialog.DestroyDialog(); }
     } destroyAtEnd{*this};
-    CreateFrom(
-        std::make_unique<mfc::DialogModel>(mfc::ReadDialogTemplate(dialogTemplate), nullptr));
+    CreateFrom(std::make_unique<mfc::DialogModel>(*dialogTemplate->description, nullptr));
     if (!dialog_->Ended()) {
         mfc::CurrentWindowSystem().RunModal(*dialog_);
     }

@@ -7,8 +7,6 @@ CFileFind::~CFileFind() {
 BOOL CFileFind::FindFile(const char* pattern) {
     Close();
     current_ = {};
-    folder_ = pattern;
-    folder_ = folder_.Left(folder_.ReverseFind('\\') + 1);
     search_ = ::FindFirstFile(pattern, &next_);
     hasNext_ = search_ != INVALID_HANDLE_VALUE;
     return hasNext_ ? TRUE : FALSE;
@@ -29,12 +27,4 @@ void CFileFind::Close() {
         search_ = INVALID_HANDLE_VALUE;
         hasNext_ = false;
     }
-}
-
-CString CFileFind::GetFilePath() const {
-    return folder_ + current_.cFileName;
-}
-
-BOOL CFileFind::IsDirectory() const {
-    return (current_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0 ? TRUE : FALSE;
 }

@@ -17,15 +17,12 @@ public:
     BOOL FindNextFile();
     void Close();
 
-    /// Name and full pattern's folder of the current entry; empty before the first FindNextFile.
+    /// Of the current entry; empty before the first FindNextFile.
     CString GetFileName() const { return current_.cFileName; }
-    CString GetFilePath() const;
-    BOOL IsDirectory() const;
 
 private:
     HANDLE search_ = INVALID_HANDLE_VALUE;
     bool hasNext_ = false;
     WIN32_FIND_DATA next_{};
     WIN32_FIND_DATA current_{};
-    CString folder_;
 };

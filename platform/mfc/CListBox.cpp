@@ -45,20 +45,9 @@ void CListBox::ResetContent() {
     ListOf(RequireModel()).Clear();
 }
 
-int CListBox::GetTextLen(int index) const {
-    const mfc::ListBoxModel& list = ListOf(RequireModel());
-    return list.Valid(index)
-               ? static_cast<int>(list.Items()[static_cast<std::size_t>(index)].text.size())
-               : LB_ERR;
-}
-
 void CListBox::GetText(int index, CString& text) const {
     const mfc::ListBoxModel& list = ListOf(RequireModel());
     text = list.Valid(index) ? list.Items()[static_cast<std::size_t>(index)].text.c_str() : "";
-}
-
-int CListBox::FindStringExact(int after, const char* text) const {
-    return ListOf(RequireModel()).Find(after, text, true);
 }
 
 int CListBox::SelectString(int after, const char* text) {

@@ -19,14 +19,10 @@ public:
     int DeleteString(UINT index);
     void ResetContent();
 
-    /// Length of the text in bytes, LB_ERR outside the list.
-    int GetTextLen(int index) const;
     /// An empty text outside the list.
     void GetText(int index, CString& text) const;
-    /// Index of the item with exactly this text without regard to case, looked for after `after`
-    /// (-1: from the first) and round to it again. LB_ERR when there is none.
-    int FindStringExact(int after, const char* text) const;
-    /// Single selection: selects the first item after `after` that begins with `text`, likewise.
+    /// Single selection: selects the first item after `after` that begins with `text` without
+    /// regard to case, looked for round to it again. Its index, LB_ERR when there is none.
     int SelectString(int after, const char* text);
 
     /// Single selection: the selected item. Multiple selection: the item with the focus mark,

@@ -59,7 +59,7 @@ bool CPropertySheet::MakeSheet() {
         if (pageTemplate == nullptr) {
             return false;
         }
-        const mfc::DialogDescription description = mfc::ReadDialogTemplate(pageTemplate);
+        const mfc::DialogDescription& description = *pageTemplate->description;
         tabs.push_back({description.number, description.caption, description.rect});
     }
     if (tabs.empty()) {
@@ -78,8 +78,7 @@ void CPropertySheet::CreatePage(std::size_t index) {
         return;
     }
     CPropertyPage& page = *pages_[index];
-    auto dialog =
-        std::make_unique<mfc::DialogModel>(mfc::ReadDialogTemplate(page.Template()), sheet_.get());
+    auto dialog = std::make_unique<mfc::DialogModel>(*page.Template()->description, sheet_.get());
     sheet_->SetPage(index, dialog.get());
     page.CreateFrom(std::move(dialog));
 }

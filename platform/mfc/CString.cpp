@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr const char* kWhiteSpace = " \t\r\n\v\f";
-
 /// Position of `part` at or after `from`, at the start of a character; npos when there is none.
 std::size_t FindPart(std::string_view text, std::string_view part, std::size_t from) {
     for (std::size_t pos = from; pos + part.size() <= text.size();
@@ -119,23 +117,4 @@ int CString::Replace(const char* old, const char* replacement) {
     replaced.append(text_, done);
     text_ = std::move(replaced);
     return count;
-}
-
-void CString::TrimLeft() {
-    text_.erase(0, text_.find_first_not_of(kWhiteSpace));
-}
-
-void CString::TrimRight() {
-    // No white space is the second byte of a character.
-    text_.erase(text_.find_last_not_of(kWhiteSpace) + 1);
-}
-
-char* CString::GetBuffer(int length) {
-    const std::size_t needed = static_cast<std::size_t>(std::max(length, GetLength())) + 1;
-    text_.resize(needed, '\0');
-    return text_.data();
-}
-
-void CString::ReleaseBuffer(int length) {
-    text_.resize(length < 0 ? std::strlen(text_.c_str()) : static_cast<std::size_t>(length));
 }

@@ -4,8 +4,8 @@
 
 #include "platform/win32/win_types.h"
 
-/// A GBK text. Positions and lengths are bytes, base 0; searching and trimming go by whole
-/// characters, so they never take the second byte of a character for one of its own.
+/// A GBK text. Positions and lengths are bytes, base 0; searching goes by whole
+/// characters, so it never takes the second byte of a character for one of its own.
 class CString {
 public:
     CString() = default;
@@ -65,14 +65,6 @@ public:
     int ReverseFind(char c) const;
     /// Replaces every occurrence and returns how many there were. Empty `old`: none.
     int Replace(const char* old, const char* replacement);
-    /// Removes white space (blanks, tabs, line breaks).
-    void TrimLeft();
-    void TrimRight();
-
-    /// Room for `length` bytes and a zero, with the text at its start, valid until the next call
-    /// on the string. ReleaseBuffer takes over what was written, up to the zero or `length`.
-    char* GetBuffer(int length);
-    void ReleaseBuffer(int length = -1);
 
 private:
     std::string text_;

@@ -34,13 +34,6 @@ int CTime::GetDay() const {
 int CTime::GetHour() const {
     return win32::LocalTime(time_).tm_hour;
 }
-int CTime::GetMinute() const {
-    return win32::LocalTime(time_).tm_min;
-}
-int CTime::GetSecond() const {
-    return win32::LocalTime(time_).tm_sec;
-}
-
 CString CTime::Format(const char* format) const {
     const std::tm local = win32::LocalTime(time_);
     const std::string_view pattern = format;

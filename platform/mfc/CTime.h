@@ -22,8 +22,6 @@ public:
     int GetMonth() const;
     int GetDay() const;
     int GetHour() const;
-    int GetMinute() const;
-    int GetSecond() const;
 
     /// The format's conversions are those of strftime, one letter each; all other characters, of
     /// one byte or two, stand for themselves.

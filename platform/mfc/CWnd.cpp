@@ -60,10 +60,6 @@ CWnd* CWnd::GetDlgItem(int id) const {
     return control == nullptr ? nullptr : &control->Wnd();
 }
 
-int CWnd::GetDlgCtrlID() const {
-    return RequireModel().Id();
-}
-
 CWnd* CWnd::GetParent() const {
     mfc::WindowModel* parent = RequireModel().Parent();
     return parent == nullptr ? nullptr : &parent->Wnd();
@@ -81,10 +77,6 @@ BOOL CWnd::EnableWindow(BOOL enable) {
     const bool wasEnabled = RequireModel().Enabled();
     RequireModel().SetEnabled(enable != FALSE);
     return wasEnabled ? FALSE : TRUE;
-}
-
-BOOL CWnd::IsWindowEnabled() const {
-    return RequireModel().Enabled() ? TRUE : FALSE;
 }
 
 CWnd* CWnd::SetFocus() {

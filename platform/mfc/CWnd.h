@@ -26,14 +26,12 @@ public:
 
     /// The control of that id, of the class of its kind; null when there is none.
     CWnd* GetDlgItem(int id) const;
-    int GetDlgCtrlID() const;
     CWnd* GetParent() const;
 
     void SetWindowText(const char* text);
     void GetWindowText(CString& text) const;
     /// Returns nonzero if the window was disabled before.
     BOOL EnableWindow(BOOL enable = TRUE);
-    BOOL IsWindowEnabled() const;
     /// Returns null: which window had the focus before is not told.
     CWnd* SetFocus();
     /// 0 without a window.

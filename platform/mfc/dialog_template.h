@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,12 +20,12 @@ struct DialogRect {
 struct ControlDescription {
     WORD id;                  ///< IDC_STATIC for a control that nobody addresses
     std::string windowClass;  ///< one of the WC_ names or DATETIMEPICK_CLASS
-    DWORD style;              ///< WS_CHILD and WS_VISIBLE are added
+    DWORD style;              ///< that it is a visible child goes without saying
     DialogRect rect;          ///< within the dialog
     std::string text;         ///< GBK
 };
 
-/// A dialog, as it is written down in a module's sources and as it is read from a template.
+/// A dialog, as it is written down in a module's sources.
 struct DialogDescription {
     WORD number;
     std::string caption;  ///< GBK; of a page: the text of its tab
@@ -35,11 +34,12 @@ struct DialogDescription {
     std::vector<ControlDescription> controls;  ///< in tab order
 };
 
-/// The dialog as a template in memory, in the published extended form (texts in UTF-16, items at
-/// multiples of four bytes); the number stands in the dialog's help field.
-/// std::logic_error for a window class that this layer does not have.
-std::vector<std::byte> MakeDialogTemplate(const DialogDescription& dialog);
-/// The other way. The template must be one that MakeDialogTemplate made, or a copy of it.
-DialogDescription ReadDialogTemplate(const void* dialogTemplate);
-
 }  // namespace mfc
+
+/// What a dialog is made from, as FindResource and its companions hand it out: a block that may be
+/// copied byte by byte. It refers to the description, which lives as long as the module is
+/// registered.
+struct DLGTEMPLATE {
+    const mfc::DialogDescription* description;
+};
+using LPCDLGTEMPLATE = const DLGTEMPLATE*;

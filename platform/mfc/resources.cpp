@@ -4,7 +4,8 @@
 #include <stdexcept>
 
 struct HRSRC__ {
-    std::vector<std::byte> content;
+    mfc::DialogDescription description;
+    DLGTEMPLATE content;
 };
 struct HICON__ {
     std::string picture;
@@ -53,11 +54,11 @@ HGLOBAL LoadResource(HMODULE /*module*/, HRSRC resource) {
 }
 
 LPVOID LockResource(HGLOBAL loaded) {
-    return loaded == nullptr ? nullptr : static_cast<HRSRC>(loaded)->content.data();
+    return loaded == nullptr ? nullptr : &static_cast<HRSRC>(loaded)->content;
 }
 
 DWORD SizeofResource(HMODULE /*module*/, HRSRC resource) {
-    return resource == nullptr ? 0 : static_cast<DWORD>(resource->content.size());
+    return resource == nullptr ? 0 : sizeof resource->content;
 }
 
 HICON LoadIcon(HINSTANCE module, LPCSTR name) {
@@ -70,10 +71,12 @@ namespace mfc {
 HINSTANCE RegisterModule(const ModuleResources& resources) {
     auto module = std::make_unique<HINSTANCE__>();
     for (const DialogDescription& dialog : resources.dialogs) {
-        if (!module->dialogs.try_emplace(dialog.number, HRSRC__{MakeDialogTemplate(dialog)})
-                 .second) {
+        const auto [place, isNew] = module->dialogs.try_emplace(dialog.number);
+        if (!isNew) {
             throw std::logic_error("two dialogs have number " + std::to_string(dialog.number));
         }
+        place->second.description = dialog;
+        place->second.content = {&place->second.description};
     }
     for (const auto& [number, picture] : resources.icons) {
         module->icons.emplace(number, HICON__{picture});

@@ -7,9 +7,6 @@
 #include "platform/mfc/dialog_template.h"
 #include "platform/win32/win_types.h"
 
-struct DLGTEMPLATE;
-using LPCDLGTEMPLATE = const DLGTEMPLATE*;
-
 inline LPCSTR MAKEINTRESOURCE(WORD number) {
     // NOLINTNEXTLINE(performance-no-int-to-ptr): a number that stands for a name
     return reinterpret_cast<LPCSTR>(static_cast<std::uintptr_t>(number));
@@ -38,8 +35,7 @@ struct ModuleResources {
 };
 
 /// A module registers its resources when it is linked in and gets its instance handle by it,
-/// which is valid until it unregisters them. std::logic_error for a number used twice or a
-/// description that makes no template.
+/// which is valid until it unregisters them. std::logic_error for a number used twice.
 HINSTANCE RegisterModule(const ModuleResources& resources);
 void UnregisterModule(HINSTANCE module);
 

@@ -7,11 +7,11 @@
 #include <memory>
 
 #include "platform/oledb/InitString.h"
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_place.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/gbk_literal.h"
-#include "platform/win32/ProfileText.h"
 #include "platform/win32/windows_path.h"
 
 namespace suite {

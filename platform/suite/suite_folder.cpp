@@ -9,10 +9,10 @@
 #include "platform/suite/agreement.h"
 #include "platform/suite/init_string.h"
 #include "platform/suite/orvik8.h"
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_place.h"
 #include "platform/win32/file_replace.h"
-#include "platform/win32/ProfileText.h"
 #include "platform/win32/windows_path.h"
 
 namespace {

@@ -6,12 +6,12 @@
 #include <string>
 #include <string_view>
 
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_fault.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/gbk_text.h"
-#include "platform/win32/ProfileText.h"
 #include "platform/win32/windows_path.h"
 
 namespace {

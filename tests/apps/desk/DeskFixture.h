@@ -6,9 +6,9 @@
 #include <string>
 
 #include "apps/desk/CommandLine.h"
+#include "apps/desk/DeskSession.h"
 #include "apps/desk/DrawingView.h"
 #include "apps/desk/MainWindow.h"
-#include "apps/desk/DeskSession.h"
 #include "tests/apps/person/Person.h"
 #include "tests/system/Program.h"
 

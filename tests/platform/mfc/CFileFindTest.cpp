@@ -17,8 +17,6 @@ TEST(CFileFind, TheLoopSeesEveryFileOnce) {
     while (more != FALSE) {
         more = finder.FindNextFile();
         names += std::string(static_cast<const char*>(finder.GetFileName())) + " ";
-        EXPECT_EQ(static_cast<const char*>(finder.GetFilePath()),
-                  scratch.Windows(static_cast<const char*>(finder.GetFileName())));
     }
     EXPECT_EQ(names, "KFSJ1-1.dwg KFSJ2-1.dwg KFSJ3.dwg ");
     EXPECT_FALSE(finder.FindFile(scratch.Windows("none*").c_str()));

@@ -1,11 +1,12 @@
 #include "platform/oledb/providers/sqlite/SelectPlan.h"
 
+#include <sqlite3.h>
+
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "platform/oledb/InitString.h"
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
 
 namespace oledb::sqlite {
 namespace {

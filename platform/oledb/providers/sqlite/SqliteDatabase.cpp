@@ -1,12 +1,13 @@
 #include "platform/oledb/providers/sqlite/SqliteDatabase.h"
 
+#include <sqlite3.h>
+
 #include <string_view>
 
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/lock_wait.h"
 #include "platform/oledb/providers/sqlite/busy_wait.h"
 #include "platform/oledb/providers/sqlite/log_checkpoint.h"
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 #include "platform/win32/file_place.h"
 
@@ -45,11 +46,11 @@ std::string QuotedName(const std::string& name) {
 }
 
 void SqliteDatabase::Close::operator()(sqlite3* database) const {
-    SQLITE_CALL(sqlite3_close_v2, database);
+    sqlite3_close_v2(database);
 }
 
 HRESULT SqliteDatabase::Reason(int code, std::string& reason) const {
-    reason = SQLITE_CALL(sqlite3_errmsg, handle_.get());
+    reason = sqlite3_errmsg(handle_.get());
     return ResultOf(code, reason);
 }
 
@@ -97,7 +98,7 @@ HRESULT SqliteDatabase::CheckFor(bool reading, std::string& reason) {
 
 std::int64_t SqliteDatabase::NoteChanges() {
     if (!inTransaction_) NoteLockHad();
-    return SQLITE_CALL(sqlite3_changes, Handle());
+    return sqlite3_changes(Handle());
 }
 
 HRESULT SqliteDatabase::Open(const std::string& path, Access access) {
@@ -114,10 +115,10 @@ HRESULT SqliteDatabase::Open(const std::string& path, Access access) {
     // clear its log away.
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW |
                       (access == Access::Create ? SQLITE_OPEN_CREATE : 0);
-    int code = SQLITE_CALL(sqlite3_open_v2, file.c_str(), &opened, flags, nullptr);
+    int code = sqlite3_open_v2(file.c_str(), &opened, flags, nullptr);
     handle_.reset(opened);
     if (code != SQLITE_OK) return Failure(code, path);
-    SQLITE_CALL(sqlite3_busy_handler, opened, WaitForLock, nullptr);
+    sqlite3_busy_handler(opened, WaitForLock, nullptr);
     std::int64_t pages = 0;
     sqlite3* snapshot = WouldLeaveLog(file) ? OpenSnapshot(file) : nullptr;
     if (snapshot == nullptr) {
@@ -207,11 +208,11 @@ HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Valu
     if (SUCCEEDED(result)) result = RunKept(sql, parameters, reason);
     if (FAILED(result)) {
         // Some failures, and triggers that want it so, take the whole transaction back.
-        const bool lost = inTransaction_ && SQLITE_CALL(sqlite3_get_autocommit, Handle()) != 0;
+        const bool lost = inTransaction_ && sqlite3_get_autocommit(Handle()) != 0;
         return lost ? E_FAIL : result;
     }
     if (!inTransaction_) NoteLockHad();
-    if (SQLITE_CALL(sqlite3_changes, Handle()) == 0) {
+    if (sqlite3_changes(Handle()) == 0) {
         reason = "the row does not exist any more";
         return DB_E_DELETEDROW;
     }
@@ -238,7 +239,7 @@ HRESULT SqliteDatabase::Commit(std::string& reason) {
 
 void SqliteDatabase::Rollback() {
     std::string reason;
-    if (SQLITE_CALL(sqlite3_get_autocommit, Handle()) == 0) RunKept("ROLLBACK", {}, reason);
+    if (sqlite3_get_autocommit(Handle()) == 0) RunKept("ROLLBACK", {}, reason);
     inTransaction_ = false;
 }
 

@@ -1,8 +1,8 @@
 #include "platform/oledb/providers/sqlite/SqliteDirectStatement.h"
 
-#include <utility>
+#include <sqlite3.h>
 
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
+#include <utility>
 
 namespace oledb::sqlite {
 

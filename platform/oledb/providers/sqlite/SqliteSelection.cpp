@@ -1,7 +1,8 @@
 #include "platform/oledb/providers/sqlite/SqliteSelection.h"
 
+#include <sqlite3.h>
+
 #include "platform/oledb/last_error.h"
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
 
 namespace oledb::sqlite {
 

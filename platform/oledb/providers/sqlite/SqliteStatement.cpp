@@ -1,104 +1,93 @@
 #include "platform/oledb/providers/sqlite/SqliteStatement.h"
 
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
+#include <sqlite3.h>
+
 #include "platform/win32/gbk_text.h"
 
 namespace oledb::sqlite {
-namespace {
-
-/// The text has no terminator by which the trace could show it.
-void BindText(sqlite3_stmt* statement, int index, std::string_view text) {
-    const void* const bytes = text.data();
-    const auto bind = [](sqlite3_stmt* to, int at, const void* from, int size) {
-        return sqlite3_bind_text(to, at, static_cast<const char*>(from), size, SQLITE_STATIC);
-    };
-    Traced("sqlite3_bind_text", bind, statement, index, bytes, static_cast<int>(text.size()));
-}
-
-}  // namespace
-
 void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
-    SQLITE_CALL(sqlite3_finalize, statement);
+    sqlite3_finalize(statement);
 }
 
 int SqliteStatement::Prepare(sqlite3* database, const std::string& sql) {
     sqlite3_stmt* made = nullptr;
     const char* rest = sql.c_str();
-    const int code = SQLITE_CALL(sqlite3_prepare_v2, database, sql.c_str(),
-                                 static_cast<int>(sql.size()) + 1, &made, &rest);
+    const int code =
+        sqlite3_prepare_v2(database, sql.c_str(), static_cast<int>(sql.size()) + 1, &made, &rest);
     handle_.reset(made);
     isWholeText_ = made != nullptr && win32::TrimBlanks(rest).empty();
     return code;
 }
 
 bool SqliteStatement::IsReading() const {
-    return SQLITE_CALL(sqlite3_stmt_readonly, handle_.get()) != 0;
+    return sqlite3_stmt_readonly(handle_.get()) != 0;
 }
 
 int SqliteStatement::ParameterCount() const {
-    return SQLITE_CALL(sqlite3_bind_parameter_count, handle_.get());
+    return sqlite3_bind_parameter_count(handle_.get());
 }
 
 void SqliteStatement::Bind(int index, const Value& value) {
     switch (value.kind) {
         case Value::Kind::Null:
-            SQLITE_CALL(sqlite3_bind_null, handle_.get(), index);
+            sqlite3_bind_null(handle_.get(), index);
             break;
         case Value::Kind::Integer:
-            SQLITE_CALL(sqlite3_bind_int64, handle_.get(), index, value.integer);
+            sqlite3_bind_int64(handle_.get(), index, value.integer);
             break;
         case Value::Kind::Real:
-            SQLITE_CALL(sqlite3_bind_double, handle_.get(), index, value.real);
+            sqlite3_bind_double(handle_.get(), index, value.real);
             break;
         case Value::Kind::Text:
-            BindText(handle_.get(), index, value.text);
+            sqlite3_bind_text(handle_.get(), index, value.text.data(),
+                              static_cast<int>(value.text.size()), SQLITE_STATIC);
             break;
         case Value::Kind::Blob:
-            SQLITE_CALL(sqlite3_bind_blob, handle_.get(), index, value.text.data(),
-                        static_cast<int>(value.text.size()), SQLITE_STATIC);
+            sqlite3_bind_blob(handle_.get(), index, value.text.data(),
+                              static_cast<int>(value.text.size()), SQLITE_STATIC);
             break;
     }
 }
 
 int SqliteStatement::Step() {
-    return SQLITE_CALL(sqlite3_step, handle_.get());
+    return sqlite3_step(handle_.get());
 }
 
 void SqliteStatement::Reset() {
-    SQLITE_CALL(sqlite3_reset, handle_.get());
+    sqlite3_reset(handle_.get());
 }
 
 bool SqliteStatement::PreparedAnew() const {
-    return SQLITE_CALL(sqlite3_stmt_status, handle_.get(), SQLITE_STMTSTATUS_REPREPARE, 0) != 0;
+    return sqlite3_stmt_status(handle_.get(), SQLITE_STMTSTATUS_REPREPARE, 0) != 0;
 }
 
 int SqliteStatement::ColumnCount() const {
-    return SQLITE_CALL(sqlite3_column_count, handle_.get());
+    return sqlite3_column_count(handle_.get());
 }
 
 Value SqliteStatement::Column(int column) const {
     sqlite3_stmt* const row = handle_.get();
-    const int type = SQLITE_CALL(sqlite3_column_type, row, column);
+    const int type = sqlite3_column_type(row, column);
     if (type == SQLITE_INTEGER) {
-        return Value::Of(std::int64_t{SQLITE_CALL(sqlite3_column_int64, row, column)});
+        return Value::Of(std::int64_t{sqlite3_column_int64(row, column)});
     }
-    if (type == SQLITE_FLOAT) return Value::Of(SQLITE_CALL(sqlite3_column_double, row, column));
+    if (type == SQLITE_FLOAT) return Value::Of(sqlite3_column_double(row, column));
     if (type == SQLITE_NULL) return {};
-    const void* const bytes = type == SQLITE_BLOB ? SQLITE_CALL(sqlite3_column_blob, row, column)
-                                                  : SQLITE_CALL(sqlite3_column_text, row, column);
-    const auto size = static_cast<std::size_t>(SQLITE_CALL(sqlite3_column_bytes, row, column));
+    const void* const bytes =
+        type == SQLITE_BLOB ? sqlite3_column_blob(row, column) : sqlite3_column_text(row, column);
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(row, column));
     Value value = Value::Of(std::string_view(static_cast<const char*>(bytes), size));
     if (type == SQLITE_BLOB) value.kind = Value::Kind::Blob;
     return value;
 }
 
 std::string SqliteStatement::ColumnName(int column) const {
-    const char* const name = SQLITE_CALL(sqlite3_column_name, handle_.get(), column);
+    const char* const name = sqlite3_column_name(handle_.get(), column);
     return name == nullptr ? std::string() : name;
 }
 
 std::string SqliteStatement::OriginColumn(int column) const {
-    const char* const name = SQLITE_CALL(sqlite3_column_origin_name, handle_.get(), column);
+    const char* const name = sqlite3_column_origin_name(handle_.get(), column);
     return name == nullptr ? std::string() : name;
 }
 

@@ -1,13 +1,12 @@
 #include "platform/oledb/providers/sqlite/log_checkpoint.h"
 
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
+#include <sqlite3.h>
 
 namespace oledb::sqlite {
 
 void EmptyLogIfWritten(sqlite3* database) {
-    if (SQLITE_CALL(sqlite3_total_changes, database) == 0) return;
-    SQLITE_CALL(sqlite3_wal_checkpoint_v2, database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr,
-                nullptr);
+    if (sqlite3_total_changes(database) == 0) return;
+    sqlite3_wal_checkpoint_v2(database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
 }  // namespace oledb::sqlite

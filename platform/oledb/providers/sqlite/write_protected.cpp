@@ -1,5 +1,7 @@
 #include "platform/oledb/providers/sqlite/write_protected.h"
 
+#include <sqlite3.h>
+
 #include <unistd.h>
 
 #include <filesystem>
@@ -7,8 +9,6 @@
 #include <memory>
 #include <optional>
 #include <utility>
-
-#include "platform/oledb/providers/sqlite/sqlite_call.h"
 
 namespace oledb::sqlite {
 namespace {
@@ -66,7 +66,7 @@ sqlite3* OpenSnapshot(const std::string& path) {
     const std::optional<FileState> state = StateOf(path);
     if (!state || state->size < kHeaderSize || state->size > kLargest) return nullptr;
     std::unique_ptr<unsigned char, Free> bytes(
-        static_cast<unsigned char*>(SQLITE_CALL(sqlite3_malloc64, state->size)));
+        static_cast<unsigned char*>(sqlite3_malloc64(state->size)));
     std::ifstream file(path, std::ios::binary);
     const auto size = static_cast<std::streamsize>(state->size);
     if (bytes == nullptr || !file.read(reinterpret_cast<char*>(bytes.get()), size) ||
@@ -75,13 +75,13 @@ sqlite3* OpenSnapshot(const std::string& path) {
     }
     bytes.get()[kWriteVersion] = bytes.get()[kReadVersion] = kWithoutLog;
     sqlite3* handle = nullptr;
-    int code = SQLITE_CALL(sqlite3_open_v2, ":memory:", &handle,
-                           SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    int code =
+        sqlite3_open_v2(":memory:", &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (code == SQLITE_OK) {
-        code = SQLITE_CALL(sqlite3_deserialize, handle, "main", bytes.release(), size, size,
-                           SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY);
+        code = sqlite3_deserialize(handle, "main", bytes.release(), size, size,
+                                   SQLITE_DESERIALIZE_FREEONCLOSE | SQLITE_DESERIALIZE_READONLY);
     }
-    if (code != SQLITE_OK) SQLITE_CALL(sqlite3_close_v2, std::exchange(handle, nullptr));
+    if (code != SQLITE_OK) sqlite3_close_v2(std::exchange(handle, nullptr));
     return handle;
 }
 
