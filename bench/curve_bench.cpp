@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "platform/gi/AcGiWorldDraw.h"
 #include "src/entity/CKFCurve.h"
 

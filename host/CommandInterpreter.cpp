@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/Host.h"
-#include "host/complaint.h"
+#include "host/dialogue.h"
 #include "host/document_mode.h"
 #include "host/entity_pick.h"
 #include "platform/ap/AcApDocManager.h"

@@ -2,8 +2,8 @@
 
 #include <charconv>
 
-#include "host/complaint.h"
 #include "host/coordinates.h"
+#include "host/dialogue.h"
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
 #include "host/picture/shape_hits.h"

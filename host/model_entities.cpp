@@ -3,7 +3,6 @@
 #include <vector>
 
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbLayerTable.h"

@@ -1,7 +1,6 @@
 #include "host/unsaved_changes.h"
 
-#include "host/complaint.h"
-#include "host/question.h"
+#include "host/dialogue.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/win32/code_page.h"

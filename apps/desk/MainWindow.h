@@ -6,7 +6,7 @@
 
 #include "apps/desk/DeskSession.h"
 #include "apps/desk/WorkProgress.h"
-#include "platform/ap/AcApDocManagerReactor.h"
+#include "platform/ap/AcApDocManager.h"
 
 class QLabel;
 class QMenu;

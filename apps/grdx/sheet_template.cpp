@@ -1,7 +1,6 @@
 #include "apps/grdx/sheet_template.h"
 
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbPolyline.h"

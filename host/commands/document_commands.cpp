@@ -2,7 +2,7 @@
 
 #include "host/BuiltInCommand.h"
 #include "host/Host.h"
-#include "host/complaint.h"
+#include "host/dialogue.h"
 #include "host/document_mode.h"
 #include "host/unsaved_changes.h"
 #include "platform/ap/AcApDocManager.h"

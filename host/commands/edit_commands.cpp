@@ -2,18 +2,18 @@
 #include <numbers>
 
 #include "host/BuiltInCommand.h"
-#include "host/complaint.h"
 #include "host/coordinates.h"
+#include "host/dialogue.h"
 #include "host/entity_pick.h"
 #include "host/redraw.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDb.h"
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbObject.h"
 #include "platform/db/AcDbObjectId.h"
 #include "platform/ge/AcGeMatrix3d.h"
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 
 namespace host {
 

@@ -1,5 +1,5 @@
 #include "host/BuiltInCommand.h"
-#include "host/complaint.h"
+#include "host/dialogue.h"
 #include "platform/ed/system_variables.h"
 
 namespace host {

@@ -1,7 +1,7 @@
 #include <strings.h>
 
 #include "host/BuiltInCommand.h"
-#include "host/complaint.h"
+#include "host/dialogue.h"
 #include "host/model_entities.h"
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDbDatabase.h"

@@ -175,3 +175,7 @@ void AcApDocManager::makeCurrent(AcApDocument* document) {
 HWND adsw_acadMainWnd() {
     return win32::MainWindow();
 }
+
+ACRX_DEFINE_MEMBERS(AcApDocManagerReactor, AcRxObject, nullptr);
+
+void AcApDocManagerReactor::documentToBeDestroyed(AcApDocument* /*document*/) {}

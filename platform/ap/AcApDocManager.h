@@ -5,10 +5,21 @@
 #include <string>
 #include <vector>
 
-#include "platform/ap/AcApDocManagerReactor.h"
 #include "platform/ap/AcApDocument.h"
+#include "platform/rx/AcRxClass.h"
 #include "platform/rx/Acad.h"
 #include "platform/win32/win_types.h"
+
+class AcApDocument;
+
+/// Hears of what becomes of documents; each notification does nothing unless overridden. Reactors
+/// are not owned.
+class AcApDocManagerReactor : public AcRxObject {
+public:
+    ACRX_DECLARE_MEMBERS(AcApDocManagerReactor);
+    /// The document is still whole and goes when every reactor has been told.
+    virtual void documentToBeDestroyed(AcApDocument* document);
+};
 
 /// Walks the documents in opening order, as they were when it was made.
 class AcApDocumentIterator {

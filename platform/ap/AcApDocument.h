@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
 
 class AcDbDatabase;
 

@@ -1,6 +1,6 @@
 #include "platform/db/AcDbBlockReference.h"
 
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/BlockWorldDraw.h"
 #include "platform/db/PlanarTransform.h"

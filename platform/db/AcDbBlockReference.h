@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/db/AcDbEntity.h"
-#include "platform/ge/AcGeScale3d.h"
+#include "platform/ge/AcGePoint3d.h"
 
 class AcDbBlockTableRecord;
 

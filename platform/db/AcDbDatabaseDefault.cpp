@@ -1,23 +1,13 @@
 // What a new drawing has before anything is drawn in it.
-#include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbDictionary.h"
-#include "platform/db/AcDbDimStyleTable.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLayout.h"
 #include "platform/db/AcDbLinetypeTable.h"
-#include "platform/db/AcDbMlineStyle.h"
-#include "platform/db/AcDbPlaceHolder.h"
-#include "platform/db/AcDbRegAppTable.h"
 #include "platform/db/AcDbTextStyleTable.h"
-#include "platform/db/AcDbUCSTable.h"
-#include "platform/db/AcDbVXTable.h"
-#include "platform/db/AcDbViewTable.h"
-#include "platform/db/AcDbViewportTable.h"
 #include "platform/db/HeaderVariables.h"
-#include "platform/db/drawing_day.h"
+#include "platform/db/drawing_support_classes.h"
 
 /// Makes the objects of a new drawing, under the handles that drawings usually have for them.
 class AcDbDatabase::DefaultDrawing {

@@ -8,7 +8,7 @@
 #include "platform/db/AcDbExtents.h"
 #include "platform/db/AcDbObject.h"
 #include "platform/ge/AcGeMatrix3d.h"
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 
 class AcGiSubEntityTraits;
 class AcGiWorldDraw;

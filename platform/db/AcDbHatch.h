@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/db/AcDbEntity.h"
-#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
 
 /// An area filled by a pattern within boundary loops.
 class AcDbHatch : public AcDbEntity {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/db/AcDbObject.h"
-#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
 
 /// How a space is plotted. Margins and paper in millimetres.
 class AcDbPlotSettings : public AcDbObject {

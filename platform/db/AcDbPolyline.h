@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "platform/db/AcDbEntity.h"
-#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
 
 /// A polyline in a plane whose segments may bulge and have widths. Indices count from 0.
 class AcDbPolyline : public AcDbEntity {

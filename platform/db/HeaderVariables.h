@@ -6,7 +6,6 @@
 #include "platform/db/AcCmColor.h"
 #include "platform/db/AcDbObjectId.h"
 #include "platform/db/DimensionVariables.h"
-#include "platform/ge/AcGePoint2d.h"
 #include "platform/ge/AcGePoint3d.h"
 
 /// A moment, or a span, as drawings keep it: days (of the Julian calendar count for a moment) and
@@ -263,3 +262,7 @@ private:
         v(h.unknown54[0], h.unknown54[1], h.unknown54[2], h.unknown54[3]);
     }
 };
+
+/// Today in local time as drawings note it: the day only, so that a drawing made twice on a day is
+/// the same file.
+DrawingTime CurrentDrawingDay();

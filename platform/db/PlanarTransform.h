@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "platform/ge/AcGeMatrix3d.h"
-#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
 
 /// What a map does to an entity that lives in a plane (circle, text, polyline, hatch, block
 /// reference): the plane's image, and the map between the coordinates of the two planes.

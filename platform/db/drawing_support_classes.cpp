@@ -2,17 +2,9 @@
 // styles.
 #include <cmath>
 
-#include "platform/db/AcDbBlockBegin.h"
-#include "platform/db/AcDbDimStyleTable.h"
 #include "platform/db/AcDbLayout.h"
 #include "platform/db/AcDbLinetypeTable.h"
-#include "platform/db/AcDbMlineStyle.h"
-#include "platform/db/AcDbPlaceHolder.h"
-#include "platform/db/AcDbRegAppTable.h"
-#include "platform/db/AcDbUCSTable.h"
-#include "platform/db/AcDbVXTable.h"
-#include "platform/db/AcDbViewTable.h"
-#include "platform/db/AcDbViewportTable.h"
+#include "platform/db/drawing_support_classes.h"
 
 namespace {
 template <class T>

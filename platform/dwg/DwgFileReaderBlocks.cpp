@@ -1,15 +1,14 @@
 // What can be put together only when all objects are there.
 #include <unordered_map>
 
-#include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/db/AcDbStub.h"
 #include "platform/db/AcDbTextStyleTable.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/DwgFault.h"
 #include "platform/dwg/DwgFileReader.h"
 #include "platform/dwg/codec/block_record_fields.h"

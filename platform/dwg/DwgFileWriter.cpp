@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbStub.h"
-#include "platform/db/drawing_day.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/dwg/DwgCodec.h"
 #include "platform/dwg/DwgObjectWriter.h"
 #include "platform/dwg/content_guid.h"

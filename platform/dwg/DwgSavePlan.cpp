@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbBlockReference.h"
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbStub.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/codec/block_record_fields.h"
 #include "platform/dwg/entity_types.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/db/AcDbBlockReference.h"
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbText.h"
 #include "platform/db/AcDbTextStyleTable.h"

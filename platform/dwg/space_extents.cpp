@@ -1,6 +1,6 @@
 #include "platform/dwg/space_extents.h"
 
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/ExtentsMeter.h"

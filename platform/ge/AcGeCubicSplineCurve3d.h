@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/ge/AcGePoint3d.h"
-#include "platform/ge/SplineKnot.h"
+#include "platform/ge/SplinePiece.h"
 
 /// C2 cubic through fit points: chord-length parameters, zero second derivative at both ends.
 /// Consecutive fit points closer than AcGeTol::equalPoint count once. Two distinct points give the

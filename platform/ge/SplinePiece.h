@@ -1,7 +1,16 @@
 #pragma once
 
+#include "platform/ge/AcGePoint3d.h"
 #include "platform/ge/CubicValues.h"
-#include "platform/ge/SplineKnot.h"
+
+/// One fit point of a cubic spline with what the curve keeps of it.
+struct SplineKnot {
+    AcGePoint3d point;
+    AcGeVector3d secondDerivative;
+    /// Bounds of y over the piece that starts here; of no meaning at the last fit point.
+    double lowestY = 0.0;
+    double highestY = 0.0;
+};
 
 /// The cubic between two neighbouring knots of a spline; `length` is the distance of their
 /// parameters. Refers to the knots, which must outlive it.

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 
-#include "platform/ge/AcGePoint2d.h"
 #include "platform/ge/AcGePoint3d.h"
 #include "platform/gi/AcGiTextStyle.h"
 #include "platform/rx/Acad.h"

@@ -7,7 +7,6 @@
 #include "platform/mfc/CDateTimeCtrl.h"
 #include "platform/mfc/CListBox.h"
 #include "platform/mfc/WindowModel.h"
-#include "platform/mfc/exchange_failed.h"
 
 namespace {
 

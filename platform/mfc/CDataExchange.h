@@ -1,7 +1,19 @@
 #pragma once
 
+#include <stdexcept>
+
 #include "platform/mfc/CTime.h"
 #include "platform/mfc/CWnd.h"
+
+namespace mfc {
+
+/// Ends a data exchange; UpdateData catches it.
+class ExchangeFailed : public std::runtime_error {
+public:
+    ExchangeFailed() : std::runtime_error("the data exchange failed") {}
+};
+
+}  // namespace mfc
 
 /// One pass of data between a window's fields and its controls.
 class CDataExchange {

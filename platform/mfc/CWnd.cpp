@@ -7,7 +7,6 @@
 #include "platform/mfc/CDataExchange.h"
 #include "platform/mfc/DialogModel.h"
 #include "platform/mfc/SheetModel.h"
-#include "platform/mfc/exchange_failed.h"
 #include "platform/mfc/message_box.h"
 #include "platform/win32/window_message.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/oledb/IUnknown.h"
+#include "platform/oledb/oledb.h"
 #include "platform/oledb/oledb_errors.h"
 
 namespace oledb {

@@ -1,6 +1,6 @@
 #include "platform/oledb/ComObject.h"
 #include "platform/oledb/DataSource.h"
-#include "platform/oledb/IDataInitialize.h"
+#include "platform/oledb/oledb.h"
 #include "platform/win32/code_page.h"
 
 namespace oledb {

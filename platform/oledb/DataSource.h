@@ -5,7 +5,30 @@
 #include "platform/oledb/ComObject.h"
 #include "platform/oledb/InitString.h"
 #include "platform/oledb/Provider.h"
+#include "platform/oledb/Transaction.h"
 #include "platform/oledb/oledb.h"
+
+namespace oledb {
+
+class Session final : public ComObject<IOpenRowset, IDBCreateCommand, ITransactionLocal> {
+public:
+    explicit Session(std::shared_ptr<Connection> connection)
+        : transaction_(std::make_shared<Transaction>(std::move(connection))) {}
+
+    HRESULT CreateCommand(IUnknown* outer, REFIID riid, IUnknown** command) override;
+    HRESULT StartTransaction(ISOLEVEL isolation, ULONG flags, ITransactionOptions* options,
+                             ULONG* level) override;
+    HRESULT Commit(BOOL retaining, DWORD controls, DWORD reserved) override;
+    HRESULT Abort(const void* reason, BOOL retaining, BOOL async) override;
+
+protected:
+    IUnknown* Find(REFIID riid) override;
+
+private:
+    std::shared_ptr<Transaction> transaction_;
+};
+
+}  // namespace oledb
 
 namespace oledb {
 

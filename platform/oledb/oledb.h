@@ -1,7 +1,26 @@
 #pragma once
 
-#include "platform/oledb/IUnknown.h"
 #include "platform/oledb/oledb_types.h"
+#include "platform/win32/win_types.h"
+
+inline constexpr IID IID_IUnknown{
+    0x00000000, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+
+/// An interface pointer that a call hands out counts as one reference of the receiver. Objects are
+/// used on one thread only.
+struct IUnknown {
+    IUnknown() = default;
+    IUnknown(const IUnknown&) = delete;
+    IUnknown& operator=(const IUnknown&) = delete;
+
+    /// E_NOINTERFACE with `*object` null when the object has no such interface.
+    virtual HRESULT QueryInterface(REFIID riid, void** object) = 0;
+    virtual ULONG AddRef() = 0;
+    /// Destroys the object with the last reference. Returns the references left.
+    virtual ULONG Release() = 0;
+
+    virtual ~IUnknown() = default;
+};
 
 // The interfaces from data source to row set, reduced to the operations that are called.
 
@@ -143,3 +162,24 @@ struct IRowsetUpdate : IUnknown {
     virtual HRESULT Update(HCHAPTER chapter, DBCOUNTITEM count, const HROW* rows,
                            DBCOUNTITEM* updated, HROW** updatedRows, DWORD** statuses) = 0;
 };
+
+inline constexpr CLSID CLSID_MSDAINITIALIZE{
+    0x2206CDB0, 0x19C1, 0x11D1, {0x89, 0xE0, 0x00, 0xC0, 0x4F, 0xD7, 0xA8, 0x29}};
+inline constexpr IID IID_IDataInitialize{
+    0x2206CCB1, 0x19C1, 0x11D1, {0x89, 0xE0, 0x00, 0xC0, 0x4F, 0xD7, 0xA8, 0x29}};
+inline constexpr DWORD CLSCTX_INPROC_SERVER = 1;
+
+/// Turns an initialisation string into a data source.
+struct IDataInitialize : IUnknown {
+    /// The string is `Keyword=Value;…`; "Provider" chooses the provider by name, the other
+    /// keywords are looked at when the data source is initialised. REGDB_E_CLASSNOTREG when no
+    /// provider has the name, DB_E_BADINITSTRING when the string cannot be taken apart or names
+    /// none. `*dataSource` must be null on entry.
+    virtual HRESULT GetDataSource(IUnknown* outer, DWORD clsContext, LPCOLESTR initString,
+                                  REFIID riid, IUnknown** dataSource) = 0;
+};
+
+/// Makes an object of a class. The only class there is is CLSID_MSDAINITIALIZE; any other gives
+/// REGDB_E_CLASSNOTREG. No aggregation.
+HRESULT CoCreateInstance(REFCLSID rclsid, IUnknown* outer, DWORD clsContext, REFIID riid,
+                         void** object);

@@ -6,8 +6,8 @@
 #include <optional>
 #include <system_error>
 
+#include "platform/suite/absolute_paths.h"
 #include "platform/suite/agreement.h"
-#include "platform/suite/init_string.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/ProfileText.h"
 #include "platform/win32/code_page.h"

@@ -1,6 +1,6 @@
 #include "src/chart/CCompositionTable.h"
 
-#include "platform/ge/AcGePoint2d.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "src/common/module_state.h"
 #include "src/core/gbk_text.h"
 #include "src/core/number_format.h"

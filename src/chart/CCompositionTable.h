@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "src/chart/CSheetPen.h"
 #include "src/core/curve_shape.h"
 

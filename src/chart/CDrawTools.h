@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/db/AcDbObjectId.h"
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "platform/rx/Acad.h"
 
 class AcDbEntity;

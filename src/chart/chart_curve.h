@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "src/chart/CSheetPen.h"
 #include "src/core/CurveGrid.h"
 #include "src/core/GrainSizeRecord.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/ge/AcGeCubicSplineCurve3d.h"
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "src/core/CurveGrid.h"
 #include "src/core/GrainSizeRecord.h"
 #include "src/core/characteristic_diameters.h"

@@ -1,7 +1,7 @@
 #include "src/db/project_database.h"
 
 #include "platform/mfc/message_box.h"
-#include "platform/oledb/IDataInitialize.h"
+#include "platform/oledb/oledb.h"
 #include "platform/suite/orvik8.h"
 #include "src/core/gbk_text.h"
 

@@ -1,7 +1,6 @@
 #include "src/entity/append_entity.h"
 
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbHostApplicationServices.h"

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/db/AcDbDwgFiler.h"
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 
 /// What a drawing keeps of a grading curve (class CKFCurve): the one list of its fields, for the
 /// class itself and for whoever looks into a drawing without the plug-in. Saved sheets depend on

@@ -5,7 +5,7 @@
 
 #include "host/model_entities.h"
 #include "platform/db/AcDbBlockReference.h"
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"

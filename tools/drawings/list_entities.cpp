@@ -14,7 +14,6 @@
 
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbHatch.h"

@@ -1,7 +1,7 @@
 // Block definitions, the entities around them, and references to them.
-#include "platform/db/AcDbBlockBegin.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbBlockTable.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/codec/block_record_fields.h"
 #include "platform/dwg/codec/codec_of.h"
 #include "platform/dwg/codec/codecs.h"

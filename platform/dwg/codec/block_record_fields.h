@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/dwg/codec/symbol_fields.h"
 
 /// A block definition. Its entities are told by the first and the last of them: each names the

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "platform/db/AcDbDictionary.h"
-#include "platform/db/AcDbPlaceHolder.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/codec/codec_of.h"
 #include "platform/dwg/codec/codecs.h"
 

@@ -1,7 +1,5 @@
 // Named coordinate systems, names of applications, headers of viewports.
-#include "platform/db/AcDbRegAppTable.h"
-#include "platform/db/AcDbUCSTable.h"
-#include "platform/db/AcDbVXTable.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/codec/codec_of.h"
 #include "platform/dwg/codec/codecs.h"
 #include "platform/dwg/codec/symbol_fields.h"

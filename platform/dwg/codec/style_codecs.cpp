@@ -1,8 +1,7 @@
 // Layers, line types, dimension styles and styles of multiple lines.
-#include "platform/db/AcDbDimStyleTable.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
-#include "platform/db/AcDbMlineStyle.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/codec/codec_of.h"
 #include "platform/dwg/codec/codecs.h"
 #include "platform/dwg/codec/symbol_fields.h"

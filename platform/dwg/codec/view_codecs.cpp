@@ -1,6 +1,5 @@
 // Tiled viewports and named views.
-#include "platform/db/AcDbViewTable.h"
-#include "platform/db/AcDbViewportTable.h"
+#include "platform/db/drawing_support_classes.h"
 #include "platform/dwg/codec/codec_of.h"
 #include "platform/dwg/codec/codecs.h"
 #include "platform/dwg/codec/symbol_fields.h"

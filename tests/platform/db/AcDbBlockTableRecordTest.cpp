@@ -1,5 +1,4 @@
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

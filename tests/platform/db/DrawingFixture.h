@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/db/AcDbSymbolTable.h"

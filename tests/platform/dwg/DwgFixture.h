@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbHatch.h"
 #include "platform/db/AcDbLayerTable.h"

@@ -1,7 +1,6 @@
 // Drawings inserted into others as blocks.
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbBlockTable.h"
-#include "platform/db/AcDbBlockTableRecord.h"
 #include "platform/db/AcDbDictionary.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbLayerTable.h"

@@ -8,7 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/oledb/IDataInitialize.h"
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/oledb.h"
 #include "platform/win32/code_page.h"

@@ -7,8 +7,8 @@
 
 #include <filesystem>
 
+#include "platform/suite/absolute_paths.h"
 #include "platform/suite/agreement.h"
-#include "platform/suite/init_string.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"

@@ -1,4 +1,4 @@
-#include "platform/db/AcDbBlockTableRecord.h"
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbTextStyleTable.h"
 #include "src/chart/CDrawTools.h"

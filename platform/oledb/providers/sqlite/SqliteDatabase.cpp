@@ -2,12 +2,12 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
 #include <string_view>
+#include <thread>
 
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/lock_wait.h"
-#include "platform/oledb/providers/sqlite/busy_wait.h"
-#include "platform/oledb/providers/sqlite/log_checkpoint.h"
 #include "platform/oledb/providers/sqlite/write_protected.h"
 #include "platform/win32/file_place.h"
 
@@ -16,6 +16,29 @@ namespace {
 
 /// Statements kept prepared; far more than the tables of a project need.
 constexpr std::size_t kKeptStatements = 64;
+
+/// A busy handler of the library's: waits for a database that another program has locked as long as
+/// lock_wait.h says.
+int WaitForLock(void* /*data*/, int tries) {
+    using Clock = std::chrono::steady_clock;
+    constexpr auto kBetweenTries = std::chrono::milliseconds(5);
+    static Clock::time_point begin;
+    if (tries == 0) begin = Clock::now();
+    const auto waited = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - begin);
+    if (!GoesOnWaiting(waited)) return 0;
+    std::this_thread::sleep_for(kBetweenTries);
+    return 1;
+}
+
+/// Brings what is in the write-ahead log into the file of a database that is about to be closed,
+/// when this connection has written. The last one to close a database does so by itself, but of
+/// programs that end at the same moment each may find the others still there, and the file copied
+/// without its log would lack their changes. Waits for nobody: what a reader still needs, or
+/// another program is bringing in, stays in the log, where it is as safe.
+void EmptyLogIfWritten(sqlite3* database) {
+    if (sqlite3_total_changes(database) == 0) return;
+    sqlite3_wal_checkpoint_v2(database, nullptr, SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+}
 
 HRESULT ResultOf(int code, std::string_view message) {
     switch (code & 0xFF) {

@@ -1,4 +1,4 @@
-#include "platform/db/drawing_day.h"
+#include "platform/db/HeaderVariables.h"
 
 #include "platform/win32/clock.h"
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "host/phrase.h"
+#include "platform/mfc/message_box.h"
 
 namespace host {
 
@@ -13,5 +14,12 @@ bool Complain(Phrase phrase, std::initializer_list<std::string> values = {});
 
 /// A reason that others have put into words (GBK).
 bool ComplainAsTold(const std::string& reason);
+
+}  // namespace host
+
+namespace host {
+
+/// Asks the user in the program's own name; `question` is GBK, `type` and answer as for MessageBox.
+int AskUser(const std::string& question, UINT type);
 
 }  // namespace host

@@ -1,4 +1,4 @@
-#include "platform/suite/init_string.h"
+#include "platform/suite/absolute_paths.h"
 
 #include <vector>
 
