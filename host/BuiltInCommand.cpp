@@ -1,6 +1,6 @@
 #include "host/BuiltInCommand.h"
 
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace host {
 

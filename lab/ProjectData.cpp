@@ -8,10 +8,9 @@
 #include "lab/DrawnMarks.h"
 #include "lab/Failure.h"
 #include "lab/numbers.h"
-#include "lab/project_database.h"
+#include "lab/suite_database.h"
 #include "lab/suite_profiles.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
 #include "src/facts/mark_keys.h"
 
 namespace lab {

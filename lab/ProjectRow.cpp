@@ -1,7 +1,7 @@
 #include "lab/ProjectRow.h"
 
 #include "lab/Failure.h"
-#include "lab/project_database.h"
+#include "lab/suite_database.h"
 
 namespace lab {
 

@@ -1,6 +1,6 @@
 #include "lab/StoreRun.h"
 
-#include "lab/project_database.h"
+#include "lab/suite_database.h"
 #include "platform/win32/code_page.h"
 
 namespace lab {

@@ -2,7 +2,6 @@
 
 #include "lab/numbers.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
 #include "src/core/GrainSizeRecord.h"
 #include "src/core/curve_shape.h"
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "lab/numbers.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 
 namespace lab {
 

@@ -10,6 +10,7 @@ build=${1:?build folder}
 deadline=$(($(date +%s) + ${2:-86400}))
 tools/format.sh --check
 tools/check_includes.py
+tools/check_names.py
 
 newest_first() {
     { git ls-files --others --exclude-standard; git diff --name-only HEAD

@@ -5,7 +5,7 @@
 #include "apps/grdx/Failure.h"
 #include "apps/grdx/sheet_lists.h"
 #include "apps/grdx/suite_access.h"
-#include "lab/project_database.h"
+#include "lab/suite_database.h"
 #include "platform/win32/code_page.h"
 #include "src/facts/control_ids.h"
 

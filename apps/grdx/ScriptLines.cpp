@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
 
 namespace console {
 

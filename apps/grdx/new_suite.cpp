@@ -137,7 +137,7 @@ private:
     bool finished_ = false;
 };
 
-void WriteProfiles(const fs::path& folder, const ProjectData& project) {
+void WriteProfiles(const fs::path& folder, const ProjectEntry& project) {
     const std::string number = lab::CheckedProjectNumber(project.number);
     const std::string name = lab::CheckedProjectName(project.name);
     WriteFile(folder / kSuiteFile, kSuiteProfile);
@@ -158,7 +158,7 @@ void WriteSupport(const fs::path& folder) {
 }
 }  // namespace
 
-void MakeSuiteFolder(const std::string& folder, const ProjectData& project) {
+void MakeSuiteFolder(const std::string& folder, const ProjectEntry& project) {
     // Without a slash at its end, which would count as one more name.
     const fs::path path = (fs::absolute(folder) / "").parent_path().lexically_normal();
     NewFolder made(path);

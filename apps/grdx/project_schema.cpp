@@ -65,7 +65,7 @@ CREATE TABLE x_SheJi (
 )sql"};
 }  // namespace
 
-void MakeProjectTables(oledb::SqlDatabase& database, const ProjectData& project) {
+void MakeProjectTables(oledb::SqlDatabase& database, const ProjectEntry& project) {
     oledb::SqlTransaction transaction(database);
     for (const char* const table : kTables) {
         database.Execute(table);

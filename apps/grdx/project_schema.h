@@ -7,7 +7,7 @@
 namespace console {
 
 /// The project of a suite folder. Texts are UTF-8.
-struct ProjectData {
+struct ProjectEntry {
     int index = 1;       ///< key of the project in every table
     std::string number;  ///< names the output folder too
     std::string name;
@@ -15,6 +15,6 @@ struct ProjectData {
 };
 
 /// Makes the five tables in an empty database and enters the project.
-void MakeProjectTables(oledb::SqlDatabase& database, const ProjectData& project);
+void MakeProjectTables(oledb::SqlDatabase& database, const ProjectEntry& project);
 
 }  // namespace console

@@ -9,7 +9,7 @@ namespace console {
 void OpenSuite(const std::string& folder);
 
 /// The project that the open suite folder's project profile names; Failure when it names none.
-ProjectData CurrentProject();
+ProjectEntry CurrentProject();
 
 /// The Windows paths of its profiles.
 std::string ProjectProfile();

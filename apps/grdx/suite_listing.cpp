@@ -7,7 +7,7 @@
 
 #include "apps/grdx/suite_access.h"
 #include "lab/numbers.h"
-#include "lab/project_database.h"
+#include "lab/suite_database.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/private_profile.h"
 #include "src/facts/mark_keys.h"
@@ -161,7 +161,7 @@ SuiteListing ReadSuite() {
 }
 
 std::string DescribeSuite(const SuiteListing& listing) {
-    const ProjectData& project = listing.project;
+    const ProjectEntry& project = listing.project;
     std::string text = "project " + std::to_string(project.index) + " " + project.number + " \"" +
                        project.name + "\" code " + std::to_string(project.code) + "\n";
     for (const auto& borehole : listing.boreholes) {
@@ -183,7 +183,7 @@ std::string DescribeSuite(const SuiteListing& listing) {
 
 nlohmann::ordered_json SuiteAsJson(const SuiteListing& listing) {
     using Json = nlohmann::ordered_json;
-    const ProjectData& project = listing.project;
+    const ProjectEntry& project = listing.project;
     Json boreholes = Json::array();
     for (const auto& borehole : listing.boreholes) {
         Json samples = Json::array();

@@ -41,7 +41,7 @@ struct SuiteListing {
         Results results;
     };
 
-    ProjectData project;
+    ProjectEntry project;
     std::vector<Borehole> boreholes;
     std::vector<Layer> layers;
 };

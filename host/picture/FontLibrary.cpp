@@ -7,7 +7,7 @@
 #include "platform/ed/file_search.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_replace.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 #include "platform/win32/windows_path.h"
 
 namespace picture {

@@ -10,7 +10,7 @@
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbLinetypeTable.h"
 #include "platform/gi/shape_outline.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace picture {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace lab {
 

@@ -6,7 +6,7 @@
 #include "lab/checks/chart_checks.h"
 #include "lab/numbers.h"
 #include "lab/sample_record.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 #include "src/core/number_format.h"
 #include "src/core/percentages.h"
 

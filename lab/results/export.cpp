@@ -9,7 +9,7 @@
 #include "lab/results/result_tables.h"
 #include "lab/results/table_texts.h"
 #include "lab/sample_record.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace lab {
 

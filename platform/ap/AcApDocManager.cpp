@@ -6,7 +6,7 @@
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/mfc/afx.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 #include "platform/win32/window_message.h"
 
 namespace {

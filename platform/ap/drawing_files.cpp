@@ -5,7 +5,7 @@
 #include "platform/db/DrawingDamage.h"
 #include "platform/ed/command_line.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 #include "platform/win32/windows_path.h"
 
 namespace {

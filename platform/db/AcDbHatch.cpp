@@ -7,7 +7,7 @@
 #include "platform/db/PlanarTransform.h"
 #include "platform/db/entity_drawing.h"
 #include "platform/db/hatch_outline.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "platform/db/PlanarTransform.h"
 #include "platform/db/entity_drawing.h"
 #include "platform/gi/shape_outline.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/rx/Acad.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 ACRX_DEFINE_MEMBERS(AcEdCommandStack, AcRxObject, nullptr);
 

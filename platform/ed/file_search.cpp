@@ -7,7 +7,7 @@
 
 #include "platform/ed/adesk_results.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 #include "platform/win32/private_profile.h"
 #include "platform/win32/windows_path.h"
 

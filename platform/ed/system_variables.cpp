@@ -1,6 +1,6 @@
 #include "platform/ed/system_variables.h"
 
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace {
 /// The one variable kept: 1 when a drawing opened takes the place of the one before.

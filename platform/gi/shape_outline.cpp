@@ -5,7 +5,7 @@
 #include <numbers>
 
 #include "platform/ge/AcGeMatrix3d.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 
 namespace gi {
 

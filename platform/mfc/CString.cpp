@@ -8,7 +8,7 @@
 #include "platform/mfc/resources.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/format_text.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace {
 

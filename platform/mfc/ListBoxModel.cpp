@@ -4,7 +4,7 @@
 
 #include "platform/mfc/CCmdTarget.h"
 #include "platform/mfc/window_styles.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace mfc {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 
 namespace oledb {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "platform/oledb/last_error.h"
 #include "platform/win32/Failure.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 #include "platform/win32/number_text.h"
 
 namespace oledb {

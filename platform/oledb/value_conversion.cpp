@@ -10,7 +10,6 @@
 #include <system_error>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
 #include "platform/win32/number_text.h"
 
 namespace oledb {

@@ -1,7 +1,7 @@
 #include "platform/win32/ProfileText.h"
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace win32 {
 namespace {

@@ -261,4 +261,32 @@ std::size_t FindLastChar(std::string_view gbk, char c) {
     return last;
 }
 
+int CharacterCount(std::string_view gbk) {
+    int count = 0;
+    for (std::size_t pos = 0; pos < gbk.size(); pos += CharLength(gbk, pos)) {
+        ++count;
+    }
+    return count;
+}
+
+std::string_view WholePrefix(std::string_view gbk, std::size_t maxBytes) {
+    if (gbk.size() <= maxBytes) {
+        return gbk;
+    }
+    std::size_t end = 0;
+    while (end + CharLength(gbk, end) <= maxBytes) {
+        end += CharLength(gbk, end);
+    }
+    return gbk.substr(0, end);
+}
+
+std::string_view TrimBlanks(std::string_view text) {
+    constexpr std::string_view kBlanks = " \t\r\n";
+    const std::size_t first = text.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
 }  // namespace win32

@@ -33,5 +33,11 @@ inline std::size_t CharLength(std::string_view gbk, std::size_t pos) {
 std::size_t FindChar(std::string_view gbk, char c, std::size_t from = 0);
 /// Position of the last single-byte character `c`, stepping by whole characters; npos if none.
 std::size_t FindLastChar(std::string_view gbk, char c);
+/// A double-byte character counts once.
+int CharacterCount(std::string_view gbk);
+/// The longest part from the start that has at most `maxBytes` bytes and no half character.
+std::string_view WholePrefix(std::string_view gbk, std::size_t maxBytes);
+/// Without blanks, tabs and line ends around it; also for UTF-8.
+std::string_view TrimBlanks(std::string_view text);
 
 }  // namespace win32

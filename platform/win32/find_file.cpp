@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 #include "platform/win32/windows_path.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace win32 {
 namespace {

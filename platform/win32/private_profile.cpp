@@ -11,7 +11,6 @@
 #include "platform/win32/file_fault.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
-#include "platform/win32/gbk_text.h"
 #include "platform/win32/windows_path.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "platform/win32/code_page.h"
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/gbk_case.h"
 
 namespace {
 

@@ -8,9 +8,9 @@
 #include "src/core/gbk_text.h"
 #include "src/db/project_database.h"
 #include "src/frame/ChartFamily.h"
+#include "src/frame/ResourceScope.h"
 #include "src/frame/chart_folder.h"
 #include "src/frame/documents.h"
-#include "src/frame/module_resources.h"
 #include "src/frame/project_context.h"
 #include "src/frame/sheet_making.h"
 #include "src/ui/CKefenSheet.h"
@@ -65,7 +65,7 @@ void DrawCharts(const ChartFamily& family) {
         return;
     }
     LoadProjectContext();
-    const ModuleResources resources;
+    const ResourceScope resources;
     CKefenSheet sheet("颗粒分析成果图"_gbk, CWnd::FromHandle(adsw_acadMainWnd()));
     const DocumentModeScope documentMode;
     if (sheet.DoModal() != IDOK) {

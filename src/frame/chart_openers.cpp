@@ -7,9 +7,9 @@
 #include "platform/mfc/message_box.h"
 #include "src/common/module_state.h"
 #include "src/core/gbk_text.h"
+#include "src/frame/ResourceScope.h"
 #include "src/frame/chart_folder.h"
 #include "src/frame/documents.h"
-#include "src/frame/module_resources.h"
 #include "src/frame/project_context.h"
 #include "src/ui/CChartBrowser.h"
 
@@ -31,7 +31,7 @@ void OpenChart() {
         return;
     }
     LoadProjectContext();
-    const ModuleResources resources;
+    const ResourceScope resources;
     Browser browser(ChartFolder(), CWnd::FromHandle(adsw_acadMainWnd()));
     if (browser.DoModal() != IDOK) {
         return;

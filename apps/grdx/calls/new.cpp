@@ -9,7 +9,7 @@ using terminal::Help;
 void AddNewCall(CallTable& calls) {
     struct Arguments {
         std::string folder;
-        ProjectData project{1, "P1", "新建工程", 0};
+        ProjectEntry project{1, "P1", "新建工程", 0};
     };
     const auto given = std::make_shared<Arguments>();
     CLI::App& call =

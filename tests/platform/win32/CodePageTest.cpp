@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/win32/gbk_case.h"
 #include "platform/win32/gbk_literal.h"
-#include "platform/win32/gbk_text.h"
 #include "platform/win32/win_strings.h"
 
 using namespace std::string_literals;

@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-#include "platform/win32/gbk_text.h"
+#include "platform/win32/code_page.h"
 
 namespace oledb::sqlite {
 void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {

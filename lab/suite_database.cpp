@@ -1,4 +1,4 @@
-#include "lab/project_database.h"
+#include "lab/suite_database.h"
 
 #include "lab/Failure.h"
 #include "platform/suite/orvik8.h"
