@@ -25,41 +25,20 @@ HRESULT SetRowsetProperties(ICommandText* command) {
     properties[4].vValue.vt = VT_I4;
     properties[4].vValue.lVal = DBPROPVAL_UP_CHANGE | DBPROPVAL_UP_DELETE | DBPROPVAL_UP_INSERT;
     DBPROPSET set{properties, 5, DBPROPSET_ROWSET};
-    void* found = nullptr;
-    HRESULT result = command->QueryInterface(IID_ICommandProperties, &found);
-    if (FAILED(result)) return result;
-    auto* const target = static_cast<ICommandProperties*>(found);
-    result = target->SetProperties(1, &set);
-    target->Release();
-    return result;
+    const auto target = QueryInterface<ICommandProperties>(command, IID_ICommandProperties);
+    return target == nullptr ? E_NOINTERFACE : target->SetProperties(1, &set);
 }
 
 /// A new command of the session as the interface for its text; null when there is none.
-ICommandText* MakeCommand() {
-    void* found = nullptr;
-    if (FAILED(ProjectSession()->QueryInterface(IID_IDBCreateCommand, &found))) return nullptr;
-    auto* const commands = static_cast<IDBCreateCommand*>(found);
+CComPtr<ICommandText> MakeCommand() {
+    const auto commands = QueryInterface<IDBCreateCommand>(ProjectSession(), IID_IDBCreateCommand);
     IUnknown* made = nullptr;
-    HRESULT result = commands->CreateCommand(nullptr, IID_ICommand, &made);
-    commands->Release();
-    if (FAILED(result)) return nullptr;
-    result = made->QueryInterface(IID_ICommandText, &found);
-    made->Release();
-    return FAILED(result) ? nullptr : static_cast<ICommandText*>(found);
-}
-
-template <class Interface>
-void Release(Interface*& pointer) {
-    if (pointer != nullptr) pointer->Release();
-    pointer = nullptr;
-}
-
-/// An interface of the row set for one call; null when it does not have it.
-template <class Interface>
-Interface* Query(IRowset* rowset, REFIID riid) {
-    void* found = nullptr;
-    if (rowset == nullptr || FAILED(rowset->QueryInterface(riid, &found))) return nullptr;
-    return static_cast<Interface*>(found);
+    if (commands == nullptr || FAILED(commands->CreateCommand(nullptr, IID_ICommand, &made))) {
+        return {};
+    }
+    CComPtr<IUnknown> command;
+    command.Attach(made);
+    return QueryInterface<ICommandText>(command, IID_ICommandText);
 }
 
 }  // namespace
@@ -103,8 +82,8 @@ bool CProjectTable::Open(const std::string& statement) {
     }
     IUnknown* rows = nullptr;
     if (FAILED(command_->Execute(nullptr, IID_IRowset, nullptr, nullptr, &rows))) return false;
-    rowset_ = static_cast<IRowset*>(rows);
-    accessors_ = Query<IAccessor>(rowset_, IID_IAccessor);
+    rowset_.Attach(rows);
+    accessors_ = QueryInterface<IAccessor>(rowset_, IID_IAccessor);
     return accessors_ != nullptr &&
            SUCCEEDED(accessors_->CreateAccessor(DBACCESSOR_ROWDATA, bindings_.size(),
                                                 bindings_.data(), 0, &accessor_, nullptr));
@@ -139,42 +118,34 @@ HRESULT CProjectTable::MoveNext() {
 }
 
 HRESULT CProjectTable::SetData() {
-    auto* const change = Query<IRowsetChange>(rowset_, IID_IRowsetChange);
+    const auto change = QueryInterface<IRowsetChange>(rowset_, IID_IRowsetChange);
     if (change == nullptr) return E_NOINTERFACE;
-    const HRESULT result = change->SetData(row_, accessor_, record_);
-    change->Release();
-    return result;
+    return change->SetData(row_, accessor_, record_);
 }
 
 HRESULT CProjectTable::Insert() {
-    auto* const change = Query<IRowsetChange>(rowset_, IID_IRowsetChange);
+    const auto change = QueryInterface<IRowsetChange>(rowset_, IID_IRowsetChange);
     if (change == nullptr) return E_NOINTERFACE;
-    const HRESULT result = change->InsertRow(DB_NULL_HCHAPTER, accessor_, record_, nullptr);
-    change->Release();
-    return result;
+    return change->InsertRow(DB_NULL_HCHAPTER, accessor_, record_, nullptr);
 }
 
 HRESULT CProjectTable::Delete() {
-    auto* const change = Query<IRowsetChange>(rowset_, IID_IRowsetChange);
+    const auto change = QueryInterface<IRowsetChange>(rowset_, IID_IRowsetChange);
     if (change == nullptr) return E_NOINTERFACE;
-    const HRESULT result = change->DeleteRows(DB_NULL_HCHAPTER, 1, &row_, nullptr);
-    change->Release();
-    return result;
+    return change->DeleteRows(DB_NULL_HCHAPTER, 1, &row_, nullptr);
 }
 
 HRESULT CProjectTable::Update() {
-    auto* const update = Query<IRowsetUpdate>(rowset_, IID_IRowsetUpdate);
+    const auto update = QueryInterface<IRowsetUpdate>(rowset_, IID_IRowsetUpdate);
     if (update == nullptr) return E_NOINTERFACE;
-    const HRESULT result = update->Update(DB_NULL_HCHAPTER, 1, &row_, nullptr, nullptr, nullptr);
-    update->Release();
-    return result;
+    return update->Update(DB_NULL_HCHAPTER, 1, &row_, nullptr, nullptr, nullptr);
 }
 
 void CProjectTable::Close() {
     ReleaseRow();
     if (accessor_ != DB_NULL_HACCESSOR) accessors_->ReleaseAccessor(accessor_, nullptr);
     accessor_ = DB_NULL_HACCESSOR;
-    Release(accessors_);
-    Release(rowset_);
-    Release(command_);
+    accessors_.Release();
+    rowset_.Release();
+    command_.Release();
 }

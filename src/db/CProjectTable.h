@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/oledb/CComPtr.h"
 #include "platform/oledb/oledb.h"
 
 /// A query of fixed columns over one table of the project database: a walk over its rows with the
@@ -60,9 +61,9 @@ private:
     const char* statement_;
     const Bindings& bindings_;
     void* record_;
-    ICommandText* command_ = nullptr;
-    IRowset* rowset_ = nullptr;
-    IAccessor* accessors_ = nullptr;
+    CComPtr<ICommandText> command_;
+    CComPtr<IRowset> rowset_;
+    CComPtr<IAccessor> accessors_;
     HACCESSOR accessor_ = DB_NULL_HACCESSOR;
     HROW row_ = DB_NULL_HROW;
 };

@@ -6,14 +6,12 @@
 #include "src/db/project_database.h"
 
 CStoreTransaction::CStoreTransaction() {
-    void* found = nullptr;
-    if (!OpenProjectDatabase() ||
-        FAILED(ProjectSession()->QueryInterface(IID_ITransactionLocal, &found))) {
-        return;
+    if (OpenProjectDatabase()) {
+        running_ = QueryInterface<ITransactionLocal>(ProjectSession(), IID_ITransactionLocal);
     }
-    running_ = static_cast<ITransactionLocal*>(found);
-    if (FAILED(running_->StartTransaction(ISOLATIONLEVEL_SERIALIZABLE, 0, nullptr, nullptr))) {
-        std::exchange(running_, nullptr)->Release();
+    if (running_ != nullptr &&
+        FAILED(running_->StartTransaction(ISOLATIONLEVEL_SERIALIZABLE, 0, nullptr, nullptr))) {
+        running_.Release();
     }
 }
 
@@ -24,16 +22,11 @@ CStoreTransaction::~CStoreTransaction() {
 void CStoreTransaction::Abort() {
     if (running_ != nullptr) {
         running_->Abort(nullptr, FALSE, FALSE);
-        std::exchange(running_, nullptr)->Release();
+        running_.Release();
     }
 }
 
 bool CStoreTransaction::Commit() {
-    if (running_ == nullptr) {
-        return true;
-    }
-    ITransactionLocal* const ended = std::exchange(running_, nullptr);
-    const HRESULT result = ended->Commit(FALSE, 0, 0);
-    ended->Release();
-    return SUCCEEDED(result);
+    const CComPtr<ITransactionLocal> ended = std::move(running_);
+    return ended == nullptr || SUCCEEDED(ended->Commit(FALSE, 0, 0));
 }

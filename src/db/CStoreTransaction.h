@@ -1,6 +1,7 @@
 #pragma once
 
-struct ITransactionLocal;
+#include "platform/oledb/CComPtr.h"
+#include "platform/oledb/oledb.h"
 
 /// What is stored while it lives goes into the project database together, or not at all without
 /// Commit. Rows that the database refuses by themselves do not keep the others from it. Where a
@@ -18,5 +19,5 @@ public:
     void Abort();
 
 private:
-    ITransactionLocal* running_ = nullptr;  ///< the one started here
+    CComPtr<ITransactionLocal> running_;  ///< the one started here
 };

@@ -1,5 +1,7 @@
 #include "src/db/project_database.h"
 
+#include <utility>
+
 #include "platform/mfc/message_box.h"
 #include "platform/oledb/oledb.h"
 #include "platform/suite/orvik8.h"
@@ -9,56 +11,51 @@ namespace {
 
 /// The flags, not the pointers, tell what has been done.
 struct ConnectionState {
-    IDBInitialize* dataSource = nullptr;
-    IOpenRowset* session = nullptr;
+    CComPtr<IDBInitialize> dataSource;
+    CComPtr<IOpenRowset> session;
     int dataSourceOpen = 0;
     int sessionOpen = 0;
 };
 ConnectionState connection;
 
-template <class Interface>
-void Release(Interface*& pointer) {
-    if (pointer != nullptr) pointer->Release();
-    pointer = nullptr;
-}
-
 /// The data source for the string, not initialised; null when there is none.
-IDBInitialize* MakeDataSource(const char* initString) {
-    void* made = nullptr;
+CComPtr<IDBInitialize> MakeDataSource(const char* initString) {
+    CComPtr<IDBInitialize> made;
+    void* found = nullptr;
     if (FAILED(CoCreateInstance(CLSID_MSDAINITIALIZE, nullptr, CLSCTX_INPROC_SERVER,
-                                IID_IDataInitialize, &made))) {
-        return nullptr;
+                                IID_IDataInitialize, &found))) {
+        return made;
     }
-    auto* const initialize = static_cast<IDataInitialize*>(made);
+    CComPtr<IDataInitialize> initialize;
+    initialize.Attach(static_cast<IDataInitialize*>(found));
     IUnknown* source = nullptr;
-    const HRESULT result = initialize->GetDataSource(
-        nullptr, CLSCTX_INPROC_SERVER, WideText(initString).c_str(), IID_IDBInitialize, &source);
-    initialize->Release();
-    return FAILED(result) ? nullptr : static_cast<IDBInitialize*>(source);
+    if (SUCCEEDED(initialize->GetDataSource(nullptr, CLSCTX_INPROC_SERVER,
+                                            WideText(initString).c_str(), IID_IDBInitialize,
+                                            &source))) {
+        made.Attach(source);
+    }
+    return made;
 }
 
 bool OpenDataSource() {
     char initString[1024] = "";
     if (GetDatabaseInitString(initString) == 0) return false;
-    connection.dataSource = MakeDataSource(initString);
-    if (connection.dataSource == nullptr) return false;
-    if (FAILED(connection.dataSource->Initialize())) {
-        Release(connection.dataSource);
-        return false;
-    }
+    CComPtr<IDBInitialize> source = MakeDataSource(initString);
+    if (source == nullptr || FAILED(source->Initialize())) return false;
+    connection.dataSource = std::move(source);
     connection.dataSourceOpen = 1;
     return true;
 }
 
 bool OpenSession() {
-    void* found = nullptr;
-    if (FAILED(connection.dataSource->QueryInterface(IID_IDBCreateSession, &found))) return false;
-    auto* const sessions = static_cast<IDBCreateSession*>(found);
+    const auto sessions =
+        QueryInterface<IDBCreateSession>(connection.dataSource, IID_IDBCreateSession);
     IUnknown* session = nullptr;
-    const HRESULT result = sessions->CreateSession(nullptr, IID_IOpenRowset, &session);
-    sessions->Release();
-    if (FAILED(result)) return false;
-    connection.session = static_cast<IOpenRowset*>(session);
+    if (sessions == nullptr ||
+        FAILED(sessions->CreateSession(nullptr, IID_IOpenRowset, &session))) {
+        return false;
+    }
+    connection.session.Attach(session);
     connection.sessionOpen = 1;
     return true;
 }
@@ -75,8 +72,7 @@ IOpenRowset* ProjectSession() {
 }
 
 void CloseProjectDatabase() {
-    Release(connection.session);
-    Release(connection.dataSource);
+    connection.session.Release();
     connection = {};
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "platform/oledb/CComPtr.h"
 #include "platform/oledb/oledb.h"
 
 // The one connection to the project database that every table shares, and what the suite tells of
@@ -13,6 +14,17 @@
 bool OpenProjectDatabase();
 /// The session, or null while it is not open. The caller takes no reference of its own.
 IOpenRowset* ProjectSession();
+/// An interface of an object; null for a null object and one that does not have it.
+template <class Interface>
+CComPtr<Interface> QueryInterface(IUnknown* object, REFIID riid) {
+    CComPtr<Interface> wanted;
+    void* found = nullptr;
+    if (object != nullptr && SUCCEEDED(object->QueryInterface(riid, &found))) {
+        wanted.Attach(static_cast<Interface*>(found));
+    }
+    return wanted;
+}
+
 /// Closes the connection when the module unloads; tables still open keep it alive until they close.
 /// The next table opens it anew, from the initialisation string of that time.
 void CloseProjectDatabase();

@@ -8,36 +8,23 @@
 #include <utility>
 #include <vector>
 
+#include "platform/oledb/CComPtr.h"
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/oledb.h"
 #include "platform/win32/code_page.h"
 
-/// Holds one reference.
 template <class Interface>
-class Ref {
+class Ref : public CComPtr<Interface> {
 public:
     Ref() = default;
-    explicit Ref(Interface* owned) : pointer_(owned) {}
-    Ref(Ref&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    Ref& operator=(Ref&& other) noexcept {
-        std::swap(pointer_, other.pointer_);
-        return *this;
-    }
-    ~Ref() {
-        if (pointer_ != nullptr) pointer_->Release();
-    }
-    Interface* operator->() const { return pointer_; }
-    explicit operator bool() const { return pointer_ != nullptr; }
+    explicit Ref(Interface* owned) { this->Attach(owned); }
 
     template <class Other>
     Ref<Other> As(REFIID riid) const {
         void* found = nullptr;
-        pointer_->QueryInterface(riid, &found);
+        (*this)->QueryInterface(riid, &found);
         return Ref<Other>(static_cast<Other*>(found));
     }
-
-private:
-    Interface* pointer_ = nullptr;
 };
 
 /// The data source for a string (UTF-8), or the reason why there is none.
