@@ -3,7 +3,7 @@
 #include <set>
 #include <string>
 
-#include "platform/win32/profile_text.h"
+#include "platform/win32/ProfileText.h"
 
 namespace lab {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/file_lock.h"
-#include "platform/win32/profile_text.h"
 
 namespace lab {
 

@@ -6,9 +6,9 @@
 #include "lab/Failure.h"
 #include "lab/numbers.h"
 #include "lab/suite_profiles.h"
+#include "platform/win32/ProfileText.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_replace.h"
-#include "platform/win32/profile_text.h"
 #include "platform/win32/windows_path.h"
 #include "src/facts/mark_keys.h"
 

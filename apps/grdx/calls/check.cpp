@@ -17,7 +17,7 @@ struct CheckRequest {
 };
 
 bool Check(const CheckRequest& request, MessageStream& messages) {
-    const lab::ProjectEntry data = lab::ReadProjectData();
+    const lab::ProjectData data = lab::ReadProjectData();
     for (const std::string& borehole : request.boreholes) {
         data.RequireBorehole(borehole);
     }

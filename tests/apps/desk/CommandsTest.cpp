@@ -135,6 +135,7 @@ TEST_F(Commands, DrawingsAreTabsAndChangedOnesAskBeforeTheyGo) {
     EXPECT_EQ(Tabs().count(), paths.size());
 
     const QString sheetTitle = QStringLiteral("颗粒分析成果图");
+    person_.Answer("已经打开了多个文档", IDYES);
     person_.In(sheetTitle, [this](QWidget&) {
         EXPECT_EQ(Tabs().count(), acDocManager->documentCount()) << "the command has closed some";
     });
