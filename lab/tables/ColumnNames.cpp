@@ -88,7 +88,9 @@ void ColumnNames::Add(const std::string& file, std::string_view json) {
     if (!map.is_object()) {
         throw Failure(file + ": not of the form {\"borehole\": [\"Hole\"], …}");
     }
-    for (const auto& [key, value] : map.items()) {
+    for (const auto& item : map.items()) {
+        const std::string& key = item.key();
+        const nlohmann::json& value = item.value();
         const auto* const form = std::find_if(std::begin(kForms), std::end(kForms),
                                               [&](const ColumnForm& f) { return key == f.name; });
         if (form == std::end(kForms)) {

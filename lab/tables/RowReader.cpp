@@ -61,9 +61,8 @@ void RowReader::Fail(std::size_t index, const std::string& reason) {
     }
 }
 
-bool RowReader::FailNumber(std::size_t index, const std::string& reason) {
+void RowReader::FailText(std::size_t index, const std::string& reason) {
     Fail(index, " " + Quoted(At(index).shown) + ": " + reason);
-    return false;
 }
 
 std::string RowReader::Text(Column column, std::size_t limit) {
@@ -75,9 +74,9 @@ std::string RowReader::Text(Column column, std::size_t limit) {
     } else if (HasControlCharacter(text)) {
         Fail(index, ": a line break or another control character");
     } else if (!win32::TryGbkFromUtf8(text, gbk)) {
-        FailNumber(index, "a character that GBK does not have");
+        FailText(index, "a character that GBK does not have");
     } else if (gbk.size() > limit && win32::Utf16FromUtf8(text).size() > limit) {
-        FailNumber(index, "more than " + std::to_string(limit) + " characters");
+        FailText(index, "more than " + std::to_string(limit) + " characters");
     }
     return text;
 }
@@ -91,10 +90,10 @@ std::string RowReader::Name(Column column, std::size_t limit) {
     } else if (win32::TryGbkFromUtf8(name, gbk)) {
         const NameFault fault = FindNameFault(gbk, limit);
         if (fault.kind == NameFault::Kind::kBlankAtEnd) {
-            FailNumber(index, "blanks around the name");
+            FailText(index, "blanks around the name");
         } else if (fault.kind == NameFault::Kind::kCharacter) {
-            FailNumber(index, std::string(1, fault.character) +
-                                  " cannot stand in the name of a sheet or in its mark");
+            FailText(index, std::string(1, fault.character) +
+                                " cannot stand in the name of a sheet or in its mark");
         }
     }
     return Text(column, limit);
@@ -112,7 +111,7 @@ std::optional<double> RowReader::Read(std::size_t index, Unit unit) {
     }
     const Quantity quantity = ReadQuantity(cell.value, unit);
     if (!quantity.Good()) {
-        FailNumber(index, quantity.fault);
+        FailText(index, quantity.fault);
         return std::nullopt;
     }
     return quantity.number;
@@ -128,11 +127,11 @@ std::optional<double> RowReader::Value(std::size_t index, Unit unit) {
         return std::nullopt;
     }
     if (At(index).continued) {
-        FailNumber(index, "of merged cells: it is not known to which it belongs");
+        FailText(index, "of merged cells: it is not known to which it belongs");
     } else if (*number < 0.0) {
-        FailNumber(index, "below 0");
+        FailText(index, "below 0");
     } else if (!StoredNumber(*number)) {
-        FailNumber(index, "outside the range of a 32-bit float");
+        FailText(index, "outside the range of a 32-bit float");
     } else {
         return StoredNumber(*number);
     }
@@ -146,11 +145,28 @@ std::optional<double> RowReader::Number(Column column) {
         return std::nullopt;
     }
     if (*number < 0.0) {
-        FailNumber(index, "below 0");
+        FailText(index, "below 0");
     } else if (!StoredNumber(*number)) {
-        FailNumber(index, "outside the range of a 32-bit float");
+        FailText(index, "outside the range of a 32-bit float");
     }
     return StoredNumber(*number);
+}
+
+RowReader::Range RowReader::NumberOrRange(Column column) {
+    const std::size_t index = header_.IndexOf(column);
+    const std::string text = PlainText(At(index).shown);
+    const std::size_t tilde = text.find('~');
+    if (tilde == std::string::npos) {
+        return {Number(column), std::nullopt};
+    }
+    const Quantity from = ReadQuantity(text.substr(0, tilde), ColumnUnit(column));
+    const Quantity to = ReadQuantity(text.substr(tilde + 1), ColumnUnit(column));
+    if (!from.Good() || !to.Good() || from.number < 0.0 || !(to.number > from.number) ||
+        !StoredNumber(to.number)) {
+        FailText(index, "neither a number nor a range that goes up");
+        return {};
+    }
+    return {StoredNumber(from.number), StoredNumber(to.number)};
 }
 
 double RowReader::Needed(Column column) {
@@ -164,8 +180,8 @@ double RowReader::Needed(Column column) {
 int RowReader::Integer(Column column, int low, int high) {
     const std::optional<int> number = ParseInteger(PlainText(At(header_.IndexOf(column)).value));
     if (!number || *number < low || *number > high) {
-        FailNumber(header_.IndexOf(column),
-                   "not an integer from " + std::to_string(low) + " to " + std::to_string(high));
+        FailText(header_.IndexOf(column),
+                 "not an integer from " + std::to_string(low) + " to " + std::to_string(high));
         return low;
     }
     return *number;

@@ -21,7 +21,13 @@ public:
     /// A number from 0 up that a 32-bit float can hold, as it is stored; nothing for an empty cell,
     /// and without such a column.
     std::optional<double> Number(Column column);
-    /// The same of a cell that must not be empty.
+    /// A number, or two of them as in 1.2~1.4; the second is the greater one.
+    struct Range {
+        std::optional<double> from;
+        std::optional<double> to;
+    };
+    Range NumberOrRange(Column column);
+    /// Number of a cell that must not be empty.
     double Needed(Column column);
     /// Likewise, of any sign and not rounded to what is stored.
     std::optional<double> Measured(Column column);
@@ -39,7 +45,7 @@ public:
 
 private:
     const Cell& At(std::size_t index) const;
-    bool FailNumber(std::size_t index, const std::string& reason);
+    void FailText(std::size_t index, const std::string& reason);
     std::optional<double> Read(std::size_t index, Unit unit);
 
     const TableSource& source_;

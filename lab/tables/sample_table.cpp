@@ -1,7 +1,9 @@
 #include "lab/tables/sample_table.h"
 
+#include <cmath>
 #include <utility>
 
+#include "lab/numbers.h"
 #include "lab/tables/RowReader.h"
 #include "lab/tables/TableHeader.h"
 #include "src/core/sample_names.h"
@@ -94,12 +96,28 @@ private:
         Sample sample;
         sample.borehole = reader.Name(Column::kBorehole, kBoreholeLength);
         sample.sample = reader.Name(Column::kSample, kSampleLength);
-        sample.depth = reader.Number(Column::kDepth);
-        sample.thickness = reader.Number(Column::kThickness);
+        ReadDepth(reader, sample);
         sample.method = reader.Text(Column::kMethod, kMethodLength);
         sample.total = kind_ == ValueKind::kPassing ? reader.Number(Column::kTotal)
                                                     : reader.Needed(Column::kTotal);
         return sample;
+    }
+
+    /// A depth may be that of top and bottom, which tells the thickness, too.
+    static void ReadDepth(RowReader& reader, Sample& sample) {
+        const RowReader::Range range = reader.NumberOrRange(Column::kDepth);
+        sample.depth = range.from;
+        sample.thickness = reader.Number(Column::kThickness);
+        if (!range.to) {
+            return;
+        }
+        constexpr double kStep = 1e-4;  // m
+        const auto told = StoredNumber(std::round((*range.to - *range.from) / kStep) * kStep);
+        if (sample.thickness && sample.thickness != told) {
+            reader.Fail(Column::kDepth, " " + Quoted(reader.Field(Column::kDepth)) +
+                                            ": the thickness is another one");
+        }
+        sample.thickness = told;
     }
 
     void ReadLong(RowReader& reader) {

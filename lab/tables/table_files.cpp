@@ -14,7 +14,7 @@ namespace lab {
 
 namespace {
 /// What files of these kinds begin with.
-constexpr std::string_view kZip = "PK";
+constexpr std::string_view kZip = "PK\x03\x04";
 constexpr std::string_view kCompoundFile = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
 
 /// Passes the rows on and tells how far the reading is.

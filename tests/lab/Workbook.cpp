@@ -49,7 +49,7 @@ std::string MakeWorkbook(const std::string& sheet, const std::string& second) {
           "rPh></si>"
           "<si><t>ZK1</t></si><si><t>1-1</t></si></sst>"},
          {"xl/styles.xml",
-          "<styleSheet><numFmts><numFmt numFmtId=\"170\" formatCode=\"&quot;ZK&quot;0\"/>"
+          "<styleSheet><numFmts><numFmt numFmtId=\"170\" formatCode=\"&quot;ZK&quot;General\"/>"
           "<numFmt numFmtId=\"171\" formatCode=\"0000\"/></numFmts><cellXfs><xf numFmtId=\"0\"/>"
           "<xf numFmtId=\"2\"/><xf numFmtId=\"9\"/><xf numFmtId=\"14\"/><xf numFmtId=\"170\"/>"
           "<xf numFmtId=\"171\"/></cellXfs></styleSheet>"},

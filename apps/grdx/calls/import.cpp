@@ -15,14 +15,14 @@ void AddValueKind(CLI::App& call, const std::shared_ptr<ImportRequest>& request)
         {"retained", lab::ValueKind::kRetained},
         {"cumulative", lab::ValueKind::kCumulative},
         {"passing", lab::ValueKind::kPassing}};
-    call.add_option(
-            "--as", request->as,
+    call.add_option_function<std::string>(
+            "--as", [request, kinds](const std::string& name) { request->as = kinds.at(name); },
             Help("what the values are: retained (mass on each sieve), cumulative (mass on "
                  "each sieve and all coarser ones) or passing (percent finer); without it "
                  "as the table's headers say",
                  "数值的含义：retained（各筛筛余质量）、cumulative（累计筛余质量）或 passing"
                  "（小于该粒径的百分数）；不写时按表头"))
-        ->transform(CLI::Transformer(kinds, CLI::ignore_case))
+        ->check(CLI::IsMember({"retained", "cumulative", "passing"}).description(""))
         ->type_name("retained|cumulative|passing");
 }
 

@@ -69,13 +69,25 @@ std::vector<Piece> PiecesOf(std::string_view section) {
             }
             ++i;
         } else {
-            add(IsDateSign(c) || std::string_view("0#?.,%eE+-@/").find(c) == std::string_view::npos
-                    ? !IsDateSign(c)
-                    : false,
-                section.substr(i, 1));
+            const bool sign =
+                IsDateSign(c) || std::string_view("0#?.,%eE+-@/").find(c) != std::string_view::npos;
+            add(!sign, section.substr(i, 1));
         }
     }
     return pieces;
+}
+
+constexpr std::string_view kGeneralCode = "General";
+
+/// A format of General and texts shows the number with the digits that it has.
+std::string PlainCode(std::string_view code) {
+    constexpr const char* kAnyDigits = "0.##########";
+    std::string plain(code);
+    for (std::size_t at = 0;
+         plain != kGeneralCode && (at = plain.find(kGeneralCode, at)) != std::string::npos;) {
+        plain.replace(at, kGeneralCode.size(), kAnyDigits);
+    }
+    return plain;
 }
 
 NumberFormat::Kind KindOf(std::string_view code) {
@@ -84,7 +96,7 @@ NumberFormat::Kind KindOf(std::string_view code) {
     for (const Piece& piece : PiecesOf(Section(code, 0))) {
         signs += piece.literal ? "" : piece.text;
     }
-    if (code.empty() || code.find("General") != std::string_view::npos || code == "GENERAL") {
+    if (code.empty() || code == kGeneralCode) {
         return Kind::kGeneral;
     }
     if (std::any_of(signs.begin(), signs.end(), IsDateSign)) {
@@ -195,7 +207,7 @@ std::string ShowDate(const Moment& moment, std::string_view section) {
 }
 }  // namespace
 
-NumberFormat::NumberFormat(std::string_view code) : code_(code), kind_(KindOf(code)) {}
+NumberFormat::NumberFormat(std::string_view code) : code_(PlainCode(code)), kind_(KindOf(code_)) {}
 
 NumberFormat NumberFormat::BuiltIn(int id) {
     struct Known {
