@@ -10,7 +10,6 @@ namespace host {
 
 // Values as they are typed. Nothing for a text of any other form.
 
-std::optional<double> ParseNumber(const std::string& text);
 /// A point "x,y" in the plane z = 0.
 std::optional<AcGePoint3d> ParsePoint(const std::string& text);
 /// "i,j,…", from 0 up.

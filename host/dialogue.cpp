@@ -15,10 +15,6 @@ bool ComplainAsTold(const std::string& reason) {
     return false;
 }
 
-}  // namespace host
-
-namespace host {
-
 int AskUser(const std::string& question, UINT type) {
     return mfc::CurrentWindowSystem().ShowMessageBox(
         {question, "", type, adsw_acadMainWnd(), true});

@@ -7,17 +7,11 @@
 
 namespace host {
 
-// Print on the command line why something is refused. Always false, so that a refusal is one
-// statement.
-
+/// Prints on the command line why something is refused. Always false, so that a refusal is one
+/// statement.
 bool Complain(Phrase phrase, std::initializer_list<std::string> values = {});
-
-/// A reason that others have put into words (GBK).
+/// Likewise, for a reason that others have put into words (GBK).
 bool ComplainAsTold(const std::string& reason);
-
-}  // namespace host
-
-namespace host {
 
 /// Asks the user in the program's own name; `question` is GBK, `type` and answer as for MessageBox.
 int AskUser(const std::string& question, UINT type);

@@ -9,7 +9,6 @@
 #include "host/picture/shape_hits.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
-#include "platform/db/AcDbObject.h"
 
 namespace host {
 

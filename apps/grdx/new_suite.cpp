@@ -7,7 +7,6 @@
 #include "apps/grdx/sheet_template.h"
 #include "lab/project_texts.h"
 #include "platform/db/AcDbDatabase.h"
-#include "platform/rx/Acad.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"

@@ -1,7 +1,7 @@
 #include <QGuiApplication>
-#include <charconv>
 #include <iostream>
 #include <map>
+#include <optional>
 #include <sstream>
 
 #include <CLI/CLI.hpp>
@@ -15,6 +15,7 @@
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "platform/suite/suite_folder.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/number_text.h"
 
 namespace {
 
@@ -84,11 +85,8 @@ bool Run(const plot::Request& request, const std::string& suite, bool trust,
 
 /// What stands against a resolution; empty for a good one.
 std::string CheckResolution(const std::string& text) {
-    double dots = 0.0;
-    const char* const end = text.data() + text.size();
-    const auto [stop, fault] = std::from_chars(text.data(), end, dots);
-    // Written so that what is no number is none of them either.
-    const bool good = fault == std::errc() && stop == end && dots >= 10.0 && dots <= 2400.0;
+    const std::optional<double> dots = win32::ParseNumber(text);
+    const bool good = dots && *dots >= 10.0 && *dots <= 2400.0;
     return good ? "" : text + " is no number of dots an inch from 10 to 2400";
 }
 

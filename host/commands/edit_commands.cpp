@@ -7,13 +7,11 @@
 #include "host/entity_pick.h"
 #include "host/redraw.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/db/AcDb.h"
 #include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbEntity.h"
-#include "platform/db/AcDbObject.h"
-#include "platform/db/AcDbObjectId.h"
 #include "platform/ge/AcGeMatrix3d.h"
 #include "platform/ge/AcGePoint3d.h"
+#include "platform/win32/number_text.h"
 
 namespace host {
 
@@ -62,7 +60,7 @@ bool Point(const std::string& word, AcGePoint3d& point) {
 }
 
 bool Number(const std::string& word, double& number) {
-    const std::optional<double> parsed = ParseNumber(word);
+    const std::optional<double> parsed = win32::ParseNumber(word);
     number = parsed.value_or(0.0);
     return parsed || Complain("\"%1\" is no number.", {word});
 }

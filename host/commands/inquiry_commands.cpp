@@ -4,12 +4,8 @@
 #include "host/BuiltInCommand.h"
 #include "host/entity_pick.h"
 #include "platform/ap/AcApDocManager.h"
-#include "platform/db/AcDb.h"
 #include "platform/db/AcDbEntity.h"
-#include "platform/db/AcDbExtents.h"
 #include "platform/db/AcDbLayerTable.h"
-#include "platform/db/AcDbObject.h"
-#include "platform/db/AcDbObjectId.h"
 #include "platform/ed/command_line.h"
 #include "platform/ge/AcGePoint3d.h"
 

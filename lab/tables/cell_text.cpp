@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "lab/numbers.h"
+#include "platform/win32/code_page.h"
 
 namespace lab {
 
@@ -53,13 +54,6 @@ std::string_view Plain(std::string_view character, char& buffer) {
         }
     }
     return character;
-}
-
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    return first == std::string_view::npos
-               ? std::string_view()
-               : text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
 bool IsDigit(char c) {
@@ -127,7 +121,7 @@ std::string PlainText(std::string_view utf8) {
         char buffer = 0;
         plain += Plain(TakeCharacter(utf8), buffer);
     }
-    return std::string(Trimmed(plain));
+    return std::string(win32::TrimBlanks(plain));
 }
 
 std::string FoldedHeader(std::string_view utf8) {

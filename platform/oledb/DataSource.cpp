@@ -26,10 +26,6 @@ HRESULT DataSource::CreateSession(IUnknown* outer, REFIID riid, IUnknown** sessi
     return HandOut(new Session(connection_), riid, session);
 }
 
-}  // namespace oledb
-
-namespace oledb {
-
 IUnknown* Session::Find(REFIID riid) {
     if (riid == IID_IOpenRowset || riid == IID_IUnknown) return static_cast<IOpenRowset*>(this);
     if (riid == IID_IDBCreateCommand) return static_cast<IDBCreateCommand*>(this);

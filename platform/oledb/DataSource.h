@@ -28,10 +28,6 @@ private:
     std::shared_ptr<Transaction> transaction_;
 };
 
-}  // namespace oledb
-
-namespace oledb {
-
 class DataSource final : public ComObject<IDBInitialize, IDBCreateSession> {
 public:
     /// `provider` must live as long as the data source.

@@ -3,7 +3,6 @@
 #include "platform/ap/AcApDocManager.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbLayerTable.h"
-#include "platform/db/AcDbSymbolTable.h"
 #include "platform/db/AcDbTextStyleTable.h"
 #include "platform/ed/adesk_results.h"
 #include "platform/ed/file_search.h"
