@@ -1,7 +1,10 @@
 #include "apps/grdx/draw.h"
 
+#include <cstdlib>
+
 #include "apps/grdx/ConsoleSession.h"
 #include "apps/grdx/SheetAnswers.h"
+#include "src/facts/curve_form.h"
 
 namespace console {
 
@@ -52,6 +55,9 @@ private:
 
 bool DrawCharts(const std::string& suiteFolder, const DrawRequest& request,
                 MessageStream& messages) {
+    if (request.curve) {
+        setenv(kCurveFormVariable, request.curve->c_str(), 1);
+    }
     ConsoleSession session(messages);
     session.Start(suiteFolder);
     return Run(request, session).Draw();

@@ -33,6 +33,7 @@ struct DrawRequest {
     std::vector<std::string> items;  ///< sample numbers or layer labels
     bool all = false;                ///< everything that the page offers, instead of `items`
     PageChoices choices;
+    std::optional<std::string> curve;  ///< "guarded" or "plain", for this run; else as set
 };
 
 /// Runs the chart command in the suite folder and answers its dialogs. Prints the path of every

@@ -1,5 +1,6 @@
 #include "apps/grdx/drawing_info.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <iterator>
 
@@ -7,6 +8,7 @@
 
 #include "apps/grdx/Failure.h"
 #include "host/model_entities.h"
+#include "platform/db/AcDbCircle.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbTextStyleTable.h"
@@ -14,6 +16,7 @@
 #include "platform/dwg/DwgInFiler.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
+#include "src/facts/curve_form.h"
 
 namespace console {
 
@@ -104,6 +107,33 @@ DrawingInfo::Curve ReadCurve(const AcDbKeptEntity& entity, const DrawingInfo& in
     return curve;
 }
 
+/// Centre of an entity that looks like the dot of a measured point.
+std::optional<AcGePoint3d> DotCenter(const AcDbEntity& entity) {
+    if (!entity.isKindOf(AcDbCircle::desc())) {
+        return std::nullopt;
+    }
+    const auto& circle = static_cast<const AcDbCircle&>(entity);
+    return circle.radius() == kDotRadius ? std::optional(circle.center()) : std::nullopt;
+}
+
+/// Whether a dot is of the curve: it lies in its grid, or at one of its points beside the grid. A
+/// point that was moved leaves its dot where it was.
+bool IsOfCurve(const AcGePoint3d& dot, const CurveFields& curve) {
+    const AcGePoint3d& corner = curve.gridOrigin;
+    const bool inGrid = dot.x >= corner.x && dot.x <= corner.x + curve.gridWidth &&
+                        dot.y <= corner.y && dot.y >= corner.y - curve.gridHeight;
+    return inGrid || std::any_of(curve.curvePoints.begin(), curve.curvePoints.end(),
+                                 [&](const AcGePoint3d& point) { return point.isEqualTo(dot); });
+}
+
+/// All points of a curve are measured where a sheet has none of its dots.
+int CountMeasured(const CurveFields& curve, const std::vector<AcGePoint3d>& dots) {
+    const auto own = std::count_if(dots.begin(), dots.end(),
+                                   [&](const AcGePoint3d& dot) { return IsOfCurve(dot, curve); });
+    const int points = curve.curvePoints.length();
+    return own == 0 ? points : static_cast<int>(std::min<std::ptrdiff_t>(own, points));
+}
+
 /// Adds the fields that it is called for.
 class JsonFields {
 public:
@@ -141,6 +171,8 @@ private:
 Json CurveAsJson(const DrawingInfo::Curve& curve, bool ofLayers) {
     Json json = {{"handle", HandleText(curve.handle)}};
     CurveFields::ForEach(curve.fields, JsonFields(json, curve.textStyle));
+    json["measuredPoints"] = curve.measuredPoints;
+    json["addedPoints"] = curve.fields.curvePoints.length() - curve.measuredPoints;
     if (ofLayers) {
         CurveFields::ForEachLayerNumber(curve.fields, [&](const char* name, Adesk::Int32 number) {
             json[name] = curve.hasLayerNumbers ? Json(number) : Json();
@@ -164,13 +196,20 @@ DrawingInfo ReadDrawingInfo(const std::string& file, bool ofLayers) {
     info.codePage = CodePageOf(database.header().DWGCODEPAGE);
     info.ofLayers = ofLayers;
     info.damage = database.damage().report();
-    host::ForEachModelSpaceEntity(database, [&info](AcDbEntity& entity) {
+    std::vector<AcGePoint3d> dots;
+    host::ForEachModelSpaceEntity(database, [&](AcDbEntity& entity) {
         const std::string className = ClassName(entity);
         ++info.entities[className];
         if (className == kCurveClass && entity.isKindOf(AcDbKeptEntity::desc())) {
             info.curves.push_back(ReadCurve(static_cast<const AcDbKeptEntity&>(entity), info));
         }
+        if (const std::optional<AcGePoint3d> center = DotCenter(entity)) {
+            dots.push_back(*center);
+        }
     });
+    for (DrawingInfo::Curve& curve : info.curves) {
+        curve.measuredPoints = CountMeasured(curve.fields, dots);
+    }
     return info;
 }
 

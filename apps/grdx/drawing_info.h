@@ -18,6 +18,8 @@ struct DrawingInfo {
         AcDbHandle handle = 0;
         CurveFields fields;
         bool hasLayerNumbers = false;
+        /// How many of its points are measured; the others were added by guarding.
+        int measuredPoints = 0;
         std::string textStyle;  ///< name of the style (GBK); empty when the file has no such style
     };
 

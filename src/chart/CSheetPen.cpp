@@ -1,12 +1,12 @@
 #include "src/chart/CSheetPen.h"
 
 #include "platform/db/AcDbText.h"
+#include "src/facts/curve_form.h"
 
 namespace {
 
 constexpr double kHeavyLineWidth = 0.9;
 constexpr Adesk::UInt16 kHeavyLineColor = 7;
-constexpr double kDotRadius = 0.5;
 constexpr Adesk::UInt16 kDotColor = 1;
 constexpr double kTextWidthFactor = 0.7;
 

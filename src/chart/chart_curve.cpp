@@ -65,14 +65,15 @@ void DrawDots(const CSheetPen& pen, const AcGePoint3dArray& points) {
 }
 
 void AddCurve(const CSheetPen& pen, GrainSizeRecord& record, const CurveGrid& grid,
-              const AcGePoint3dArray& points, const AcGePoint3dArray& valuePoints) {
+              const AcGePoint3dArray& measured, const AcGePoint3dArray& valuePoints) {
     auto curve = std::make_unique<CKFCurve>();
     curve->SetIdentity(static_cast<Adesk::Int16>(ProjectContext.GCBZ),
                        static_cast<Adesk::Int16>(record.projectIndex), ProjectContext.GCBH,
                        record.borehole, record.sample);
     curve->SetGrid(grid.gridOrigin, grid.wideAxis, grid.decadeLength, grid.gridWidth,
                    grid.gridHeight, kValueHeight * ChartTextHeight);
-    curve->SetPoints(points, valuePoints);
+    const CurveForm form = GuardedCurves ? CurveForm::guarded : CurveForm::plain;
+    curve->SetPoints(FitPoints(measured, grid, form), valuePoints);
     curve->SetTextStyleId(QvFontStyleId);
     if (record.kind == RecordKind::layer) {
         curve->SetLayerKey(CurrentMainLayer, CurrentSubLayer);

@@ -19,8 +19,9 @@ bool LoadChartData(RecordKind kind, ChartData& data);
 
 /// Marks the measured points.
 void DrawDots(const CSheetPen& pen, const AcGePoint3dArray& points);
-/// Makes the record's curve, reads its values, stores them, of a sample with its class percentages,
-/// and adds it to the sheet. The values will be written at `valuePoints`, a little smaller than
-/// ChartTextHeight. A row that is missing for the percentages is told on the command line.
+/// Makes the record's curve through the measured points, guarded if asked for, reads its values,
+/// stores them, of a sample with its class percentages, and adds it to the sheet. The values will
+/// be written at `valuePoints`, a little smaller than ChartTextHeight. A row that is missing for
+/// the percentages is told on the command line.
 void AddCurve(const CSheetPen& pen, GrainSizeRecord& record, const CurveGrid& grid,
-              const AcGePoint3dArray& points, const AcGePoint3dArray& valuePoints);
+              const AcGePoint3dArray& measured, const AcGePoint3dArray& valuePoints);

@@ -73,6 +73,8 @@ inline AnnotationSettings Annotation;
 /// Choices of the option page.
 inline bool OuterFrameOption = false;
 inline bool RightAxisOption = false;
+/// Whether curves are guarded, as the running chart command found it.
+inline bool GuardedCurves = false;
 /// The layer command's copy of the recompute option, read by the layer loader.
 inline bool RecomputePercentages = false;
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "src/core/guarded_curve.h"
 #include "src/core/number_format.h"
 
 namespace {
@@ -112,7 +113,12 @@ const DiameterLevel* ReadDiameters(const AcGeCubicSplineCurve3d& curve, const Cu
     return nullptr;
 }
 
-std::optional<CurveShape> ShapeOf(const GrainSizeRecord& record, ChartKind kind,
+AcGePoint3dArray FitPoints(const AcGePoint3dArray& measured, const CurveGrid& grid,
+                           CurveForm form) {
+    return form == CurveForm::guarded ? GuardedPoints(measured, grid) : measured;
+}
+
+std::optional<CurveShape> ShapeOf(const GrainSizeRecord& record, ChartKind kind, CurveForm form,
                                   const AcGePoint3d& origin) {
     std::vector<double> passing;
     if (!ComputePassing(record, passing)) {
@@ -120,7 +126,7 @@ std::optional<CurveShape> ShapeOf(const GrainSizeRecord& record, ChartKind kind,
     }
     CurveShape shape;
     shape.grid = GridOf(record, kind, origin);
-    shape.points = CurvePoints(record, passing, shape.grid);
+    shape.points = FitPoints(CurvePoints(record, passing, shape.grid), shape.grid, form);
     shape.curve = CurveThrough(shape.points);
     ReadDiameters(shape.curve, shape.grid, shape.diameters);
     return shape;

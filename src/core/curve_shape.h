@@ -60,14 +60,23 @@ AcGeCubicSplineCurve3d CurveThrough(const AcGePoint3dArray& points);
 const DiameterLevel* ReadDiameters(const AcGeCubicSplineCurve3d& curve, const CurveGrid& grid,
                                    std::vector<double>& diameters);
 
+/// How a chart's curve is laid through the measured points.
+enum class CurveForm {
+    plain,   ///< through these alone
+    guarded  ///< with the further points of GuardedPoints
+};
+/// The points that the curve is laid through.
+AcGePoint3dArray FitPoints(const AcGePoint3dArray& measured, const CurveGrid& grid, CurveForm form);
+
 /// What a chart shows of a record, and what is read off it.
 struct CurveShape {
     CurveGrid grid;
-    AcGePoint3dArray points;       ///< plotted points on the sheet
+    AcGePoint3dArray points;       ///< on the sheet, those of a guarded curve's own included
     AcGeCubicSplineCurve3d curve;  ///< through them
     std::vector<double> diameters;
 };
 /// The curve of a record as its chart would draw it; nothing where ComputePassing refuses it. Where
 /// the chart stands on the sheet makes no difference but in the last digits of positions.
 std::optional<CurveShape> ShapeOf(const GrainSizeRecord& record, ChartKind kind,
+                                  CurveForm form = CurveForm::plain,
                                   const AcGePoint3d& origin = {});

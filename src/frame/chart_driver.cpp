@@ -14,6 +14,7 @@
 #include "src/frame/project_context.h"
 #include "src/frame/sheet_making.h"
 #include "src/ui/CKefenSheet.h"
+#include "src/ui/settings.h"
 
 namespace {
 
@@ -65,6 +66,7 @@ void DrawCharts(const ChartFamily& family) {
         return;
     }
     LoadProjectContext();
+    GuardedCurves = ReadGuardedCurves();
     const ResourceScope resources;
     CKefenSheet sheet("颗粒分析成果图"_gbk, CWnd::FromHandle(adsw_acadMainWnd()));
     const DocumentModeScope documentMode;

@@ -2,9 +2,11 @@
 
 #include <array>
 #include <cstdlib>
+#include <string_view>
 
 #include "platform/win32/private_profile.h"
 #include "src/common/module_state.h"
+#include "src/facts/curve_form.h"
 #include "src/facts/mark_keys.h"
 
 namespace {
@@ -24,6 +26,13 @@ bool ReadSettingFlag(const char* key) {
 
 std::string ReadSettingText(const char* key) {
     return ReadSetting(key, "");
+}
+
+bool ReadGuardedCurves() {
+    if (const char* const form = std::getenv(kCurveFormVariable)) {
+        return std::string_view(form) == kGuardedForm;
+    }
+    return GetPrivateProfileInt(kCurveSection, kGuardKey, 0, SettingsProfilePath.c_str()) == 1;
 }
 
 void WriteSettingFlag(const char* key, bool on) {

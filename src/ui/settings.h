@@ -7,6 +7,9 @@
 bool ReadSettingFlag(const char* key);
 /// At most 49 bytes, cut at a whole character.
 std::string ReadSettingText(const char* key);
+/// Whether the charts' curves are to be guarded: for this run of the program, or else by the
+/// settings profile.
+bool ReadGuardedCurves();
 void WriteSettingFlag(const char* key, bool on);
 void WriteSettingText(const char* key, const std::string& text);
 

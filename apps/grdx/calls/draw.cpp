@@ -2,6 +2,7 @@
 #include "apps/grdx/CallTable.h"
 #include "apps/terminal/help.h"
 #include "lab/numbers.h"
+#include "src/facts/curve_form.h"
 
 namespace console {
 
@@ -67,6 +68,17 @@ void AddItems(CLI::App& call, const char* name, const std::string& what, const c
         }
     });
 }
+
+void AddCurve(CLI::App& call, DrawRequest& request) {
+    call.add_option("--curve", request.curve,
+                    Help("for this run: plain, the curve through the measured points alone, or "
+                         "guarded, with further points where that one runs back, rises or leaves "
+                         "0 to 100 %. Else as settings.ini says",
+                         "仅用于本次：plain 只通过实测点；guarded "
+                         "在曲线回折、上升或超出 0~100 % 处加点。未给出时按 settings.ini"))
+        ->type_name("FORM")
+        ->check(CLI::IsMember({kGuardedForm, kPlainForm}));
+}
 }  // namespace
 
 void AddDrawCalls(CallTable& calls) {
@@ -96,6 +108,7 @@ void AddDrawCalls(CallTable& calls) {
              "L", *request);
     for (CLI::App* call : {&samples, &layers}) {
         AddPageChoices(*call, request->choices);
+        AddCurve(*call, *request);
         calls.AddSuite(*call);
         calls.AddWait(*call);
     }
