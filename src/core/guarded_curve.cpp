@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "src/core/curve_shape.h"
+#include "src/core/number_format.h"
 
 namespace {
 
@@ -13,9 +15,8 @@ constexpr double kRunsBackBound = 0.05;
 constexpr double kPercentBound = 0.05;
 /// Nearer than this, drawing units, two points have the same size.
 constexpr double kSameX = 1e-9;
-/// How far, drawing units, a diameter may be read beside a size at which mass is measured twice: no
-/// more than its three decimals show.
-constexpr double kOneSizeTolerance = 1e-5;
+/// What rounding may add to a diameter or take from it, mm.
+constexpr double kRounding = 0.0005 + 1e-9;
 /// A longer piece beside one that is divided is divided too: a spline keeps swinging where short
 /// pieces meet long ones.
 constexpr double kLongNeighbour = 1.5;
@@ -298,11 +299,10 @@ private:
         return std::find(marked_.begin(), marked_.end(), true) == marked_.end();
     }
 
-    /// Marks the pieces that meet a level elsewhere than the measured points do, or out of order.
+    /// Marks the pieces that give a diameter which is not where it was measured, or out of order.
     void CheckDiameters() {
         std::vector<AcGePoint3d> crossings;
-        const AcGePoint3d* coarser = nullptr;
-        AcGePoint3d last;
+        std::optional<AcGePoint3d> coarser;
         for (const int index : {kD95, kD90, kD85, kD60, kD50, kD30, kD15, kD10}) {
             const double y = grid_.YOfLevel(kDiameterLevels[static_cast<std::size_t>(index)]);
             crossings.clear();
@@ -314,13 +314,17 @@ private:
             if (!IsWhereMeasured(first)) {
                 MarkAround(first);
             }
-            if (coarser != nullptr && first.x < coarser->x) {
+            if (coarser && Diameter(first) > Diameter(*coarser)) {
                 MarkAround(first);
                 MarkAround(*coarser);
             }
-            last = first;
-            coarser = &last;
+            coarser = first;
         }
+    }
+
+    /// As it is read off the curve there.
+    double Diameter(const AcGePoint3d& point) const {
+        return RoundAsPrinted(grid_.SizeOfX(point.x), 3);
     }
 
     void MarkAround(const AcGePoint3d& point) {
@@ -332,20 +336,20 @@ private:
         }
     }
 
-    /// The first measured point that is not above the level; the end for none.
-    auto FirstBelow(double y) const {
-        return std::find_if(measured_.begin(), measured_.end(),
-                            [y](const AcGePoint3d& point) { return point.y <= y; });
-    }
-
+    /// Whether the diameter lies between the sizes measured around its level, but for its rounding.
     bool IsWhereMeasured(const AcGePoint3d& crossing) const {
-        const auto below = FirstBelow(crossing.y);
+        const auto below = std::find_if(
+            measured_.begin(), measured_.end(),
+            [&](const AcGePoint3d& point) { return point.y <= crossing.y + AcGeTol::equalPoint; });
         if (below == measured_.end()) {
-            return std::abs(crossing.x - measured_.back().x) < kSameX;
+            return false;
         }
-        const double from = below == measured_.begin() ? below->x : (below - 1)->x;
-        const double tolerance = below->x - from < kSameX ? kOneSizeTolerance : kSameX;
-        return crossing.x > from - tolerance && crossing.x < below->x + tolerance;
+        if (below == measured_.begin()) {
+            return crossing.y - below->y <= AcGeTol::equalPoint;
+        }
+        const double diameter = Diameter(crossing);
+        return diameter <= grid_.SizeOfX((below - 1)->x) + kRounding &&
+               diameter >= grid_.SizeOfX(below->x) - kRounding;
     }
 
     double Chord(std::size_t piece) const {

@@ -110,7 +110,8 @@ TEST(CurveShape, IsWhatTheChartOfThatKindShows) {
                  {many, ChartKindOf(1), 120, 40},
                  {many, ChartKindOf(2), 160, 65}};
     for (const auto& c : cases) {
-        const std::optional<CurveShape> shape = ShapeOf(c.record, c.kind, {30, 200, 0});
+        const std::optional<CurveShape> shape =
+            ShapeOf(c.record, c.kind, CurveForm::plain, {30, 200, 0});
         ASSERT_TRUE(shape);
         EXPECT_EQ(shape->grid.gridWidth, c.width);
         EXPECT_EQ(shape->grid.gridHeight, c.height);
