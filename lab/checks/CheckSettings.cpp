@@ -10,6 +10,7 @@
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_replace.h"
 #include "platform/win32/windows_path.h"
+#include "src/facts/curve_form.h"
 #include "src/facts/mark_keys.h"
 
 namespace lab {
@@ -27,6 +28,9 @@ CheckSettings ReadCheckSettings() {
     std::string value;
     if (profile.Find(kSettingsSection, "bBFHL", value)) {
         settings.recompute = std::atoi(value.c_str()) != 0;
+    }
+    if (profile.Find(kCurveSection, kGuardKey, value) && std::atoi(value.c_str()) == 1) {
+        settings.curve = CurveForm::guarded;
     }
     if (profile.Find("Check", "MassLoss", value) && !value.empty()) {
         const std::optional<double> percent = ParseNumber(value);

@@ -64,7 +64,7 @@ void CheckSheetRoom(const GrainSizeRecord& record, const CurveShape& shape, Char
                       std::to_string(kMostTableColumns),
                   static_cast<double>(columns));
     }
-    for (const AcGePoint3d& point : shape.points) {
+    for (const AcGePoint3d& point : shape.measured) {
         if (point.x < shape.grid.Left() - kEdge || point.x > shape.grid.Right() + kEdge) {
             const double size = shape.grid.SizeOfX(point.x);
             notes.Add(Severity::kWarning, "size-outside-grid",

@@ -52,7 +52,7 @@ FindingList CheckProject(const ProjectData& data, const CheckSettings& settings,
         FindingNotes notes(findings, SubjectOf(key));
         names.CheckSample(key, notes);
         if (CheckData(sample.stored, settings, notes)) {
-            CheckChart(sample, kind, notes);
+            CheckChart(sample, kind, settings, notes);
         }
     }
     for (const ProjectLayer& layer : data.layers) {

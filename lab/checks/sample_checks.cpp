@@ -192,9 +192,10 @@ bool CheckData(const StoredSample& sample, const CheckSettings& settings, Findin
     return sample.unreadable.empty();
 }
 
-void CheckChart(const ProjectSample& sample, ChartKind kind, FindingNotes& notes) {
+void CheckChart(const ProjectSample& sample, ChartKind kind, const CheckSettings& settings,
+                FindingNotes& notes) {
     const std::optional<GrainSizeRecord> record = RecordOf(sample.stored.data);
-    const std::optional<CurveShape> shape = ShapeOf(*record, kind);
+    const std::optional<CurveShape> shape = ShapeOf(*record, kind, settings.curve);
     CheckSheetRoom(*record, *shape, kind, notes);
     CheckCurve(*shape, notes);
     CheckDiameters(*shape, notes);
@@ -233,7 +234,7 @@ void CheckLayer(const ProjectLayer& layer, ChartKind kind, const CheckSettings& 
         notes.Add(Severity::kWarning, "layer-sum",
                   "the fractions add up to " + FigureText(sum) + " %", RoundAsPrinted(sum, 3));
     }
-    const std::optional<CurveShape> shape = ShapeOf(*record, kind);
+    const std::optional<CurveShape> shape = ShapeOf(*record, kind, settings.curve);
     CheckSheetRoom(*record, *shape, kind, notes);
     CheckCurve(*shape, notes);
     CheckDiameters(*shape, notes);

@@ -12,7 +12,8 @@ namespace lab {
 bool CheckData(const StoredSample& sample, const CheckSettings& settings, FindingNotes& notes);
 
 /// What its sheet, its curve and its stored results make of a record that can be drawn.
-void CheckChart(const ProjectSample& sample, ChartKind kind, FindingNotes& notes);
+void CheckChart(const ProjectSample& sample, ChartKind kind, const CheckSettings& settings,
+                FindingNotes& notes);
 
 /// The same two for a layer.
 void CheckLayer(const ProjectLayer& layer, ChartKind kind, const CheckSettings& settings,

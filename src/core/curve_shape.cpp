@@ -126,7 +126,8 @@ std::optional<CurveShape> ShapeOf(const GrainSizeRecord& record, ChartKind kind,
     }
     CurveShape shape;
     shape.grid = GridOf(record, kind, origin);
-    shape.points = FitPoints(CurvePoints(record, passing, shape.grid), shape.grid, form);
+    shape.measured = CurvePoints(record, passing, shape.grid);
+    shape.points = FitPoints(shape.measured, shape.grid, form);
     shape.curve = CurveThrough(shape.points);
     ReadDiameters(shape.curve, shape.grid, shape.diameters);
     return shape;

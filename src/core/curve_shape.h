@@ -71,7 +71,8 @@ AcGePoint3dArray FitPoints(const AcGePoint3dArray& measured, const CurveGrid& gr
 /// What a chart shows of a record, and what is read off it.
 struct CurveShape {
     CurveGrid grid;
-    AcGePoint3dArray points;       ///< on the sheet, those of a guarded curve's own included
+    AcGePoint3dArray measured;     ///< points on the sheet
+    AcGePoint3dArray points;       ///< the same, with those that guarding adds
     AcGeCubicSplineCurve3d curve;  ///< through them
     std::vector<double> diameters;
 };

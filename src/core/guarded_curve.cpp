@@ -5,14 +5,12 @@
 #include <limits>
 #include <optional>
 
+#include "src/core/curve_faults.h"
 #include "src/core/curve_shape.h"
 #include "src/core/number_format.h"
 
 namespace {
 
-/// What the curve may run back, drawing units, and rise or leave the range, percent.
-constexpr double kRunsBackBound = 0.05;
-constexpr double kPercentBound = 0.05;
 /// Nearer than this, drawing units, two points have the same size.
 constexpr double kSameX = 1e-9;
 /// What rounding may add to a diameter or take from it, mm.
@@ -270,14 +268,14 @@ private:
                 down = {};
                 down.Follow((rising ? 1.0 : -1.0) * turns[i > 0 ? i - 1 : 0].y, turn.piece);
             }
-            if (along.Follow(turn.x, turn.piece) >= kRunsBackBound) {
+            if (along.Follow(turn.x, turn.piece) >= kToleratedRunBack) {
                 Mark(along.farthestPiece, turn.piece);
             }
             const double ahead = (rising ? 1.0 : -1.0) * turn.y;
-            if (Percent(down.Follow(ahead, turn.piece)) >= kPercentBound) {
+            if (Percent(down.Follow(ahead, turn.piece)) >= kToleratedPercent) {
                 Mark(down.farthestPiece, turn.piece);
             }
-            if (Percent(std::max(turn.y - top_, bottom_ - turn.y)) >= kPercentBound) {
+            if (Percent(std::max(turn.y - top_, bottom_ - turn.y)) >= kToleratedPercent) {
                 Mark(turn.piece, turn.piece);
             }
         }
