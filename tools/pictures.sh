@@ -23,4 +23,15 @@ sheet() { # NAME STANDARD-CODE
 }
 sheet a4-sheet 0
 sheet a3-sheet 2
+# The chart of one sample, as a plain and as a guarded curve.
+curve() { # FORM
+    local suite=$chinese/curve
+    "$build/bin/grdx" draw samples -s "$suite" --borehole ZK1 --all --curve "$1" |
+        xargs -I{} "$build/bin/grdx" plot {} --to pdf -o "$chinese/$1.pdf"
+    pdftoppm -png -singlefile -r 200 -x 740 -y 405 -W 400 -H 450 "$chinese/$1.pdf" "$pictures/curve-$1"
+}
+"$build/bin/grdx" new "$chinese/curve" --number 2026-017
+"$build/bin/grdx" import samples samples/uniform-sand.csv -s "$chinese/curve"
+curve plain
+curve guarded
 find "$pictures" -name '*.png' -size +300k -exec echo 'too large: {}' \; -exec false {} +
