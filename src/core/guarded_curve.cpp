@@ -5,95 +5,23 @@
 #include <limits>
 #include <optional>
 
+#include "src/core/MonotoneCubic.h"
 #include "src/core/curve_faults.h"
 #include "src/core/curve_shape.h"
 #include "src/core/number_format.h"
 
 namespace {
 
-/// Nearer than this, drawing units, two points have the same size.
-constexpr double kSameX = 1e-9;
+/// Places are compared to this, drawing units.
+constexpr double kNear = 1e-9;
 /// What rounding may add to a diameter or take from it, mm.
 constexpr double kRounding = 0.0005 + 1e-9;
 /// A longer piece beside one that is divided is divided too: a spline keeps swinging where short
 /// pieces meet long ones.
 constexpr double kLongNeighbour = 1.5;
-/// Far more rounds than any curve of tests takes; each divides pieces by two.
+/// Far more than any grading takes, so that the work ends whatever the points are.
 constexpr int kMostRounds = 40;
-
-/// The monotone cubic through points ordered by x: Hermite pieces whose slopes are the weighted
-/// harmonic means of the straight slopes around a point, 0 where these have different signs.
-class MonotoneCubic {
-public:
-    explicit MonotoneCubic(const std::vector<AcGePoint3d>& points)
-        : points_(points), slopes_(points.size(), 0.0) {
-        // Points of one size stand above each other; on both sides of them the cubic begins anew.
-        for (std::size_t first = 0; first < points_.size();) {
-            std::size_t last = first;
-            while (last + 1 < points_.size() && Width(last) > kSameX) {
-                ++last;
-            }
-            SetSlopes(first, last);
-            first = last + 1;
-        }
-    }
-
-    /// The point half way between two points of the piece that starts at that measured point.
-    AcGePoint3d Between(std::size_t piece, const AcGePoint3d& a, const AcGePoint3d& b) const {
-        const double x = (a.x + b.x) / 2.0;
-        return {x, Width(piece) > kSameX ? At(piece, x) : (a.y + b.y) / 2.0, 0.0};
-    }
-
-private:
-    double Width(std::size_t piece) const { return points_[piece + 1].x - points_[piece].x; }
-    double Secant(std::size_t piece) const {
-        return (points_[piece + 1].y - points_[piece].y) / Width(piece);
-    }
-
-    void SetSlopes(std::size_t first, std::size_t last) {
-        if (last - first == 1) {
-            slopes_[first] = slopes_[last] = Secant(first);
-        }
-        if (last - first < 2) {
-            return;
-        }
-        for (std::size_t i = first + 1; i < last; ++i) {
-            const double before = Secant(i - 1);
-            const double after = Secant(i);
-            if (before * after > 0.0) {
-                const double w1 = 2.0 * Width(i) + Width(i - 1);
-                const double w2 = Width(i) + 2.0 * Width(i - 1);
-                slopes_[i] = (w1 + w2) / (w1 / before + w2 / after);
-            }
-        }
-        slopes_[first] = EndSlope(Width(first), Width(first + 1), Secant(first), Secant(first + 1));
-        slopes_[last] =
-            EndSlope(Width(last - 1), Width(last - 2), Secant(last - 1), Secant(last - 2));
-    }
-
-    /// Slope at the end of a piece from it and the next one, as far as the piece stays monotone.
-    static double EndSlope(double width, double nextWidth, double secant, double nextSecant) {
-        const double slope =
-            ((2.0 * width + nextWidth) * secant - width * nextSecant) / (width + nextWidth);
-        if (slope * secant <= 0.0) {
-            return 0.0;
-        }
-        const bool bends = secant * nextSecant <= 0.0;
-        return bends && std::abs(slope) > 3.0 * std::abs(secant) ? 3.0 * secant : slope;
-    }
-
-    double At(std::size_t piece, double x) const {
-        const double h = Width(piece);
-        const double u = (x - points_[piece].x) / h;
-        const double v = 1.0 - u;
-        return v * v * (1.0 + 2.0 * u) * points_[piece].y +
-               u * u * (3.0 - 2.0 * u) * points_[piece + 1].y +
-               h * u * v * (v * slopes_[piece] - u * slopes_[piece + 1]);
-    }
-
-    const std::vector<AcGePoint3d>& points_;
-    std::vector<double> slopes_;
-};
+constexpr std::size_t kMostPoints = 500;
 
 /// A place of the curve where one of its coordinates may turn, or a fit point.
 struct Turn {
@@ -200,16 +128,16 @@ public:
         }
     }
 
-    void Add(const AcGePoint3d& point, std::size_t after) {
-        fits_.insert(fits_.begin() + static_cast<std::ptrdiff_t>(after) + 1,
-                     {point, fits_[after].measured, true});
-    }
-
     void Guard() {
-        for (int round = 0; round < kMostRounds && !IsInOrder(); ++round) {
+        bool inOrder = IsInOrder();
+        for (int round = 0; !inOrder && round < kMostRounds && fits_.size() < kMostPoints;
+             ++round) {
             Divide();
+            inOrder = IsInOrder();
         }
-        LeaveOut();
+        if (inOrder) {
+            LeaveOut();
+        }
     }
 
     /// The points added between the measured point of that index and the next one.
@@ -308,10 +236,14 @@ private:
             if (crossings.empty()) {
                 continue;  // at or beyond an end of the curve, or outside the grid
             }
-            const AcGePoint3d& first = crossings.front();
-            if (!IsWhereMeasured(first)) {
-                MarkAround(first);
+            // The first counts, but all that come too early are mended together.
+            for (const AcGePoint3d& crossing : crossings) {
+                if (IsWhereMeasured(crossing)) {
+                    break;
+                }
+                MarkAround(crossing);
             }
+            const AcGePoint3d& first = crossings.front();
             if (coarser && Diameter(first) > Diameter(*coarser)) {
                 MarkAround(first);
                 MarkAround(*coarser);
@@ -329,8 +261,8 @@ private:
         for (std::size_t piece = 0; piece + 1 < fits_.size(); ++piece) {
             const Box& box = boxes_[piece];
             marked_[piece] =
-                marked_[piece] || (point.x >= box.left - kSameX && point.x <= box.right + kSameX &&
-                                   point.y >= box.bottom - kSameX && point.y <= box.top + kSameX);
+                marked_[piece] || (point.x >= box.left - kNear && point.x <= box.right + kNear &&
+                                   point.y >= box.bottom - kNear && point.y <= box.top + kNear);
         }
     }
 
@@ -370,9 +302,11 @@ private:
         }
         for (std::size_t piece = fits_.size() - 1; piece-- > 0;) {
             if (divided[piece]) {
-                Add(shape_.Between(fits_[piece].measured, fits_[piece].point,
-                                   fits_[piece + 1].point),
-                    piece);
+                const std::size_t measured = fits_[piece].measured;
+                const AcGePoint3d between =
+                    shape_.Between(measured, fits_[piece].point, fits_[piece + 1].point);
+                fits_.insert(fits_.begin() + static_cast<std::ptrdiff_t>(piece) + 1,
+                             {between, measured, true});
             }
         }
     }
