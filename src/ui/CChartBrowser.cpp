@@ -8,7 +8,7 @@
 #include "src/common/module_state.h"
 #include "src/core/gbk_text.h"
 #include "src/facts/control_ids.h"
-#include "src/ui/module_icon.h"
+#include "src/ui/plugin_resources.h"
 #include "src/ui/sample_lists.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include "platform/mfc/message_box.h"
 #include "src/common/module_state.h"
 #include "src/core/gbk_text.h"
-#include "src/ui/module_icon.h"
+#include "src/ui/plugin_resources.h"
 
 CKefenSheet::CKefenSheet(UINT captionNumber, CWnd* parent, UINT firstPage)
     : CPropertySheet(captionNumber, parent, firstPage) {

@@ -1,7 +1,10 @@
 #include "src/ui/plugin_resources.h"
 
+#include "platform/mfc/CWnd.h"
 #include "platform/mfc/message_box.h"
 #include "platform/mfc/window_styles.h"
+#include "platform/win32/window_message.h"
+#include "src/common/module_state.h"
 #include "src/core/gbk_text.h"
 #include "src/facts/control_ids.h"
 
@@ -157,4 +160,11 @@ const mfc::ModuleResources& PluginResources() {
         .icons = {{IDI_GRDX, kIcon}},
         .strings = {}};
     return resources;
+}
+
+void SetModuleIcon(CWnd& window) {
+    HICON const icon =
+        LoadIcon(ExtensionModule.ModuleResourceInstance(), MAKEINTRESOURCE(IDI_GRDX));
+    window.SendMessage(WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(icon));
+    window.SendMessage(WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(icon));
 }
