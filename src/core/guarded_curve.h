@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ge/AcGePoint3dArray.h"
+#include "platform/ge/AcGePoint3d.h"
 #include "src/core/CurveGrid.h"
 
 /// The measured points (from the coarsest sieve to the finest) with further points between them, by
