@@ -10,8 +10,6 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::IsSupersetOf;
 using testing::StartsWith;
 
 class Sheet : public ChartFixture {
