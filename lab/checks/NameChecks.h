@@ -7,7 +7,7 @@
 
 #include "lab/ProjectData.h"
 #include "lab/checks/Finding.h"
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 namespace lab {
 

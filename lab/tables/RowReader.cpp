@@ -5,7 +5,7 @@
 
 #include "lab/numbers.h"
 #include "platform/win32/code_page.h"
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 namespace lab {
 

@@ -10,7 +10,7 @@
 #include "lab/tables/AgsFile.h"
 #include "lab/tables/sample_table.h"
 #include "platform/win32/code_page.h"
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 namespace lab {
 

@@ -6,7 +6,7 @@
 #include "lab/numbers.h"
 #include "lab/tables/RowReader.h"
 #include "lab/tables/TableHeader.h"
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 namespace lab {
 

@@ -4,7 +4,7 @@
 #include "src/chart/result_chart.h"
 #include "src/common/module_state.h"
 #include "src/core/gbk_text.h"
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 #include "src/frame/chart_openers.h"
 #include "src/ui/CKefenSheet.h"
 

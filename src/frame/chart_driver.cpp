@@ -9,10 +9,10 @@
 #include "src/db/project_database.h"
 #include "src/frame/ChartFamily.h"
 #include "src/frame/ResourceScope.h"
+#include "src/frame/a4_and_a3_sheets.h"
 #include "src/frame/chart_folder.h"
 #include "src/frame/documents.h"
 #include "src/frame/project_context.h"
-#include "src/frame/sheet_making.h"
 #include "src/ui/CKefenSheet.h"
 #include "src/ui/settings.h"
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "platform/mfc/CListBox.h"
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 #include "src/ui/CModulePage.h"
 
 /// Choice of one borehole and any number of its samples. CurrentBorehole is the borehole shown.

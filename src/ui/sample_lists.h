@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 /// The samples of a filter's test items (table_filters.h). Texts are GBK, in the database's order,
 /// without repetitions that follow each other. False, after telling the user, when not all of them

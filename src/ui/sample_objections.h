@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 /// Why no charts of these samples of one borehole can be drawn, for a message box: a name cannot
 /// stand in a sheet's file name or in a mark, the borehole's marks would be another's too, or the

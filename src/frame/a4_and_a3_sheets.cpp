@@ -1,4 +1,4 @@
-#include "src/frame/sheet_making.h"
+#include "src/frame/a4_and_a3_sheets.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "src/core/sample_names.h"
+#include "src/core/sample_and_sheet_names.h"
 
 #include <algorithm>
 
