@@ -67,7 +67,7 @@ void RowReader::FailText(std::size_t index, const std::string& reason) {
 
 std::string RowReader::Text(Column column, std::size_t limit) {
     const std::size_t index = header_.IndexOf(column);
-    const std::string text(At(index).shown);
+    std::string text(At(index).shown);
     std::string gbk;
     if (At(index).fault != nullptr) {
         Fail(index, std::string(": ") + At(index).fault);

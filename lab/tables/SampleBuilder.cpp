@@ -88,7 +88,7 @@ void SampleBuilder::MakeItems(Entry& entry, ValueKind kind) {
                        });
     } else if (InOrder(entry, values)) {
         if (kind == ValueKind::kPassing) {
-            FromPassing(entry, std::move(values));
+            FromPassing(entry, values);
         } else {
             FromCumulative(entry, values);
         }
@@ -126,7 +126,7 @@ void SampleBuilder::FromCumulative(Entry& entry, const std::vector<Value>& value
     }
 }
 
-void SampleBuilder::FromPassing(Entry& entry, std::vector<Value> values) {
+void SampleBuilder::FromPassing(Entry& entry, const std::vector<Value>& values) {
     std::vector<double> sizes;
     std::vector<double> passing;
     for (const Value& value : values) {

@@ -41,7 +41,7 @@ private:
     void MakeItems(Entry& entry, ValueKind kind);
     bool InOrder(const Entry& entry, std::vector<Value>& values);
     void FromCumulative(Entry& entry, const std::vector<Value>& values);
-    void FromPassing(Entry& entry, std::vector<Value> values);
+    void FromPassing(Entry& entry, const std::vector<Value>& values);
 
     Findings& findings_;
     std::vector<Entry> samples_;
