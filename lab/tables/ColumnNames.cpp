@@ -56,7 +56,7 @@ std::string TakeBrackets(std::string& folded) {
         const std::size_t start = folded.rfind(open);
         if (folded.ends_with(close) && start != std::string::npos && start > 0) {
             const std::size_t first = start + std::string_view(open).size();
-            const std::string inside =
+            std::string inside =
                 folded.substr(first, folded.size() - first - std::string_view(close).size());
             folded.resize(start);
             return inside;

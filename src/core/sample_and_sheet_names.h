@@ -19,7 +19,7 @@ struct SampleKey {
     std::string borehole;
     std::string sample;
 
-    friend auto operator<=>(const SampleKey&, const SampleKey&) = default;
+    auto operator<=>(const SampleKey&) const = default;
 };
 
 /// What a name cannot be used for: to name a file, or to stand in a list of marks or in a filter.
