@@ -64,11 +64,14 @@ std::string Rows(const std::vector<std::string>& rows) {
         std::istringstream cells(rows[row]);
         std::string text;
         for (char column = 'A'; cells >> text; ++column) {
-            const std::string at = std::string(1, column) + std::to_string(row + 1);
+            if (text == "-") {
+                continue;
+            }
+            xml.append("<c r=\"").append(1, column).append(std::to_string(row + 1));
             if (win32::ParseNumber(text)) {
-                xml += "<c r=\"" + at + "\"><v>" + text + "</v></c>";
-            } else if (text != "-") {
-                xml += "<c r=\"" + at + "\" t=\"inlineStr\"><is><t>" + text + "</t></is></c>";
+                xml.append("\"><v>").append(text).append("</v></c>");
+            } else {
+                xml.append("\" t=\"inlineStr\"><is><t>").append(text).append("</t></is></c>");
             }
         }
         xml += "</row>";
