@@ -19,7 +19,7 @@ struct ResultTable {
 
     std::string title;
     std::vector<Column> columns;
-    std::vector<std::vector<Cell>> rows;
+    std::vector<std::vector<Cell>> rows;  ///< of each a cell a column
 };
 
 }  // namespace lab

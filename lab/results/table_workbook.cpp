@@ -49,7 +49,7 @@ public:
         }
         for (const auto& cells : table.rows) {
             ++row_;
-            for (lxw_col_t column = 0; column < cells.size(); ++column) {
+            for (lxw_col_t column = 0; column < columns; ++column) {
                 Check(WriteCell(column, cells[column]));
             }
         }

@@ -64,6 +64,11 @@ std::string TakeBrackets(std::string& folded) {
     }
     return {};
 }
+
+std::string NamesBoth(const std::string& file, const std::string& name, const std::string& one,
+                      const std::string& other) {
+    return file + ": " + Quoted(name) + " names both " + one + " and " + other;
+}
 }  // namespace
 
 const char* ColumnName(Column column) {
@@ -104,8 +109,7 @@ void ColumnNames::Add(const std::string& file, std::string_view json) {
             const auto [known, added] =
                 byName_.try_emplace(FoldedHeader(name.get<std::string>()), column);
             if (!added && known->second != column) {
-                throw Failure(file + ": " + Quoted(name.get<std::string>()) + " names both " +
-                              ColumnName(known->second) + " and " + key);
+                throw Failure(NamesBoth(file, name, ColumnName(known->second), key));
             }
         }
     }

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 #include <vector>
 
@@ -19,7 +19,10 @@ struct SampleKey {
     std::string borehole;
     std::string sample;
 
-    auto operator<=>(const SampleKey&) const = default;
+    bool operator==(const SampleKey&) const = default;
+    bool operator<(const SampleKey& other) const {
+        return std::tie(borehole, sample) < std::tie(other.borehole, other.sample);
+    }
 };
 
 /// What a name cannot be used for: to name a file, or to stand in a list of marks or in a filter.
