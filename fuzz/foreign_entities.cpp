@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbLine.h"
 #include "platform/dwg/entity_types.h"
 #include "platform/gi/AcGiProxyGraphicsRecorder.h"

@@ -11,6 +11,7 @@
 #include "host/picture/picture_of.h"
 #include "platform/db/AcDbBlockReference.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/db/DrawingDamage.h"
 #include "platform/mfc/ScriptedWindowSystem.h"
 #include "src/entity/CKFCurve.h"
 #include "src/entity/append_entity.h"

@@ -242,7 +242,7 @@ private:
 
     /// A method that is longer than its column is left out, and that is told.
     std::string Method(const AgsGroup::Row& row) {
-        const std::string method = gradings_.Text(row, ags::kMethod);
+        std::string method = gradings_.Text(row, ags::kMethod);
         std::string gbk;
         if (win32::TryGbkFromUtf8(method, gbk) &&
             win32::Utf16FromUtf8(method).size() <= kMethodLength) {
