@@ -7,6 +7,7 @@
 
 #include "lab/DrawnMarks.h"
 #include "lab/Failure.h"
+#include "lab/hydrometer/StoredReadings.h"
 #include "lab/numbers.h"
 #include "lab/suite_database.h"
 #include "lab/suite_profiles.h"
@@ -85,6 +86,18 @@ void ReadResults(oledb::SqlDatabase& database, int projectIndex,
         if (sample != samples.end() && sample->stored.data.borehole == key.first &&
             sample->stored.data.sample == key.second) {
             sample->results = ResultRow(rows, sample->stored).Read();
+        }
+    }
+}
+
+void ReadJoints(oledb::SqlDatabase& database, int projectIndex,
+                std::vector<ProjectSample>& samples) {
+    const auto tests = StoredReadings(database, projectIndex).Read();
+    for (ProjectSample& sample : samples) {
+        const Sample& key = sample.stored.data;
+        const auto test = tests.find({key.borehole, key.sample});
+        if (test != tests.end() && test->second.IsJoined()) {
+            sample.joint = test->second.jump;
         }
     }
 }
@@ -169,6 +182,7 @@ ProjectData ReadProjectData() {
         data.samples.push_back({std::move(stored), {}, false});
     }
     ReadResults(database, data.project.index, data.samples);
+    ReadJoints(database, data.project.index, data.samples);
     ReadSampleMarks(data);
     ReadLayers(database, data);
     return data;

@@ -30,6 +30,8 @@ struct ProjectSample {
     StoredSample stored;
     StoredResults results;
     bool drawn = false;  ///< marked as drawn
+    /// Percent between sieves and hydrometer where they meet; nothing without both.
+    std::optional<double> joint = std::nullopt;
 };
 
 /// A layer with grain classes or results of them.

@@ -7,13 +7,12 @@
 #include "apps/grdx/suite_access.h"
 #include "lab/suite_database.h"
 #include "platform/win32/code_page.h"
+#include "src/core/curve_shape.h"
 #include "src/facts/control_ids.h"
 
 namespace console {
 
 namespace {
-constexpr int kSixChartsCode = 2;
-
 /// Why no chart of a sample can be drawn although nobody says so; empty when there is no such
 /// reason.
 std::string SilentSampleReason(oledb::SqlDatabase& database, int projectIndex,
@@ -42,6 +41,10 @@ std::string SilentLayerReason(oledb::SqlDatabase& database, int projectIndex,
 
 }  // namespace
 
+std::size_t ChartsPerSheet(int standardCode) {
+    return ChartKindOf(standardCode) == ChartKind::cumulative ? 6 : 2;
+}
+
 std::string SheetCount(std::size_t count) {
     return std::to_string(count) + (count == 1 ? " sheet" : " sheets");
 }
@@ -63,7 +66,7 @@ void ChartTally::NoteConfirmed(mfc::FrameModel& window) {
             picked_.push_back(text(item));
         }
     }
-    perSheet_ = CurrentProject().code == kSixChartsCode ? 6 : 2;
+    perSheet_ = ChartsPerSheet(CurrentProject().code);
     saved_ = 0;
 }
 

@@ -43,6 +43,8 @@ private:
     std::size_t saved_ = 0;
 };
 
+/// How many charts a sheet of a project of that standard code has room for.
+std::size_t ChartsPerSheet(int standardCode);
 /// "1 sheet", "2 sheets".
 std::string SheetCount(std::size_t count);
 

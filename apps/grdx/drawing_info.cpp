@@ -13,7 +13,7 @@
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/AcDbTextStyleTable.h"
 #include "platform/db/DrawingDamage.h"
-#include "platform/dwg/DwgInFiler.h"
+#include "platform/db/HeaderVariables.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
 #include "src/facts/curve_form.h"
@@ -23,7 +23,6 @@ namespace console {
 using Json = nlohmann::ordered_json;
 
 namespace {
-constexpr const char* kCurveClass = "CKFCurve";
 constexpr const char* kVersion = "AC1015";  // the only one that is read
 
 /// Code pages by their number in drawing files, from 11 on; 0 for one without a number elsewhere.
@@ -39,28 +38,6 @@ std::optional<int> CodePageOf(int number) {
     }
     return kCodePages[index];
 }
-
-/// Gives the fields of an entity that was kept as it stood in the file.
-class KeptFieldsFiler : public DwgInFiler {
-public:
-    KeptFieldsFiler(const AcDbKeptFields& fields, AcDbDatabase& database, AcDbHandle holder)
-        : DwgInFiler(reader_),
-          references_(fields.references),
-          bits_(fields.bits.data(), 0, fields.bitCount),
-          reader_(bits_, noHandles_, database, holder) {}
-
-    Acad::ErrorStatus readHardPointerId(AcDbHardPointerId* value) override {
-        *value = next_ < references_.size() ? references_[next_++].id : AcDbObjectId::kNull;
-        return filerStatus();
-    }
-
-private:
-    const std::vector<AcDbKeptReference>& references_;
-    std::size_t next_ = 0;
-    DwgBitReader bits_;
-    DwgBitReader noHandles_;  // the references were taken apart when the file was read
-    DwgFieldReader reader_;
-};
 
 std::string ClassName(const AcDbEntity& entity) {
     if (!entity.isKindOf(AcDbKeptEntity::desc())) {
@@ -87,24 +64,6 @@ std::string HandleText(AcDbHandle handle) {
     char text[20];
     std::snprintf(text, sizeof text, "%llX", static_cast<unsigned long long>(handle));
     return text;
-}
-
-DrawingInfo::Curve ReadCurve(const AcDbKeptEntity& entity, const DrawingInfo& info) {
-    DrawingInfo::Curve curve;
-    curve.handle = entity.objectId().handle();
-    KeptFieldsFiler filer(entity.keptFields(), *entity.database(), curve.handle);
-    CurveFieldReader read(filer);
-    CurveFields::ForEach(curve.fields, read);
-    if (!read.Good()) {
-        throw Failure(info.file + ": the curve " + HandleText(curve.handle) +
-                      " has not the fields of a grain-size curve");
-    }
-    if (info.ofLayers) {
-        CurveFields::ForEachLayerNumber(curve.fields, read);
-        curve.hasLayerNumbers = read.Good();
-    }
-    curve.textStyle = StyleName(curve.fields.textStyleId);
-    return curve;
 }
 
 /// Centre of an entity that looks like the dot of a measured point.
@@ -168,15 +127,28 @@ private:
     const std::string& textStyle_;
 };
 
+void AddCurve(const AcDbEntity& entity, DrawingInfo& info) {
+    const AcDbHandle handle = entity.objectId().handle();
+    try {
+        if (std::optional<lab::KeptCurve> curve = lab::ReadKeptCurve(entity, info.ofLayers)) {
+            std::string style = StyleName(curve->fields.textStyleId);
+            info.curves.push_back({handle, std::move(*curve), 0, std::move(style)});
+        }
+    } catch (const Failure& failure) {
+        throw Failure(info.file + ": the curve " + HandleText(handle) + ": " + failure.what());
+    }
+}
+
 Json CurveAsJson(const DrawingInfo::Curve& curve, bool ofLayers) {
     Json json = {{"handle", HandleText(curve.handle)}};
-    CurveFields::ForEach(curve.fields, JsonFields(json, curve.textStyle));
+    CurveFields::ForEach(curve.kept.fields, JsonFields(json, curve.textStyle));
     json["measuredPoints"] = curve.measuredPoints;
-    json["addedPoints"] = curve.fields.curvePoints.length() - curve.measuredPoints;
+    json["addedPoints"] = curve.kept.fields.curvePoints.length() - curve.measuredPoints;
     if (ofLayers) {
-        CurveFields::ForEachLayerNumber(curve.fields, [&](const char* name, Adesk::Int32 number) {
-            json[name] = curve.hasLayerNumbers ? Json(number) : Json();
-        });
+        CurveFields::ForEachLayerNumber(
+            curve.kept.fields, [&](const char* name, Adesk::Int32 number) {
+                json[name] = curve.kept.hasLayerNumbers ? Json(number) : Json();
+            });
     }
     return json;
 }
@@ -198,17 +170,14 @@ DrawingInfo ReadDrawingInfo(const std::string& file, bool ofLayers) {
     info.damage = database.damage().report();
     std::vector<AcGePoint3d> dots;
     host::ForEachModelSpaceEntity(database, [&](AcDbEntity& entity) {
-        const std::string className = ClassName(entity);
-        ++info.entities[className];
-        if (className == kCurveClass && entity.isKindOf(AcDbKeptEntity::desc())) {
-            info.curves.push_back(ReadCurve(static_cast<const AcDbKeptEntity&>(entity), info));
-        }
+        ++info.entities[ClassName(entity)];
+        AddCurve(entity, info);
         if (const std::optional<AcGePoint3d> center = DotCenter(entity)) {
             dots.push_back(*center);
         }
     });
     for (DrawingInfo::Curve& curve : info.curves) {
-        curve.measuredPoints = CountMeasured(curve.fields, dots);
+        curve.measuredPoints = CountMeasured(curve.kept.fields, dots);
     }
     return info;
 }

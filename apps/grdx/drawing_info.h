@@ -7,8 +7,8 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+#include "lab/sheet_curves.h"
 #include "platform/db/AcDb.h"
-#include "src/facts/CurveFields.h"
 
 namespace console {
 
@@ -16,8 +16,7 @@ namespace console {
 struct DrawingInfo {
     struct Curve {
         AcDbHandle handle = 0;
-        CurveFields fields;
-        bool hasLayerNumbers = false;
+        lab::KeptCurve kept;
         /// How many of its points are measured; the others were added by guarding.
         int measuredPoints = 0;
         std::string textStyle;  ///< name of the style (GBK); empty when the file has no such style

@@ -25,6 +25,8 @@ constexpr int kDone = 0;
 constexpr int kRefused = 1;
 constexpr int kWrongUsage = 2;
 
+constexpr const char* kNamesFollow = "-";  ///< in place of drawings
+
 constexpr const char* kPlugin = "grdx.arx";
 
 void Complain(const std::string& finding) {
@@ -83,6 +85,15 @@ bool Run(const plot::Request& request, const std::string& suite, bool trust,
                 {[&](const std::string& path) { results.Print(path + "\n"); }, Complain, Complain});
 }
 
+/// The lines of standard input.
+std::vector<std::string> ReadNames() {
+    std::vector<std::string> names;
+    for (std::string name; std::getline(std::cin, name);) {
+        names.push_back(name);
+    }
+    return names;
+}
+
 /// What stands against a resolution; empty for a good one.
 std::string CheckResolution(const std::string& text) {
     const std::optional<double> dots = win32::ParseNumber(text);
@@ -97,7 +108,10 @@ public:
         terminal::DescribeProgram(app_, "grdx plot",
                                   Help("Drawings as pages and pictures", "把图形输出为页面或图像"),
                                   host::VersionText("grdx-plot"));
-        app_.add_option("file", request_.drawings, Help("drawing", "图形文件"))
+        app_.add_option(
+                "file", request_.drawings,
+                Help("drawing; - reads the drawings' names from standard input, a line each",
+                     "图形文件；- 表示从标准输入读取文件名，每行一个"))
             ->type_name("FILE.dwg")
             ->required();
         app_.add_option("--to", request_.format,
@@ -150,6 +164,13 @@ private:
             const int status = app_.exit(error, help) == 0 ? kDone : kWrongUsage;
             results.Print(help.str());
             return status;
+        }
+        if (request_.drawings == std::vector<std::string>{kNamesFollow}) {
+            request_.drawings = ReadNames();
+            if (request_.drawings.empty()) {
+                Complain("standard input names no drawing");
+                return kRefused;
+            }
         }
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qInstallMessageHandler(PassOnFaults);

@@ -38,6 +38,17 @@ bool HasError(const FindingList& findings) {
                        [](const Finding& finding) { return finding.severity == Severity::kError; });
 }
 
+std::map<std::pair<std::string, std::string>, FindingList> FindingsBySample(
+    const FindingList& findings) {
+    std::map<std::pair<std::string, std::string>, FindingList> bySample;
+    for (const Finding& finding : findings) {
+        if (finding.sample) {
+            bySample[{*finding.borehole, *finding.sample}].push_back(finding);
+        }
+    }
+    return bySample;
+}
+
 void FindingNotes::Add(Severity severity, const char* code, std::string text,
                        std::optional<double> value) {
     Finding& finding = findings_.emplace_back(subject_);

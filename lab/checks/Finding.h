@@ -1,7 +1,9 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lab {
@@ -30,6 +32,9 @@ const char* NameOf(Severity severity);
 /// A line for people: severity, code, whom it concerns, what and how much.
 std::string DescribeFinding(const Finding& finding);
 bool HasError(const FindingList& findings);
+/// Those of samples, by borehole and sample.
+std::map<std::pair<std::string, std::string>, FindingList> FindingsBySample(
+    const FindingList& findings);
 
 /// Notes findings of one sample, or of one layer.
 class FindingNotes {

@@ -38,7 +38,8 @@ Finding SubjectOf(const ProjectLayer& layer) {
 }  // namespace
 
 FindingList CheckProject(const ProjectData& data, const CheckSettings& settings,
-                         const std::vector<std::string>& boreholes) {
+                         const CheckScope& scope) {
+    const std::vector<std::string>& boreholes = scope.boreholes;
     FindingList findings;
     CheckIndex(data.project.index, findings);
     const NameChecks names(data);
@@ -54,6 +55,10 @@ FindingList CheckProject(const ProjectData& data, const CheckSettings& settings,
         if (CheckData(sample.stored, settings, notes)) {
             CheckChart(sample, kind, settings, notes);
         }
+        CheckJoint(sample, notes);
+        if (scope.sheets != nullptr) {
+            CheckSheets(sample, kind, *scope.sheets, notes);
+        }
     }
     for (const ProjectLayer& layer : data.layers) {
         if (boreholes.empty()) {
@@ -63,6 +68,24 @@ FindingList CheckProject(const ProjectData& data, const CheckSettings& settings,
         }
     }
     return findings;
+}
+
+FindingList UnreadableCells(const ProjectData& data) {
+    FindingList findings;
+    for (const ProjectSample& sample : data.samples) {
+        FindingNotes notes(findings, SubjectOf(sample.stored.data));
+        CheckCells(sample.stored.unreadable, notes);
+    }
+    for (const ProjectLayer& layer : data.layers) {
+        FindingNotes notes(findings, SubjectOf(layer));
+        CheckCells(layer.unreadable, notes);
+    }
+    return findings;
+}
+
+FindingList CheckWithSheets(const ProjectData& data, const std::vector<std::string>& boreholes) {
+    const SheetCurves sheets(data.project.profile.number);
+    return CheckProject(data, ReadCheckSettings(), {boreholes, &sheets});
 }
 
 }  // namespace lab

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "lab/checks/chart_checks.h"
+#include "lab/hydrometer/joint.h"
 #include "lab/numbers.h"
 #include "lab/sample_record.h"
 #include "platform/win32/code_page.h"
@@ -27,14 +28,6 @@ double MassOf(const Sample& sample) {
 
 std::string Percent(double part, double whole) {
     return FigureText(part / whole * 100.0) + " %";
-}
-
-void CheckCells(const std::vector<StoredSample::Unreadable>& cells, FindingNotes& notes) {
-    for (const StoredSample::Unreadable& cell : cells) {
-        notes.Add(Severity::kError, "value-not-readable",
-                  "\"" + cell.text + "\" in column " + cell.column + " of table " + cell.table +
-                      " cannot be read as a number");
-    }
 }
 
 bool IsUnreadable(const StoredSample& sample, std::string_view column) {
@@ -174,7 +167,38 @@ const char* FindStale(const StoredResults& results, GrainSizeRecord record,
     }
     return IsStored(results.finePercent, record.finePercent) ? nullptr : "the fine fraction";
 }
+
+/// The form in which the settings do not have curves drawn now. A run may have chosen it: what it
+/// made is of the data all the same.
+CurveForm OtherForm(CurveForm form) {
+    return form == CurveForm::plain ? CurveForm::guarded : CurveForm::plain;
+}
+
+/// Whether the curve of a drawing is what would be drawn in that form at its place.
+bool IsCurveOf(const GrainSizeRecord& record, ChartKind kind, CurveForm form,
+               const CurveFields& curve) {
+    constexpr double kSamePlace = 1e-6;  // mm of the sheet
+    const CurveShape shape = *ShapeOf(record, kind, form, curve.gridOrigin);
+    if (shape.points.length() != curve.curvePoints.length() ||
+        shape.grid.wideAxis != curve.wideAxis || shape.grid.gridHeight != curve.gridHeight) {
+        return false;
+    }
+    for (int i = 0; i < shape.points.length(); ++i) {
+        if (shape.points[i].distanceTo(curve.curvePoints[i]) > kSamePlace) {
+            return false;
+        }
+    }
+    return true;
+}
 }  // namespace
+
+void CheckCells(const std::vector<StoredSample::Unreadable>& cells, FindingNotes& notes) {
+    for (const StoredSample::Unreadable& cell : cells) {
+        notes.Add(Severity::kError, "value-not-readable",
+                  "\"" + cell.text + "\" in column " + cell.column + " of table " + cell.table +
+                      " cannot be read as a number");
+    }
+}
 
 bool CheckData(const StoredSample& sample, const CheckSettings& settings, FindingNotes& notes) {
     CheckCells(sample.unreadable, notes);
@@ -202,10 +226,39 @@ void CheckChart(const ProjectSample& sample, ChartKind kind, const CheckSettings
     if (sample.results.IsEmpty()) {
         return;
     }
-    if (const char* const stale = FindStale(sample.results, *record, *shape)) {
+    const char* const stale = FindStale(sample.results, *record, *shape);
+    if (stale != nullptr &&
+        FindStale(sample.results, *record, *ShapeOf(*record, kind, OtherForm(settings.curve))) !=
+            nullptr) {
         notes.Add(Severity::kNote, "results-stale",
                   std::string("the stored results are not of these data: ") + stale +
                       " would be another");
+    }
+}
+
+void CheckJoint(const ProjectSample& sample, FindingNotes& notes) {
+    if (sample.joint && std::abs(*sample.joint) > kGreatestJump) {
+        notes.Add(
+            Severity::kWarning, "joint-jump",
+            "sieves and hydrometer are " + FigureText(*sample.joint) + " % apart at their joint",
+            RoundAsPrinted(*sample.joint, 3));
+    }
+}
+
+void CheckSheets(const ProjectSample& sample, ChartKind kind, const SheetCurves& sheets,
+                 FindingNotes& notes) {
+    const Sample& key = sample.stored.data;
+    const std::vector<SheetCurves::Curve>& curves = sheets.Of(key.borehole, key.sample);
+    if (curves.empty() && sample.drawn) {
+        notes.Add(Severity::kNote, "sheet-stale", "it is marked as drawn, and on no sheet");
+    }
+    const std::optional<GrainSizeRecord> record = RecordOf(key);
+    for (const SheetCurves::Curve& curve : curves) {
+        if (!record || (!IsCurveOf(*record, kind, CurveForm::plain, curve.fields) &&
+                        !IsCurveOf(*record, kind, CurveForm::guarded, curve.fields))) {
+            notes.Add(Severity::kNote, "sheet-stale",
+                      curve.file + " does not show the curve of these data");
+        }
     }
 }
 

@@ -43,7 +43,7 @@ bool IsAscii(const std::string& text) {
 ResultTable TableOf(ExportKind kind, const ProjectData& data) {
     switch (kind) {
         case ExportKind::kResults:
-            return ResultsOf(data, CheckProject(data, ReadCheckSettings()));
+            return ResultsOf(data, CheckWithSheets(data));
         case ExportKind::kPassing:
             return PassingOf(data);
         default:

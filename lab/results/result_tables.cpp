@@ -1,6 +1,5 @@
 #include "lab/results/result_tables.h"
 
-#include <map>
 #include <utility>
 
 #include "lab/results/soil_shares.h"
@@ -45,17 +44,6 @@ void AddSoilCells(const Sample& sample, int standardCode, std::vector<Cell>& cel
     cells.push_back(record ? CellOf(SoilNameOf(*record, standardCode)) : Cell());
 }
 
-using FindingsBySample = std::map<std::pair<std::string, std::string>, FindingList>;
-
-FindingsBySample BySample(const FindingList& findings) {
-    FindingsBySample bySample;
-    for (const Finding& finding : findings) {
-        if (finding.sample) {
-            bySample[{*finding.borehole, *finding.sample}].push_back(finding);
-        }
-    }
-    return bySample;
-}
 }  // namespace
 
 ResultTable ResultsOf(const ProjectData& data, const FindingList& findings) {
@@ -75,7 +63,7 @@ ResultTable ResultsOf(const ProjectData& data, const FindingList& findings) {
                                        {"findings", ""}}) {
         table.columns.push_back({name, remark});
     }
-    FindingsBySample bySample = BySample(findings);
+    auto bySample = FindingsBySample(findings);
     for (const ProjectSample& sample : data.samples) {
         const Sample& measured = sample.stored.data;
         std::vector<Cell> cells = MeasuredCells(measured);

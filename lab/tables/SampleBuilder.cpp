@@ -16,6 +16,14 @@ double Decimal(double number, int places) {
     return places >= 0 ? std::round(number * scale) / scale : std::round(number / scale) * scale;
 }
 
+/// The greatest number that the database can keep and that is not above.
+std::optional<double> StoredUpTo(double number) {
+    const std::optional<double> stored = StoredNumber(number);
+    return !stored || *stored <= number
+               ? stored
+               : StoredNumber(std::nextafter(static_cast<float>(*stored), 0.0F));
+}
+
 std::string SampleText(const Sample& sample) {
     return "sample " + sample.sample + " of " + sample.borehole;
 }
@@ -27,16 +35,24 @@ std::vector<SieveItem> ItemsOfPassing(const std::vector<double>& sizes,
     const int places =
         total > 0.0 ? kDigits - 1 - static_cast<int>(std::floor(std::log10(total))) : 0;
     constexpr int kMorePlaces = 3;  // the total's own digits
+    // Rounded up, the items would weigh more than a total of many digits.
+    const auto rest = [&](double above) {
+        return StoredUpTo(Decimal(total - above, places + kMorePlaces));
+    };
     std::vector<SieveItem> items;
     double above = 0.0;
     for (std::size_t i = 0; i < sizes.size(); ++i) {
         const double retained = Decimal(total * (100.0 - passing[i]) / 100.0, places);
-        items.push_back({sizes[i], StoredNumber(Decimal(retained - above, places))});
-        above = retained;
+        if (retained >= total) {
+            items.push_back({sizes[i], rest(above)});
+            above = total;
+        } else {
+            items.push_back({sizes[i], StoredNumber(Decimal(retained - above, places))});
+            above = retained;
+        }
     }
-    const double rest = Decimal(total - above, places + kMorePlaces);
-    if (rest > 0.0) {
-        items.push_back({0.0, StoredNumber(rest)});
+    if (rest(above) > 0.0) {
+        items.push_back({0.0, rest(above)});
     }
     return items;
 }

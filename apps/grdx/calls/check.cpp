@@ -21,8 +21,7 @@ bool Check(const CheckRequest& request, MessageStream& messages) {
     for (const std::string& borehole : request.boreholes) {
         data.RequireBorehole(borehole);
     }
-    const lab::FindingList findings =
-        lab::CheckProject(data, lab::ReadCheckSettings(), request.boreholes);
+    const lab::FindingList findings = lab::CheckWithSheets(data, request.boreholes);
     if (request.json) {
         messages.PrintResult(lab::FindingsAsJson(findings).dump() + "\n");
     } else {

@@ -55,22 +55,48 @@ void AddPageChoices(CLI::App& call, PageChoices& choices) {
         choices.recompute);
 }
 
-void AddItems(CLI::App& call, const char* name, const std::string& what, const char* type,
-              DrawRequest& request) {
-    CLI::Option* const items = call.add_option(name, request.items, what)->allow_extra_args(false);
-    items->type_name(type);
-    CLI::Option* const all =
-        call.add_flag("--all", request.all, Help("everything that there is", "全部"));
-    items->excludes(all);
-    call.parse_complete_callback([&request, name] {
-        if (request.items.empty() && !request.all) {
-            throw CLI::RequiredError(std::string(name) + " or --all");
-        }
+/// Names that may be given several times, or instead of them all that there are; one of both is
+/// needed.
+void AddNames(CLI::App& call, const char* name, const std::string& what, const char* type,
+              std::vector<std::string>& names, const char* allName, const std::string& allWhat,
+              bool& all) {
+    CLI::Option* const option = call.add_option(name, names, what)->allow_extra_args(false);
+    option->type_name(type);
+    option->excludes(call.add_flag(allName, all, allWhat));
+}
+
+void RequireOne(bool given, const std::string& names) {
+    if (!given) {
+        throw CLI::RequiredError(names);
+    }
+}
+
+void AddSampleChoice(CLI::App& call, DrawOrder& order) {
+    lab::DrawChoice& choice = order.samples;
+    AddNames(call, "--borehole",
+             Help("borehole number; may be given several times", "钻孔编号，可多次给出"), "B",
+             choice.boreholes, "--all-boreholes",
+             Help("every borehole of the project", "工程的所有钻孔"), choice.allBoreholes);
+    AddNames(call, "--sample",
+             Help("sample number; may be given several times, and each borehole must have it",
+                  "试样编号，可多次给出，每个钻孔都须有该试样"),
+             "S", choice.samples, "--all", Help("everything that there is", "全部"),
+             choice.allSamples);
+    call.add_flag("--undrawn", choice.undrawn,
+                  Help("without the samples that are marked as drawn", "不含已出图的试样"));
+    call.add_flag("--skip-faulty", order.skipFaulty,
+                  Help("without the samples that 'grdx check' finds an error in; they are named, "
+                       "and the exit status is 1",
+                       "跳过 grdx check 检查有错误的试样；逐一列出，退出码为 1"));
+    call.parse_complete_callback([&choice] {
+        RequireOne(!choice.boreholes.empty() || choice.allBoreholes,
+                   "--borehole or --all-boreholes");
+        RequireOne(!choice.samples.empty() || choice.allSamples, "--sample or --all");
     });
 }
 
-void AddCurve(CLI::App& call, DrawRequest& request) {
-    call.add_option("--curve", request.curve,
+void AddCurve(CLI::App& call, std::optional<std::string>& form) {
+    call.add_option("--curve", form,
                     Help("for this run: plain, the curve through the measured points alone, or "
                          "guarded, with further points where that one runs back, rises or leaves "
                          "0 to 100 %. Else as settings.ini says",
@@ -79,36 +105,42 @@ void AddCurve(CLI::App& call, DrawRequest& request) {
         ->type_name("FORM")
         ->check(CLI::IsMember({kGuardedForm, kPlainForm}));
 }
+
+void AddLayerChoice(CLI::App& call, DrawOrder& order) {
+    call.preparse_callback([&order](std::size_t) { order.layers = true; });
+    AddNames(call, "--layer",
+             Help("layer: its main number, or main and sub number as 2-1; may be given several "
+                  "times",
+                  "土层：主层号，或主层号-亚层号，如 2-1；可多次给出"),
+             "L", order.items, "--all", Help("everything that there is", "全部"), order.all);
+    call.parse_complete_callback(
+        [&order] { RequireOne(!order.items.empty() || order.all, "--layer or --all"); });
+}
 }  // namespace
 
 void AddDrawCalls(CallTable& calls) {
-    const auto request = std::make_shared<DrawRequest>();
-    const auto run = [&calls, request](MessageStream& messages) {
-        return DrawCharts(calls.Suite(), *request, messages);
+    const auto order = std::make_shared<DrawOrder>();
+    const auto run = [&calls, order](MessageStream& messages) {
+        return DrawCharts(calls.Suite(), *order, messages);
     };
     CLI::App& draw = calls.AddGroup(
         "draw", Help("draw chart sheets; prints the path of each. What is not chosen is as it was "
                      "chosen last",
                      "出成果图，并显示每张图的路径。未给出的选项沿用上次的选择"));
     CLI::App& samples = calls.Add(
-        draw, "samples", Help("charts of the samples of a borehole", "钻孔试样的成果图"), run);
-    samples.add_option("--borehole", request->borehole, Help("borehole number", "钻孔编号"))
-        ->type_name("B")
-        ->required();
-    AddItems(samples, "--sample",
-             Help("sample number; may be given several times", "试样编号，可多次给出"), "S",
-             *request);
+        draw, "samples",
+        Help("charts of the samples of one borehole or of many", "钻孔试样的成果图"), run);
+    AddSampleChoice(samples, *order);
     CLI::App& layers =
         calls.Add(draw, "layers", Help("charts of soil layers", "土层的成果图"), run);
-    layers.preparse_callback([request](std::size_t) { request->layers = true; });
-    AddItems(layers, "--layer",
-             Help("layer: its main number, or main and sub number as 2-1; may be given several "
-                  "times",
-                  "土层：主层号，或主层号-亚层号，如 2-1；可多次给出"),
-             "L", *request);
+    AddLayerChoice(layers, *order);
     for (CLI::App* call : {&samples, &layers}) {
-        AddPageChoices(*call, request->choices);
-        AddCurve(*call, *request);
+        call->add_option("--pdf", order->pdf,
+                         Help("plots the sheets made as pages of this file, too",
+                              "同时把所出的图输出到该 PDF 文件"))
+            ->type_name("FILE");
+        AddPageChoices(*call, order->choices);
+        AddCurve(*call, order->curve);
         calls.AddSuite(*call);
         calls.AddWait(*call);
     }

@@ -4,6 +4,7 @@
 #include "apps/grdx/suite_access.h"
 #include "apps/grdx/suite_listing.h"
 #include "apps/terminal/help.h"
+#include "lab/checks/project_check.h"
 
 namespace console {
 
@@ -18,10 +19,14 @@ void AddListCall(CallTable& calls) {
              "列出工程的钻孔、试样和土层，出图标记和入库成果（粒径单位 mm）"),
         [&calls, json](MessageStream& messages) {
             OpenSuite(calls.Suite());
-            const SuiteListing listing = ReadSuite();
-            messages.PrintResult(*json ? SuiteAsJson(listing).dump() + "\n"
-                                       : DescribeSuite(listing));
-            return true;
+            const lab::ProjectData data = lab::ReadProjectData();
+            messages.PrintResult(*json ? SuiteAsJson(data, lab::CheckWithSheets(data)).dump() + "\n"
+                                       : DescribeSuite(data));
+            const lab::FindingList unreadable = lab::UnreadableCells(data);
+            for (const lab::Finding& finding : unreadable) {
+                messages.Report(lab::DescribeFinding(finding));
+            }
+            return unreadable.empty();
         });
     call.add_flag("--json", *json, Help("as one JSON object", "输出一个 JSON 对象"));
     calls.AddSuite(call);

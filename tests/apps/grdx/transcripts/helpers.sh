@@ -4,6 +4,7 @@ set -o pipefail
 export HOME=$2 GRDX_SUITE=$2/suite XDG_CONFIG_HOME=$2/configuration LC_ALL=C.UTF-8
 program=$0 samples=$1 base=$2
 sheets=$2/suite/output/2026-017/室内曲线
+transcripts=$(dirname "${BASH_SOURCE[0]}")  # this folder
 
 # Tells of a status other than 0 on standard error.
 grdx() {
