@@ -64,14 +64,7 @@ TEST_F(Chinese, EveryWindowAndPromptIs) {
         (window_.*open)();
         person_.Finish();
     }
-    person_.Then("the prompt is read", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        EXPECT_EQ(window_.findChild<QLabel*>("prompt")->text(), "输入 SDI 的新值 (0 或 1): ");
-        TypeLine("2");
-        return true;
-    });
+    WhenAsked("输入 SDI 的新值 (0 或 1): ", [this] { TypeLine("2"); });
     TypeLine("SDI");
     TypeLine("nonsense");
     person_.Finish();

@@ -1,7 +1,6 @@
 // Commands typed, repeated, cancelled and chosen; drawings opened, shown as tabs and closed.
 
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QProgressDialog>
@@ -24,31 +23,17 @@ namespace {
 class Commands : public DeskFixture {
 protected:
     QTabBar& Tabs() const { return *window_.findChild<QTabBar*>("documents"); }
-    QString Prompt() const { return window_.findChild<QLabel*>("prompt")->text(); }
 };
 
 TEST_F(Commands, AWaitingCommandTakesLinesClicksAndEsc) {
     const QString idle = Prompt();
-    person_.Then("a value is typed", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        EXPECT_EQ(Prompt(), "New value for SDI (0 or 1): ");
-        TypeLine("0");
-        return true;
-    });
+    WhenAsked("New value for SDI (0 or 1): ", [this] { TypeLine("0"); });
     TypeLine("sdi");
     person_.Finish();
     EXPECT_EQ(Prompt(), idle);
     EXPECT_TRUE(Said().contains("New value for SDI (0 or 1):  0")) << Said().toStdString();
 
-    person_.Then("Enter repeated the command; Esc gives it up", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        QTest::keyClick(&View(), Qt::Key_Escape);
-        return true;
-    });
+    WhenAsked({}, [this] { QTest::keyClick(&View(), Qt::Key_Escape); });
     QTest::keyClick(&View(), Qt::Key_Space);
     person_.Finish();
     EXPECT_TRUE(Said().contains("SDI: cancelled")) << Said().toStdString();
@@ -76,13 +61,7 @@ TEST_F(Commands, KeysThatSayNothingAreLeftAloneWhereverTheyArePressed) {
 }
 
 TEST_F(Commands, AnEmptyPickSelectsNothing) {
-    person_.Then("Enter at the prompt", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        QTest::keyClick(&View(), Qt::Key_Return);
-        return true;
-    });
+    WhenAsked({}, [this] { QTest::keyClick(&View(), Qt::Key_Return); });
     TypeLine("SGRDX");
     person_.Finish();
     EXPECT_TRUE(Said().contains("什么也没有选中.")) << Said().toStdString();
@@ -90,13 +69,7 @@ TEST_F(Commands, AnEmptyPickSelectsNothing) {
 
 TEST_F(Commands, AMenuTakesTheWaitingCommandsPlace) {
     const int before = acDocManager->documentCount();
-    person_.Then("NEW is chosen while MOVE waits", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        window_.RunCommand("NEW");
-        return true;
-    });
+    WhenAsked({}, [this] { window_.RunCommand("NEW"); });
     TypeLine("SDI 0");
     TypeLine("MOVE");
     person_.Finish();
@@ -295,13 +268,8 @@ TEST_F(Commands, ANewcomersChartsWithoutASuiteLeadToOne) {
     // Single-document mode, where there is always a drawing, and a command that waits.
     TypeLine("SDI 1");
     TypeLine("SAVEAS " + QString::fromStdString(scratch_.Path() / "kept.dwg"));
-    person_.Then("another folder is chosen while a command waits", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(suite_.Folder())));
-        return true;
-    });
+    WhenAsked({},
+              [this] { EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(suite_.Folder()))); });
     TypeLine("MOVE");
     person_.Then("it is open", [this] {
         return !session_.Feed().IsRunning() && acDocManager->curDocument()->isUntitled();

@@ -2,6 +2,7 @@
 
 #include <sqlite3.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QSettings>
 #include <QTest>
@@ -32,6 +33,21 @@ DeskFixture::DeskFixture()
 void DeskFixture::TypeLine(const QString& line) {
     Type(View(), line);
     QTest::keyClick(&View(), Qt::Key_Return);
+}
+
+void DeskFixture::WhenAsked(const QString& prompt, const std::function<void()>& step) {
+    person_.Then("asked for " + prompt.toStdString(), [=, this] {
+        if (!session_.Feed().IsWaiting()) {
+            return false;
+        }
+        EXPECT_TRUE(prompt.isEmpty() || prompt == Prompt()) << Prompt().toStdString();
+        step();
+        return true;
+    });
+}
+
+QString DeskFixture::Prompt() const {
+    return window_.findChild<QLabel*>("prompt")->text();
 }
 
 void DeskFixture::DrawSheet(const QString& borehole, const QStringList& samples) {

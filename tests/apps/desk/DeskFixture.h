@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QStringList>
+#include <functional>
 #include <string>
 
 #include "apps/desk/CommandLine.h"
@@ -19,8 +20,11 @@ protected:
 
     /// Types a line with the keyboard over the drawing and ends it with Enter.
     void TypeLine(const QString& line);
+    /// Does the step once a command asks; in these words, if any are given.
+    void WhenAsked(const QString& prompt, const std::function<void()>& step);
     /// What is on the command line.
     QString Said() const { return window_.Line().History(); }
+    QString Prompt() const;
     desk::DrawingView& View() const { return window_.View(); }
 
     /// Draws charts of samples of a borehole with CGRDX, so that one sheet is made and open.

@@ -1,6 +1,5 @@
 // A curve reshaped by its grips, with the mouse and the keyboard, and stored.
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <algorithm>
@@ -54,14 +53,6 @@ protected:
     static QString PickOf(AcDbObjectId id) {
         return QStringLiteral("#%1").arg(static_cast<qulonglong>(id.handle()), 0, 16);
     }
-    /// Types an answer as soon as a command waits for one.
-    bool Answer(const QString& line) {
-        if (session_.Feed().IsWaiting()) {
-            TypeLine(line);
-            return true;
-        }
-        return false;
-    }
 
     AcDbObjectId curve_;
 };
@@ -91,14 +82,7 @@ TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
 
     // Leaving the drawing asks; the answer asks for the curve, which is clicked.
     person_.Answer("颗分图中有关数据已改变,是否入库?", IDYES);
-    person_.Then("the curve is clicked", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        EXPECT_EQ(window_.findChild<QLabel*>("prompt")->text(), "请选择颗分试样曲线:");
-        Click(PointOn(curve_));
-        return true;
-    });
+    WhenAsked("请选择颗分试样曲线:", [this] { Click(PointOn(curve_)); });
     TypeLine("NEW");
     person_.Finish();
     EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
@@ -167,18 +151,9 @@ TEST_F(Editing, SgrdxTakesTheSelectedCurveAndAsksAgainAfterAClickOnNothing) {
     EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
     EXPECT_FALSE(Said().contains("请选择颗分试样曲线:")) << "it was selected";
 
-    const auto clickWhenAsked = [this](Point at) {
-        person_.Then("a click", [this, at] {
-            if (!session_.Feed().IsWaiting()) {
-                return false;
-            }
-            EXPECT_EQ(window_.findChild<QLabel*>("prompt")->text(), "请选择颗分试样曲线:");
-            Click(at);
-            return true;
-        });
-    };
-    clickWhenAsked(Nowhere());
-    clickWhenAsked(PointOn(curve_));
+    for (const Point at : {Nowhere(), PointOn(curve_)}) {
+        WhenAsked("请选择颗分试样曲线:", [this, at] { Click(at); });
+    }
     TypeLine("SGRDX");
     person_.Finish();
     EXPECT_TRUE(Said().contains("该试样没有改动")) << Said().toStdString();
@@ -208,8 +183,8 @@ TEST_F(Editing, WindowsSelectWithinAndAcross) {
 
     const std::vector<AcDbObjectId> moved = View().Selection();
     const std::vector<double> tops = TopsOf(moved);
-    person_.Then("the base point is typed", [this] { return Answer("0,0"); });
-    person_.Then("the second point is typed", [this] { return Answer("0,100"); });
+    WhenAsked({}, [this] { TypeLine("0,0"); });
+    WhenAsked({}, [this] { TypeLine("0,100"); });
     window_.RunCommand("MOVE");
     person_.Finish();
     const std::vector<double> now = TopsOf(moved);
@@ -220,13 +195,7 @@ TEST_F(Editing, WindowsSelectWithinAndAcross) {
 }
 
 TEST_F(Editing, ACommandOnTheSelectionEndsWithItsDrawing) {
-    person_.Then("the drawing is closed while MOVE waits", [this] {
-        if (!session_.Feed().IsWaiting()) {
-            return false;
-        }
-        window_.RunCommand("CLOSE");
-        return true;
-    });
+    WhenAsked({}, [this] { window_.RunCommand("CLOSE"); });
     View().Select({curve_, View().Picture().items().front().entity});
     window_.RunCommand("MOVE");
     person_.Finish();
