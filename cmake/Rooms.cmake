@@ -21,10 +21,11 @@ function(grdx_precompiled name library)
   target_precompile_headers(${name} PRIVATE ${ARGN})
 endfunction()
 
-# grdx_test(NAME FOLDER LINKS target... [PRECOMPILED NAME|OFF]): one test program for the files directly
-# in tests/FOLDER. A folder without test files makes no program.
+# grdx_test(NAME FOLDER LINKS target... [PRECOMPILED NAME|OFF] [BESIDE_SERVER]): one test program for
+# the files directly in tests/FOLDER, run with a database server of its own when it asks for one. A
+# folder without test files makes no program.
 function(grdx_test name folder)
-  cmake_parse_arguments(ARG "" "PRECOMPILED" "LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "BESIDE_SERVER" "PRECOMPILED" "LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${folder}/*.cpp)
   if(NOT sources)
     return()
@@ -40,5 +41,10 @@ function(grdx_test name folder)
   endif()
   # What is measured and delivered is optimized; what tests it is compiled often.
   target_compile_options(${name} PRIVATE -O0)
-  add_test(NAME ${name} COMMAND ${name} --gtest_shuffle WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
+  set(server)
+  if(ARG_BESIDE_SERVER)
+    set(server ${PROJECT_SOURCE_DIR}/tools/test_server.sh)
+  endif()
+  add_test(NAME ${name} COMMAND ${server} $<TARGET_FILE:${name}> --gtest_shuffle
+           WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
 endfunction()

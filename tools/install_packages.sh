@@ -7,6 +7,8 @@ packages=(
     # build
     g++ cmake ninja-build
     libsqlite3-dev libgtest-dev libgmock-dev libbenchmark-dev nlohmann-json3-dev libcli11-dev
+    # database servers: the driver manager, drivers, and the server that tests and demonstration run
+    unixodbc-dev odbc-postgresql libsqliteodbc postgresql libpq-dev
     # workbooks of spreadsheet programs
     libzip-dev libpugixml-dev libxlsxwriter-dev
     # the locales of the tests

@@ -64,6 +64,8 @@ public:
     virtual ~Connection() = default;
     /// For messages: the file, or the server and its database.
     virtual std::string Name() const = 0;
+    /// What makes the texts of a column sort by their bytes, behind its type in CREATE TABLE.
+    virtual const char* BinaryOrder() const { return ""; }
     /// Runs `statement` (UTF-8), which must be one select and nothing else.
     virtual HRESULT Select(std::string_view statement, std::unique_ptr<Selection>& selection) = 0;
     /// Prepares `sql` (UTF-8), one statement of any kind.

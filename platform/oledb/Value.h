@@ -15,6 +15,8 @@ struct Value {
     /// UTF-8, or the blob's bytes; belongs to whoever made the value.
     std::string_view text;
 
+    bool operator==(const Value&) const = default;
+
     static Value Of(std::int64_t number) { return {Kind::Integer, number, 0.0, {}}; }
     static Value Of(double number) { return {Kind::Real, 0, number, {}}; }
     static Value Of(std::string_view utf8) { return {Kind::Text, 0, 0.0, utf8}; }

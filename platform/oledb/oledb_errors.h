@@ -34,6 +34,7 @@ inline constexpr HRESULT DB_E_DIALECTNOTSUPPORTED = oledb::detail::Failure(0x800
 inline constexpr HRESULT DB_E_ERRORSOCCURRED = oledb::detail::Failure(0x80040E21);
 inline constexpr HRESULT DB_E_DELETEDROW = oledb::detail::Failure(0x80040E23);
 inline constexpr HRESULT DB_E_MULTIPLESTATEMENTS = oledb::detail::Failure(0x80040E2E);
+inline constexpr HRESULT DB_E_CONCURRENCYVIOLATION = oledb::detail::Failure(0x80040E38);
 inline constexpr HRESULT DB_E_INTEGRITYVIOLATION = oledb::detail::Failure(0x80040E2F);
 inline constexpr HRESULT DB_E_NOTABLE = oledb::detail::Failure(0x80040E37);
 inline constexpr HRESULT DB_E_ALREADYINITIALIZED = oledb::detail::Failure(0x80040E52);

@@ -1,11 +1,13 @@
 #include "platform/oledb/Provider.h"
 #include "platform/oledb/last_error.h"
+#include "platform/oledb/providers/odbc/OdbcConnection.h"
 #include "platform/oledb/providers/sqlite/SqliteConnection.h"
 
 namespace oledb {
 
 HRESULT ReadInitString(std::string_view utf8, InitString& properties, const Provider*& provider) {
-    static constexpr Provider kProviders[] = {{"SQLite", sqlite::Connect}};
+    static constexpr Provider kProviders[] = {{"SQLite", sqlite::Connect},
+                                              {"MSDASQL", odbc::Connect}};
     std::string error;
     if (!properties.Parse(utf8, error)) return SetLastError(DB_E_BADINITSTRING, error);
     const std::string* const name = properties.Find("Provider");

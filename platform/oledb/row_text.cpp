@@ -5,24 +5,6 @@
 namespace oledb {
 namespace {
 
-std::string ValueText(const Value& value) {
-    switch (value.kind) {
-        case Value::Kind::Null:
-            return "null";
-        case Value::Kind::Integer:
-            return std::to_string(value.integer);
-        case Value::Kind::Real:
-            return win32::ShortestText(value.real);
-        case Value::Kind::Blob:
-            return "(binary data)";
-        case Value::Kind::Text:
-            break;
-    }
-    const bool plain = !value.text.empty() && value.text != "null" &&
-                       value.text.find_first_of(" \t\r\n\",:;=()") == std::string_view::npos;
-    return plain ? std::string(value.text) : '"' + std::string(value.text) + '"';
-}
-
 bool IsKey(const DBBINDING& binding) {
     return (binding.dwPart & DBPART_STATUS) == 0;
 }
@@ -40,6 +22,24 @@ bool StandsInRowText(const Accessor& accessor, const std::vector<Value>& row,
 }
 
 }  // namespace
+
+std::string ValueText(const Value& value) {
+    switch (value.kind) {
+        case Value::Kind::Null:
+            return "null";
+        case Value::Kind::Integer:
+            return std::to_string(value.integer);
+        case Value::Kind::Real:
+            return win32::ShortestText(value.real);
+        case Value::Kind::Blob:
+            return "(binary data)";
+        case Value::Kind::Text:
+            break;
+    }
+    const bool plain = !value.text.empty() && value.text != "null" &&
+                       value.text.find_first_of(" \t\r\n\",:;=()") == std::string_view::npos;
+    return plain ? std::string(value.text) : '"' + std::string(value.text) + '"';
+}
 
 std::string CellText(const Selection& selection, const ColumnValue& cell) {
     return selection.ColumnName(cell.column) + "=" + ValueText(cell.value);

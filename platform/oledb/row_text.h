@@ -10,7 +10,10 @@
 
 namespace oledb {
 
-/// "COLUMN=value". A text stands in quotes when it could be mistaken for something else.
+/// A text stands in quotes when it could be mistaken for something else.
+std::string ValueText(const Value& value);
+
+/// "COLUMN=value".
 std::string CellText(const Selection& selection, const ColumnValue& cell);
 
 /// "table, KEY=value, …" of a row: as keys count the columns bound in front of the first one that

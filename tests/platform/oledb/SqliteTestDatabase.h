@@ -6,10 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "tests/platform/oledb/TestDatabase.h"
 #include "tests/platform/win32/ScratchFolder.h"
 
 /// An SQLite file, read and written by the library itself.
-class SqliteTestDatabase {
+class SqliteTestDatabase : public TestDatabase {
 public:
     SqliteTestDatabase() : SqliteTestDatabase(nullptr) {}
     /// In a folder of its own, or as the file given. A new one has a write-ahead log.
@@ -17,17 +18,13 @@ public:
         EXPECT_EQ(sqlite3_open(path_.c_str(), &handle_), SQLITE_OK);
         if (Rows("PRAGMA page_count") == "0") Run("PRAGMA journal_mode=WAL");
     }
-    ~SqliteTestDatabase() { sqlite3_close(handle_); }
+    ~SqliteTestDatabase() override { sqlite3_close(handle_); }
     SqliteTestDatabase(const SqliteTestDatabase&) = delete;
     SqliteTestDatabase& operator=(const SqliteTestDatabase&) = delete;
 
     const std::string& Path() const { return path_; }
-    /// By which the layer opens it; UTF-8.
-    std::string InitString() const { return "Provider=SQLite;Data Source=" + path_; }
-    /// Runs statements; fails the test when one is wrong.
-    void Run(const std::string& sql) const { RowList(sql); }
-    /// The rows that statements give, columns joined by "|"; a null is "null".
-    std::vector<std::string> RowList(const std::string& sql) const {
+    std::string InitString() const override { return "Provider=SQLite;Data Source=" + path_; }
+    std::vector<std::string> RowList(const std::string& sql) const override {
         std::vector<std::string> rows;
         const auto addRow = [](void* all, int count, char** texts, char**) {
             std::string row;
@@ -41,20 +38,18 @@ public:
             << sql << ": " << sqlite3_errmsg(handle_);
         return rows;
     }
-    /// The same rows in one line, joined by blanks.
-    std::string Rows(const std::string& select) const {
-        std::string line;
-        for (const std::string& row : RowList(select)) {
-            line += (line.empty() ? "" : " ") + row;
-        }
-        return line;
-    }
-    /// Keeps everybody else from writing until Unlock.
-    void Lock() const { Run("BEGIN IMMEDIATE"); }
-    void Unlock() const { Run("ROLLBACK"); }
+    void Lock() const override { Run("BEGIN IMMEDIATE"); }
 
 private:
     ScratchFolder folder_;
     std::string path_;
     sqlite3* handle_ = nullptr;
+};
+
+/// The same, opened by its ODBC driver.
+class OdbcSqliteTestDatabase final : public SqliteTestDatabase {
+public:
+    std::string InitString() const override {
+        return "Provider=MSDASQL;Driver={SQLite3};Timeout=10;Database=" + Path();
+    }
 };

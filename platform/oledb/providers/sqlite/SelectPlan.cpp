@@ -58,20 +58,7 @@ HRESULT ReadColumns(SqliteDatabase& database, const SelectText& text, TableColum
     return result;
 }
 
-std::string Joined(const std::vector<std::string>& parts, std::string_view between) {
-    std::string all;
-    for (const std::string& part : parts) {
-        if (!all.empty()) all += between;
-        all += part;
-    }
-    return all;
-}
-
 }  // namespace
-
-std::string SelectPlan::KeyCondition() const {
-    return Joined(keys_, "=? AND ") + "=?";
-}
 
 HRESULT SelectPlan::FindKeys(SqliteDatabase& database, const SelectText& text) {
     bool table = false;
@@ -83,48 +70,49 @@ HRESULT SelectPlan::FindKeys(SqliteDatabase& database, const SelectText& text) {
     for (const char* rowId : {"rowid", "_rowid_", "oid"}) {
         if (columns.Has(rowId)) continue;
         SqliteStatement probe;
-        if (probe.Prepare(database.Handle(), std::string("SELECT ") + rowId + " FROM " + table_) ==
-            SQLITE_OK) {
-            keys_ = {rowId};
+        if (probe.Prepare(database.Handle(),
+                          std::string("SELECT ") + rowId + " FROM " + rows_.table) == SQLITE_OK) {
+            rows_.keys = {rowId};
             return S_OK;
         }
         break;
     }
-    for (const std::string& name : columns.primaryKey) keys_.push_back(QuotedName(name));
+    for (const std::string& name : columns.primaryKey) rows_.keys.push_back(QuotedName(name));
     return S_OK;
 }
 
 bool SelectPlan::PrepareKeyed(SqliteDatabase& database, const SelectText& text) {
     std::string head = text.distinct ? "SELECT DISTINCT " : "SELECT ";
     head += text.list;
-    for (const std::string& key : keys_) head += "," + key;
+    for (const std::string& key : rows_.keys) head += "," + key;
     head += " FROM " + text.from;
     if (statement_.Prepare(database.Handle(), head + text.tail) != SQLITE_OK) return false;
     hasParameters_ = true;
-    if (!keys_.empty()) rowStatement_ = head + " WHERE " + KeyCondition();
+    if (!rows_.keys.empty()) rows_.rowStatement = head + " WHERE " + rows_.KeyCondition();
     return true;
 }
 
 HRESULT SelectPlan::Prepare(SqliteDatabase& database, const SelectText& text) {
-    fromOneTable_ = text.fromOneTable;
-    title_ = text.table.empty() ? "select" : text.table;
-    table_ = SchemaPrefix(text) + QuotedName(text.table);
-    if (fromOneTable_ && !text.distinct) {
+    rows_.fromOneTable = text.fromOneTable;
+    rows_.title = text.table.empty() ? "select" : text.table;
+    rows_.table = SchemaPrefix(text) + QuotedName(text.table);
+    if (rows_.fromOneTable && !text.distinct) {
         const HRESULT result = FindKeys(database, text);
         if (FAILED(result)) return result;
         // Rows that cannot be told apart, as those of a view, are not a table's.
-        fromOneTable_ = !keys_.empty();
+        rows_.fromOneTable = !rows_.keys.empty();
     }
     if (!text.fromOneTable || !PrepareKeyed(database, text)) {
         // As it was given: so the library's message is about the text that the caller knows.
-        keys_.clear();
-        fromOneTable_ = false;
+        rows_.keys.clear();
+        rows_.fromOneTable = false;
         const int code = statement_.Prepare(database.Handle(), text.statement);
-        if (code != SQLITE_OK) return database.Failure(code, title_);
+        if (code != SQLITE_OK) return database.Failure(code, rows_.title);
     }
-    const int columns = statement_.ColumnCount();
-    for (int column = 0; column < columns; ++column) {
-        origins_.push_back(statement_.OriginColumn(column));
+    const int columns = statement_.ColumnCount() - static_cast<int>(rows_.keys.size());
+    for (int column = 0; column < statement_.ColumnCount(); ++column) {
+        (column < columns ? rows_.origins : rows_.keyOrigins)
+            .push_back(statement_.OriginColumn(column));
     }
     return S_OK;
 }

@@ -1,11 +1,13 @@
 #include "platform/oledb/providers/sqlite/SqliteConnection.h"
 
+#include <sqlite3.h>
+
 #include <cstddef>
 
 #include "platform/oledb/last_error.h"
-#include "platform/oledb/providers/sqlite/SelectText.h"
+#include "platform/oledb/providers/KeyedSelection.h"
+#include "platform/oledb/providers/SelectText.h"
 #include "platform/oledb/providers/sqlite/SqliteDirectStatement.h"
-#include "platform/oledb/providers/sqlite/SqliteSelection.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
 
@@ -30,10 +32,15 @@ HRESULT SqliteConnection::MakePlan(const SelectText& text, const std::string& ke
 
 HRESULT SqliteConnection::Execute(const std::shared_ptr<SelectPlan>& plan, const SelectText& text,
                                   std::unique_ptr<Selection>& selection) {
-    auto made = std::make_unique<SqliteSelection>(shared_from_this(), plan);
-    const HRESULT result = made->Execute(text.parameters);
-    if (SUCCEEDED(result)) selection = std::move(made);
-    return result;
+    SqliteStatement& statement = plan->Statement();
+    RowBuffer rows;
+    const HRESULT result =
+        database_.Run(statement, plan->HasParameters() ? text.parameters : std::vector<Value>(),
+                      plan->Rows().title, [&] { statement.AppendRow(rows); });
+    if (FAILED(result)) return result;
+    selection = std::make_unique<KeyedSelection>(
+        shared_from_this(), std::shared_ptr<const KeyedRows>(plan, &plan->Rows()), std::move(rows));
+    return S_OK;
 }
 
 HRESULT SqliteConnection::Select(std::string_view statement,
@@ -65,6 +72,15 @@ HRESULT SqliteConnection::Prepare(std::string_view sql, std::unique_ptr<Statemen
     const HRESULT result = made->Prepare(std::string(sql), reason);
     if (SUCCEEDED(result)) statement = std::move(made);
     return result;
+}
+
+HRESULT SqliteConnection::ReadRows(const std::string& sql, const std::vector<Value>& parameters,
+                                   RowBuffer& rows, std::string& reason) {
+    SqliteStatement statement;
+    const int code = statement.Prepare(database_.Handle(), sql);
+    if (code != SQLITE_OK) return database_.Reason(code, reason);
+    return database_.Run(
+        statement, parameters, [&] { statement.AppendRow(rows); }, reason);
 }
 
 HRESULT SqliteConnection::Columns(const std::string& table, std::vector<std::string>& names,

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/oledb/Provider.h"
+#include "platform/oledb/providers/KeyedRows.h"
 #include "platform/oledb/providers/sqlite/SelectPlan.h"
 #include "platform/oledb/providers/sqlite/SqliteDatabase.h"
 
@@ -15,6 +16,7 @@ namespace oledb::sqlite {
 /// A database file. Selects keep their prepared statement, so that the same question about another
 /// key costs no new preparation.
 class SqliteConnection final : public Connection,
+                               public RowAccess,
                                public std::enable_shared_from_this<SqliteConnection> {
 public:
     HRESULT Open(const std::string& path, Access access) { return database_.Open(path, access); }
@@ -29,6 +31,14 @@ public:
     HRESULT Begin(std::string& reason) override { return database_.Begin(reason); }
     HRESULT Commit(std::string& reason) override { return database_.Commit(reason); }
     void Rollback() override { database_.Rollback(); }
+
+    std::string Quoted(const std::string& name) const override { return QuotedName(name); }
+    HRESULT ReadRows(const std::string& sql, const std::vector<Value>& parameters, RowBuffer& rows,
+                     std::string& reason) override;
+    HRESULT ChangeOne(const std::string& sql, const std::vector<Value>& parameters,
+                      RowBuffer& /*returned*/, std::string& reason) override {
+        return database_.ChangeOne(sql, parameters, reason);
+    }
 
     SqliteDatabase& Database() { return database_; }
 

@@ -204,8 +204,15 @@ int SqliteDatabase::StepThrough(SqliteStatement& statement, const std::vector<Va
 
 HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>& parameters,
                             const std::string& title, const std::function<void()>& row) const {
+    std::string reason;
+    const HRESULT result = Run(statement, parameters, row, reason);
+    return FAILED(result) ? SetLastError(result, title + ": " + reason) : result;
+}
+
+HRESULT SqliteDatabase::Run(SqliteStatement& statement, const std::vector<Value>& parameters,
+                            const std::function<void()>& row, std::string& reason) const {
     const int code = StepThrough(statement, parameters, row);
-    const HRESULT result = code == SQLITE_DONE ? S_OK : Failure(code, title);
+    const HRESULT result = code == SQLITE_DONE ? S_OK : Reason(code, reason);
     statement.Reset();
     return result;
 }
@@ -219,10 +226,8 @@ HRESULT SqliteDatabase::RunKept(const std::string& sql, const std::vector<Value>
         changes_.erase(kept);
         return Reason(prepared, reason);
     }
-    const int code = StepThrough(kept->second, parameters, [] {});
-    const HRESULT result = code == SQLITE_DONE ? S_OK : Reason(code, reason);
-    kept->second.Reset();
-    return result;
+    return Run(
+        kept->second, parameters, [] {}, reason);
 }
 
 HRESULT SqliteDatabase::ChangeOne(const std::string& sql, const std::vector<Value>& parameters,

@@ -55,6 +55,9 @@ public:
     /// Runs a select from front to back; `row` is called with each row stepped to.
     HRESULT Run(SqliteStatement& statement, const std::vector<Value>& parameters,
                 const std::string& title, const std::function<void()>& row) const;
+    /// The same, with the bare reason of a failure.
+    HRESULT Run(SqliteStatement& statement, const std::vector<Value>& parameters,
+                const std::function<void()>& row, std::string& reason) const;
     /// Notes the library's error for `title` and gives the code it stands for.
     HRESULT Failure(int code, const std::string& title) const;
 

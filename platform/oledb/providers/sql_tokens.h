@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace oledb::sqlite {
+namespace oledb {
 
 struct Token {
     enum class Kind { Word, QuotedName, String, Number, Sign, Bad };
@@ -23,4 +23,4 @@ struct Token {
 /// ends.
 std::vector<Token> Tokens(std::string_view sql);
 
-}  // namespace oledb::sqlite
+}  // namespace oledb

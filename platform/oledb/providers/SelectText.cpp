@@ -1,13 +1,13 @@
-#include "platform/oledb/providers/sqlite/SelectText.h"
+#include "platform/oledb/providers/SelectText.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <system_error>
 
-#include "platform/oledb/providers/sqlite/sql_tokens.h"
+#include "platform/oledb/providers/sql_tokens.h"
 
-namespace oledb::sqlite {
+namespace oledb {
 namespace {
 
 constexpr std::string_view kClauses[] = {"WHERE", "ORDER", "LIMIT"};
@@ -67,6 +67,7 @@ private:
             out_.schema = std::move(out_.table);
             out_.table = tokens_[at_++].Unquoted();
         }
+        out_.name = Text(tokens_[first], tokens_[at_ - 1]);
         if (Here("AS")) ++at_;
         if (NameHere() && !IsOneOf(tokens_[at_], kClauses) && !IsOneOf(tokens_[at_], kForeign)) {
             ++at_;
@@ -109,11 +110,11 @@ private:
             const auto read = std::from_chars(token.text.data(), end, number);
             const bool whole =
                 token.kind == Token::Kind::Number && read.ec == std::errc{} && read.ptr == end;
-            if (!whole) return false;
+            // Behind a sign a server could not tell of what type the parameter is.
+            if (!whole || before.IsSign('-')) return false;
             out_.parameters.push_back(Value::Of(number));
         }
         out_.tail += '?';
-        out_.tail += std::to_string(out_.parameters.size());
         return true;
     }
 
@@ -152,4 +153,4 @@ std::string SelectText::Key() const {
     return (distinct ? "DISTINCT " : "ALL ") + list + " FROM " + from + tail;
 }
 
-}  // namespace oledb::sqlite
+}  // namespace oledb

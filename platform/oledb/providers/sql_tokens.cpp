@@ -1,9 +1,9 @@
-#include "platform/oledb/providers/sqlite/sql_tokens.h"
+#include "platform/oledb/providers/sql_tokens.h"
 
 #include <algorithm>
 #include <cstddef>
 
-namespace oledb::sqlite {
+namespace oledb {
 namespace {
 
 bool IsBlank(char c) {
@@ -96,4 +96,4 @@ std::vector<Token> Tokens(std::string_view sql) {
     }
 }
 
-}  // namespace oledb::sqlite
+}  // namespace oledb

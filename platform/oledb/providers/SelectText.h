@@ -7,7 +7,7 @@
 #include "platform/oledb/Value.h"
 #include "platform/oledb/oledb_errors.h"
 
-namespace oledb::sqlite {
+namespace oledb {
 
 /// A select taken apart as far as changing its rows needs it.
 struct SelectText {
@@ -17,10 +17,11 @@ struct SelectText {
     bool distinct = false;
     std::string table;   ///< the table's name without quotes
     std::string schema;  ///< the name in front of it without quotes; often empty
+    std::string name;    ///< both as they are named after FROM
     std::string list;    ///< what stands between SELECT [DISTINCT] and FROM
     std::string from;    ///< the table as it is named after FROM, alias included
-    /// What follows, with "?1", "?2" … for texts and whole numbers of its condition, so that the
-    /// same question about another sample is the same text.
+    /// What follows, with "?" for texts and whole numbers of its condition, so that the same
+    /// question about another sample is the same text.
     std::string tail;
     std::vector<Value> parameters;  ///< texts point into `literals`
     std::vector<std::string> literals;
@@ -35,4 +36,4 @@ struct SelectText {
     std::string Key() const;
 };
 
-}  // namespace oledb::sqlite
+}  // namespace oledb
