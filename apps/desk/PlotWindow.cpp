@@ -1,5 +1,6 @@
 #include "apps/desk/PlotWindow.h"
 
+#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -168,9 +169,11 @@ bool PlotWindow::ForEachSheet(const std::function<void(const paint::Sheet&)>& pl
 
 bool PlotWindow::Plot(QByteArray& bytes) {
     if (format_->currentIndex() == kPdf) {
-        paint::PdfPages pages(painter_, Options());
+        QBuffer file(&bytes);
+        file.open(QIODevice::WriteOnly);
+        paint::PdfPages pages(painter_, Options(), file);
         const bool isThrough = ForEachSheet([&](const paint::Sheet& sheet) { pages.Add(sheet); });
-        bytes = pages.Finish();
+        pages.Finish();
         return isThrough;
     }
     return ForEachSheet([&](const paint::Sheet& sheet) {

@@ -1,5 +1,6 @@
 #include "apps/paint/sheet_pages.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QPageLayout>
 #include <QSvgGenerator>
@@ -15,7 +16,8 @@ constexpr double kLongSide = 297.0;   // of A4, and the short side of A3
 constexpr double kA3LongSide = 420.0;
 constexpr double kLargestSide = 1189.0;  // of A0
 constexpr double kMargin = 10.0;
-constexpr int kPdfResolution = 2400;  // coordinates of the file are whole dots
+/// A hundred dots a millimetre: sheets' coordinates are short numbers of them.
+constexpr int kPdfResolution = 2540;
 /// What may reach over the edge of a sheet: half a line, the room that glyph boxes keep.
 constexpr double kOverhang = 1.0;
 
@@ -64,9 +66,8 @@ void PaintSheet(QPainter& painter, const Sheet& sheet, const QRectF& target,
     pictures.paint(painter, sheet.list, FitTransform(view, target), view, look);
 }
 
-PdfPages::PdfPages(PicturePainter& pictures, const PlotOptions& options)
-    : pictures_(pictures), options_(options), writer_(&buffer_) {
-    buffer_.open(QIODevice::WriteOnly);
+PdfPages::PdfPages(PicturePainter& pictures, const PlotOptions& options, QIODevice& file)
+    : pictures_(pictures), options_(options), writer_(&file) {
     writer_.setResolution(kPdfResolution);
     writer_.setPageMargins(QMarginsF());
     writer_.setCreator(QStringLiteral("GRDX"));
@@ -85,11 +86,6 @@ void PdfPages::Add(const Sheet& sheet) {
     PaintSheet(painter_, sheet,
                QRectF(0.0, 0.0, page.width * dotsPerMillimetre, page.height * dotsPerMillimetre),
                pictures_, PaperLook(options_));
-}
-
-QByteArray PdfPages::Finish() {
-    painter_.end();
-    return buffer_.data();
 }
 
 QByteArray SvgOf(const Sheet& sheet, PicturePainter& pictures, const PlotOptions& options) {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QBuffer>
 #include <QByteArray>
+#include <QIODevice>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QString>
@@ -43,17 +43,16 @@ void PaintSheet(QPainter& painter, const Sheet& sheet, const QRectF& target,
 /// Sheets as pages of one PDF file in real size, with fonts embedded.
 class PdfPages {
 public:
-    /// `pictures` must outlive it.
-    PdfPages(PicturePainter& pictures, const PlotOptions& options);
+    /// Writes into `file`, which is open for that. It and `pictures` must outlive the pages.
+    PdfPages(PicturePainter& pictures, const PlotOptions& options, QIODevice& file);
     /// The first sheet gives the file its title.
     void Add(const Sheet& sheet);
-    /// The file's bytes; to be called once, after the last page.
-    QByteArray Finish();
+    /// To be called once, after the last page.
+    void Finish() { painter_.end(); }
 
 private:
     PicturePainter& pictures_;
     PlotOptions options_;
-    QBuffer buffer_;
     QPdfWriter writer_;
     QPainter painter_;
 };

@@ -1,8 +1,12 @@
 #include "apps/plot/plot.h"
 
+#include <QDir>
+#include <QTemporaryFile>
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
 #include "host/picture/FontLibrary.h"
 #include "host/picture/picture_of.h"
@@ -36,20 +40,13 @@ class Plotter {
 public:
     explicit Plotter(const Request& request) : request_(request) {}
 
-    /// The drawings on one file, whose path is returned.
+    /// The drawings on one file, whose path is returned; empty when a drawing was refused.
     std::string plot(const std::vector<std::string>& drawings, const Report& report) {
-        std::vector<paint::Sheet> sheets;
-        bool complete = true;
-        for (const std::string& drawing : drawings) {
-            try {
-                sheets.push_back(read(drawing, report));
-            } catch (const Refusal& refusal) {
-                report.refused(refusal.what());
-                complete = false;
-            }
-            noteFontFaults(report);
-        }
-        return complete ? write(sheets, outputOf(drawings.front())) : std::string();
+        const std::string path = outputOf(drawings.front());
+        const bool isPlotted = request_.format == Format::kPdf
+                                   ? plotPages(drawings, path, report)
+                                   : plotPicture(drawings.front(), path, report);
+        return isPlotted ? path : std::string();
     }
 
     /// True when a page plotted so far lacks something that its drawing should have.
@@ -79,6 +76,18 @@ private:
         return {QString::fromStdString(title), std::move(picture)};
     }
 
+    /// Nothing for a drawing that is refused.
+    std::optional<paint::Sheet> tryToRead(const std::string& drawing, const Report& report) {
+        std::optional<paint::Sheet> sheet;
+        try {
+            sheet = read(drawing, report);
+        } catch (const Refusal& refusal) {
+            report.refused(refusal.what());
+        }
+        noteFontFaults(report);
+        return sheet;
+    }
+
     void noteFontFaults(const Report& report) {
         for (const std::string& fault : fonts_.takeFaults()) {
             report.noted(fault);
@@ -93,22 +102,6 @@ private:
                                        : request_.output;
     }
 
-    QByteArray bytesOf(const std::vector<paint::Sheet>& sheets) {
-        switch (request_.format) {
-            case Format::kPdf: {
-                paint::PdfPages pages(painter_, request_.options);
-                std::for_each(sheets.begin(), sheets.end(),
-                              [&](const paint::Sheet& sheet) { pages.Add(sheet); });
-                return pages.Finish();
-            }
-            case Format::kSvg:
-                return SvgOf(sheets.front(), painter_, request_.options);
-            case Format::kPng:
-                break;
-        }
-        return PngOf(sheets.front(), painter_, request_.options);
-    }
-
     /// Also by another name or through links.
     bool isInput(const std::string& path) const {
         std::error_code missing;
@@ -118,20 +111,65 @@ private:
                            });
     }
 
-    std::string write(const std::vector<paint::Sheet>& sheets, const std::string& path) {
-        if (isInput(path)) {
-            throw Refusal(path + ": it is one of the drawings to plot, and they stay as they are");
+    /// One drawing is in memory at a time, and the pages wait in a file for the last one.
+    bool plotPages(const std::vector<std::string>& drawings, const std::string& path,
+                   const Report& report) {
+        QTemporaryFile file;
+        file.open();
+        paint::PdfPages pages(painter_, request_.options, file);
+        bool complete = true;
+        for (const std::string& drawing : drawings) {
+            const std::optional<paint::Sheet> sheet = tryToRead(drawing, report);
+            complete = complete && sheet;
+            if (complete) {
+                pages.Add(*sheet);
+            }
         }
-        const QByteArray bytes = bytesOf(sheets);
+        if (!complete) {
+            return false;
+        }
+        pages.Finish();
+        if (file.error() != QFileDevice::NoError || !file.flush() || !file.seek(0)) {
+            throw Refusal(path + ": the pages cannot be kept in " + QDir::tempPath().toStdString() +
+                          ": " + file.errorString().toStdString());
+        }
+        QByteArray read;
+        write(path, [&](std::string_view& piece) {
+            constexpr qint64 kPiece = 1 << 16;
+            read = file.read(kPiece);
+            piece = {read.data(), static_cast<std::size_t>(read.size())};
+            return file.error() == QFileDevice::NoError;
+        });
+        return true;
+    }
+
+    bool plotPicture(const std::string& drawing, const std::string& path, const Report& report) {
+        const std::optional<paint::Sheet> sheet = tryToRead(drawing, report);
+        if (!sheet) {
+            return false;
+        }
+        QByteArray bytes = request_.format == Format::kSvg
+                               ? SvgOf(*sheet, painter_, request_.options)
+                               : PngOf(*sheet, painter_, request_.options);
         if (bytes.isEmpty()) {
             throw Refusal(path + ": the picture would be too large at this resolution");
         }
+        std::string_view rest(bytes.data(), static_cast<std::size_t>(bytes.size()));
+        write(path, [&](std::string_view& piece) {
+            piece = std::exchange(rest, {});
+            return true;
+        });
+        return true;
+    }
+
+    void write(const std::string& path, const win32::ContentSource& content) const {
+        if (isInput(path)) {
+            throw Refusal(path + ": it is one of the drawings to plot, and they stay as they are");
+        }
         std::string error;
-        if (!win32::ReplaceFileWhole(path, {bytes.data(), static_cast<std::size_t>(bytes.size())},
-                                     error)) {
+        if (!win32::ReplaceFileWhole(path, content, error)) {
             throw Refusal(error);
         }
-        return path;
     }
 
     const Request& request_;

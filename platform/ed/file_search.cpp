@@ -7,6 +7,7 @@
 
 #include "platform/ed/adesk_results.h"
 #include "platform/win32/code_page.h"
+#include "platform/win32/folder_listings.h"
 #include "platform/win32/gbk_case.h"
 #include "platform/win32/private_profile.h"
 #include "platform/win32/windows_path.h"
@@ -31,6 +32,11 @@ bool IsFile(const std::string& windowsPath) {
     return std::filesystem::is_regular_file(win32::FileSystemPath(windowsPath), ignored);
 }
 
+/// False when the folder has no entry of that name, in whatever case.
+bool MayHold(const std::string& folder, const std::string& name) {
+    return !win32::FolderListings::Get().Find(win32::FileSystemPath(folder), name).empty();
+}
+
 bool HasFolder(const std::string& name) {
     return win32::FindChar(name, '\\') != std::string::npos ||
            win32::FindChar(name, '/') != std::string::npos;
@@ -52,6 +58,10 @@ std::string Find(const std::string& name) {
         return IsFile(name) ? name : std::string();
     }
     for (const std::string& folder : State().folders) {
+        // Fonts that are mapped are in none of them, and are looked for with every sheet.
+        if (!MayHold(folder, name)) {
+            continue;
+        }
         std::string path = folder;
         path += EndsWithSeparator(folder) ? "" : "\\";
         path += name;

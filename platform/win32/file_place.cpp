@@ -1,10 +1,13 @@
 #include "platform/win32/file_place.h"
 
 #include <fcntl.h>
+#include <linux/openat2.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -25,6 +28,15 @@ std::deque<std::string> NamesOf(const std::string& path) {
         start = end + 1;
     }
     return names;
+}
+
+/// The folder that a path below `folder` names when no link is in it. Else, and where the system
+/// has no such call, none.
+OpenFile OpenWithoutLinks(int folder, const std::string& path) {
+    open_how how{};
+    how.flags = kPassing;
+    how.resolve = RESOLVE_NO_SYMLINKS;
+    return OpenFile(static_cast<int>(syscall(SYS_openat2, folder, path.c_str(), &how, sizeof how)));
 }
 
 void RemoveLastName(std::string& path) {
@@ -50,6 +62,7 @@ bool IsLedAstray(const FilePlace& place) {
 
 int FilePlace::Find(const std::string& path) {
     int fault = Start(path);
+    EnterPlainFolders();
     while (fault == 0 && !rest_.empty()) {
         const std::string name = std::move(rest_.front());
         rest_.pop_front();
@@ -81,6 +94,23 @@ int FilePlace::Start(const std::string& path) {
     rest_ = NamesOf(path);
     linkFolders_.clear();
     return 0;
+}
+
+/// All folders before the last name in one step, when that is all they are.
+void FilePlace::EnterPlainFolders() {
+    std::string folders;
+    for (std::size_t i = 0; i + 1 < rest_.size(); ++i) {
+        if (rest_[i] == "..") {
+            return;
+        }
+        folders += (i == 0 ? "" : "/") + rest_[i];
+    }
+    OpenFile folder = folders.empty() ? OpenFile() : OpenWithoutLinks(folder_.Get(), folders);
+    if (folder.Get() >= 0) {
+        folder_ = std::move(folder);
+        folderPath_ += "/" + folders;
+        rest_.erase(rest_.begin(), std::prev(rest_.end()));
+    }
 }
 
 int FilePlace::Enter(const std::string& name) {

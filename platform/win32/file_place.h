@@ -28,6 +28,7 @@ public:
 
 private:
     int Start(const std::string& path);
+    void EnterPlainFolders();
     int Enter(const std::string& name);
     int Leave();
     int FollowLink(const std::string& name, bool& isLink);

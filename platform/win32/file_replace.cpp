@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <system_error>
+#include <utility>
 
 #include "platform/win32/file_place.h"
 #include "platform/win32/windows_path.h"
@@ -29,6 +30,16 @@ bool WriteAll(int descriptor, std::string_view content) {
         }
         content.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
     }
+    return true;
+}
+
+bool WriteAll(int descriptor, const ContentSource& content) {
+    std::string_view piece;
+    do {
+        if (!content(piece) || !WriteAll(descriptor, piece)) {
+            return false;
+        }
+    } while (!piece.empty());
     return true;
 }
 
@@ -160,6 +171,15 @@ bool TakeOver(int descriptor, const struct stat& old) {
 }  // namespace
 
 bool ReplaceFileWhole(const std::string& fileSystemPath, std::string_view content,
+                      std::string& error, Durability durability) {
+    const ContentSource source = [&content](std::string_view& piece) {
+        piece = std::exchange(content, {});
+        return true;
+    };
+    return ReplaceFileWhole(fileSystemPath, source, error, durability);
+}
+
+bool ReplaceFileWhole(const std::string& fileSystemPath, const ContentSource& content,
                       std::string& error, Durability durability) {
     const auto fail = [&](int code) {
         error = Reason(fileSystemPath, code);

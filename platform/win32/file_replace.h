@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -23,6 +24,13 @@ enum class Durability { kWithSystem, kOnDisk };
 /// kOnDisk costs what the disk costs, about 3 ms on an SSD against 0.3 ms: it is for what a person
 /// saves. Files that a command makes by the thousand and can make again go without.
 bool ReplaceFileWhole(const std::string& fileSystemPath, std::string_view content,
+                      std::string& error, Durability durability = Durability::kWithSystem);
+
+/// Gives the content of a file from its start, piece by piece; an empty piece is its end. False,
+/// with errno, when it cannot.
+using ContentSource = std::function<bool(std::string_view& piece)>;
+/// The same with content that need not be in memory whole.
+bool ReplaceFileWhole(const std::string& fileSystemPath, const ContentSource& content,
                       std::string& error, Durability durability = Durability::kWithSystem);
 
 /// Reads the whole file. Anything but an ordinary file is refused at once: a pipe or a device might
