@@ -148,7 +148,7 @@ void AddVocabulary(GroupWriter& groups) {
     }
     groups.Begin("ABBR",
                  {{"ABBR_HDNG", "", kText}, {"ABBR_CODE", "", kText}, {"ABBR_DESC", "", kText}});
-    groups.Add({"DICT_TYPE", "HEADING", "Definition of a heading"});
+    groups.Add({"DICT_TYPE", "HEADING", "Flag to indicate definition is a HEADING"});
     groups.Add({"DICT_STAT", "OTHER", "Other field"});
     groups.Begin("DICT", {{"DICT_TYPE", "", kCode},
                           {"DICT_GRP", "", kText},
