@@ -2,8 +2,8 @@
 # Measures what docs/performance.md reports: the curve's own work, the browsers over 10,000 sheets,
 # whole runs of the console program over 10 to 10,000 sheets of samples and over 1,000 of layers with
 # the memory they take, and beside it a bare program that runs the same statements and writes the
-# same bytes, and a Python script that draws the same entities; then the drawing view's redraws and
-# 100 sheets plotted as one file, and tables imported.
+# same bytes, and a Python script that draws the same entities; then the drawing view's redraws,
+# sheets plotted as one file, tables imported, and projects checked.
 # Every figure is of this run on this machine; only the ratios carry over to others.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -82,11 +82,15 @@ echo
 echo "A3 sheet of six charts in a window of 1920 x 1080, at 1, 3 and 20 times its height:"
 "$build/bin/bench_picture" "$(cat "$scratch/a3.txt")" --benchmark_min_time=0.5 2>/dev/null
 
-mapfile -t sheets < <(find "$scratch/suite100/output" -name '*.dwg' | sort)
-read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" plot "${sheets[@]}" \
-    --to pdf -o "$scratch/all.pdf")"
 echo
-awk "BEGIN{printf \"%d sheets as pages of one PDF file: %.1f ms a sheet, start included, peak %s MB\n\", ${#sheets[@]}, $seconds*1000/${#sheets[@]}, \"$memory\"}"
+echo "pages of one PDF file    ms a sheet   peak MB   (start of the program included)"
+for suite in suite100 round1; do
+    find "$scratch/$suite/output" -name 'KF*.dwg' | sort >"$scratch/sheets.txt"
+    count=$(wc -l <"$scratch/sheets.txt")
+    read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" plot - --to pdf \
+        -o "$scratch/all.pdf" <"$scratch/sheets.txt")"
+    printf '%-24s %10s %9s\n' "$count" "$(awk "BEGIN{printf \"%.2f\", $seconds*1000/$count}")" "$memory"
+done
 
 echo
 echo "10,000 samples imported, 100,000 sieve items    seconds   peak MB"
@@ -101,5 +105,18 @@ for table in tests.csv tests.xlsx; do
     done
 done
 
+echo
+echo "10,000 samples checked                          seconds   peak MB"
+check_samples() { # WHAT
+    read -r seconds memory <<<"$(bench/measure.py "$build/bin/grdx" check \
+        -s "$scratch/tests.csv.suite")"
+    printf '%-44s %9.2f %9s\n' "$1" "$seconds" "$memory"
+}
+check_samples "not drawn"
+"$build/bin/grdx" draw samples -s "$scratch/tests.csv.suite" --all-boreholes --all \
+    --date 2026-05-20 >/dev/null 2>&1
+check_samples "drawn on 5,000 sheets"
+
+mapfile -t sheets < <(find "$scratch/suite100/output" -name '*.dwg' | sort)
 echo
 "$build/bin/bench_desk" "$scratch/suite100" "${sheets[@]}" 2>/dev/null

@@ -4,10 +4,10 @@
 #include <filesystem>
 
 #include "lab/Failure.h"
-#include "platform/db/AcDbBlockTable.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/dwg/DwgInFiler.h"
+#include "platform/dwg/objects_of_class.h"
 #include "platform/suite/orvik8.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/windows_path.h"
@@ -46,21 +46,6 @@ bool IsKeptCurve(const AcDbEntity& entity) {
     }
     const AcDbKeptClass& kept = static_cast<const AcDbKeptEntity&>(entity).keptClass();
     return kept.record != nullptr && kept.record->className == std::string_view(kCurveClass);
-}
-
-std::vector<AcDbObjectId> ModelSpaceIds(AcDbDatabase& database) {
-    AcDbBlockTable* blocks = nullptr;
-    AcDbBlockTableRecord* modelSpace = nullptr;
-    std::vector<AcDbObjectId> ids;
-    if (database.getSymbolTable(blocks, AcDb::kForRead) != Acad::eOk) {
-        return ids;
-    }
-    if (blocks->getAt(ACDB_MODEL_SPACE, modelSpace, AcDb::kForRead) == Acad::eOk) {
-        ids = modelSpace->entityIds();
-        modelSpace->close();
-    }
-    blocks->close();
-    return ids;
 }
 
 /// The folder of a project's sheets in the file system, as the chart commands make it.
@@ -108,13 +93,8 @@ SheetCurves::SheetCurves(const std::string& projectNumber) {
 }
 
 void SheetCurves::ReadSheet(const std::string& path, const std::string& name) {
-    std::string windowsPath;
     AcDbDatabase database(false, true);
-    if (!win32::WindowsPath(path, windowsPath) ||
-        database.readDwgFile(windowsPath.c_str()) != Acad::eOk) {
-        return;
-    }
-    for (const AcDbObjectId id : ModelSpaceIds(database)) {
+    for (const AcDbObjectId id : dwg::ReadObjectsOfClass(database, path, kCurveClass)) {
         AcDbEntity* entity = nullptr;
         if (acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
             continue;

@@ -1,5 +1,6 @@
 #include "platform/db/AcDbHatch.h"
 
+#include <algorithm>
 #include <numbers>
 
 #include "platform/db/AcDbCircle.h"
@@ -197,6 +198,22 @@ Acad::ErrorStatus AcDbHatch::getGeomExtents(AcDbExtents& extents) const {
     ExtentsWorldDraw box;
     db::InPlane(box, normal_, [&](AcGiWorldDraw& inPlane) { drawSolid(inPlane, outlines()); });
     return db::BoxOf(box, extents);
+}
+
+bool AcDbHatch::isOfCirclesWithin(const AcDbExtents& box) const {
+    const AcGePoint3d& low = box.minPoint();
+    const AcGePoint3d& high = box.maxPoint();
+    const auto isWithin = [&](const Edge& edge) {
+        const auto* const arc = std::get_if<CircularArcEdge>(&edge);
+        return arc != nullptr && arc->center.x - arc->radius >= low.x &&
+               arc->center.x + arc->radius <= high.x && arc->center.y - arc->radius >= low.y &&
+               arc->center.y + arc->radius <= high.y;
+    };
+    return normal_.isEqualTo(AcGeVector3d::kZAxis, 0.0) && elevation_ >= low.z &&
+           elevation_ <= high.z && std::all_of(loops_.begin(), loops_.end(), [&](const Loop& loop) {
+               return loop.vertices.empty() &&
+                      std::all_of(loop.edges.begin(), loop.edges.end(), isWithin);
+           });
 }
 
 Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& transform) {

@@ -92,6 +92,9 @@ public:
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
     Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+    /// Whether it is of circles, as dots are, that are surely within the box; far quicker to tell
+    /// than its extents. For the layer's own rooms.
+    bool isOfCirclesWithin(const AcDbExtents& box) const;
     /// eNotApplicable for maps that do not scale the entity's plane evenly.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
     std::unique_ptr<AcDbObject> clone() const override;

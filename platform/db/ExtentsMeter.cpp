@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "platform/db/AcDbBlockReference.h"
+#include "platform/db/AcDbHatch.h"
 #include "platform/db/AcDbKeptEntity.h"
 #include "platform/db/entity_drawing.h"
 
@@ -12,6 +13,11 @@ bool db::IsSomewhere(const AcGePoint3d& p) {
 }
 
 bool ExtentsMeter::add(const AcDbEntity& entity, AcDbExtents& box) {
+    // Dots are half of what a chart has to measure, and lie within its frame.
+    if (entity.isA() == AcDbHatch::desc() &&
+        static_cast<const AcDbHatch&>(entity).isOfCirclesWithin(box)) {
+        return true;
+    }
     AcDbExtents own;
     bool isTold = false;
     bool isWhole = true;

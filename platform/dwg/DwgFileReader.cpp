@@ -35,6 +35,18 @@ void DwgFileReader::read() {
     attempt([this] { checkTail(); });
 }
 
+void DwgFileReader::readObjectsOf(std::string_view className) {
+    readHead();
+    readVariables();
+    readClasses();
+    for (const dwg::MapEntry& entry : dwg::ReadObjectMap(section(dwg::kObjectMap))) {
+        const DwgClassTable::ClassPtr fileClass = classAt(entry.position);
+        if (fileClass && fileClass->className == className) {
+            readObject(entry.handle, entry.position);
+        }
+    }
+}
+
 // The seed of a damaged file may lie below handles that are taken, or so high that none are left.
 void DwgFileReader::raiseHandleSeed() {
     AcDbHandle& seed = database_.header().HANDSEED;

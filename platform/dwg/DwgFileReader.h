@@ -21,6 +21,8 @@ public:
     DwgFileReader(AcDbDatabase& database, std::string file);
 
     void read();
+    /// Reads only the objects of a class that modules register, by the class's name.
+    void readObjectsOf(std::string_view className);
     /// What the drawing keeps of the file; after reading.
     std::shared_ptr<DwgFileRemains> takeRemains() { return std::move(remains_); }
     /// What was left out, without the file's path; after reading.
@@ -49,6 +51,7 @@ private:
     void attempt(Step step);
     void readObjects();
     void readObject(AcDbHandle handle, std::size_t position);
+    DwgClassTable::ClassPtr classAt(std::size_t position) const;
     void loseObject(AcDbHandle handle, const std::string& reason);
     /// What stands in a lost block or belongs to a lost entity is lost with it.
     void loseEntitiesOfLost();

@@ -96,6 +96,16 @@ DwgFileReader::ObjectSource DwgFileReader::sourceOf(AcDbHandle handle, std::size
     return source;
 }
 
+// Null for an object of a built-in class, and where there is none.
+DwgClassTable::ClassPtr DwgFileReader::classAt(std::size_t position) const {
+    const dwg::ObjectFrame frame = dwg::FrameAt(file_, position);
+    if (!frame.fits) {
+        return nullptr;
+    }
+    DwgBitReader bits(dwg::BytesOf(file_) + frame.contentPosition, 0, 8 * frame.contentSize);
+    return state_.classes.at(static_cast<std::uint16_t>(bits.bitShort()));
+}
+
 void DwgFileReader::readObject(AcDbHandle handle, std::size_t position) {
     const ObjectSource source = sourceOf(handle, position);
     const DwgClassTable::ClassPtr fileClass = state_.classes.at(source.type);
