@@ -8,7 +8,6 @@
 #include "lab/Failure.h"
 #include "lab/numbers.h"
 #include "platform/win32/code_page.h"
-#include "platform/win32/file_replace.h"
 #include "tests/lab/Workbook.h"
 
 using testing::HasSubstr;
@@ -380,47 +379,6 @@ TEST(TableFilesTest, WhatIsWrongIsNamedByPlaceAndText) {
     };
     for (const Case& file : files) {
         Check(file);
-    }
-}
-
-TEST(TableFilesTest, PublishedGradingsKeepTheirDiameters) {
-    struct Soil {
-        const char* sample;
-        double d10, d30, d60;  // as published: straight lines between the sieves
-    };
-    const Soil soils[] = {{"A ISO", 0.080975, 0.147535, 0.235563},
-                          {"A 5g", 0.0789266, 0.136816, 0.230099},
-                          {"B ISO", 0.598585, 1.557427, 3.615297},
-                          {"C ISO", 0.369048, 3.694118, 14.166667},
-                          {"C", 0.5625, 5.152, 18.451163}};
-    lab::TableOptions options;
-    options.as = kPassing;
-    lab::Findings findings;
-    lab::TableFile file{GRDX_TABLES "/published-soils.csv", {}};
-    std::string error;
-    ASSERT_TRUE(win32::ReadFileWhole(file.name, file.bytes, error)) << error;
-    const auto samples = lab::ReadSamples({file}, options, findings);
-    EXPECT_EQ(samples.size(), 10U);
-    for (const Soil& soil : soils) {
-        const auto sample = std::find_if(samples.begin(), samples.end(),
-                                         [&](const auto& s) { return s.sample == soil.sample; });
-        ASSERT_NE(sample, samples.end()) << soil.sample;
-        const auto diameter = [&](double level) {
-            double finer = 100.0;
-            double size = 0.0;
-            for (const lab::SieveItem& item : sample->items) {
-                const double next = finer - 100.0 * *item.mass / *sample->total;
-                if (next <= level) {
-                    return *item.size + (size - *item.size) * (level - next) / (finer - next);
-                }
-                finer = next;
-                size = *item.size;
-            }
-            return 0.0;
-        };
-        EXPECT_NEAR(diameter(10), soil.d10, 2e-4 * soil.d10) << soil.sample;
-        EXPECT_NEAR(diameter(30), soil.d30, 2e-4 * soil.d30) << soil.sample;
-        EXPECT_NEAR(diameter(60), soil.d60, 2e-4 * soil.d60) << soil.sample;
     }
 }
 
