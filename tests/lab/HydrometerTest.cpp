@@ -61,6 +61,13 @@ TEST(HydrometerTest, TablesOfTheStandardFollowTheLawsOfWaterAndGlass) {
         EXPECT_NEAR(lab::WaterViscosity(HydrometerType::kA, celsius), viscosity, 0.012 * viscosity)
             << celsius;
     }
+    const auto viscosity = [](double celsius) {
+        return lab::WaterViscosity(HydrometerType::kA, celsius);
+    };
+    for (double celsius = 10.5; celsius <= 29.5; celsius += 0.5) {
+        const double between = (viscosity(celsius - 0.5) + viscosity(celsius + 0.5)) / 2.0;
+        EXPECT_NEAR(viscosity(celsius), between, 0.003) << "a slip in the row of " << celsius;
+    }
 }
 
 TEST(HydrometerTest, GrainsFallByStokesLaw) {

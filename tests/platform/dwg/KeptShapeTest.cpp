@@ -180,10 +180,11 @@ TEST_F(KeptShapeTest, MeshesWithoutPointsAndVerticesInCirclesComeToAnEnd) {
     }
     AcDbKeptEntity* const polyline =
         add(dwg::kPolyline2d, [](DwgBitWriter& b) { kept::Polyline(b, false); });
-    std::vector<AcDbObjectId> vertices;
+    std::vector<AcDbObjectId> vertices(100);
     for (int x = 0; x < 100; ++x) {
-        vertices.push_back(addPart(polyline->objectId(), dwg::kVertex2d,
-                                   [x](DwgBitWriter& b) { kept::Vertex(b, x, 0, 0); }));
+        vertices[static_cast<std::size_t>(x)] =
+            addPart(polyline->objectId(), dwg::kVertex2d,
+                    [x](DwgBitWriter& b) { kept::Vertex(b, x, 0, 0); });
     }
     kept::Own(*polyline, vertices);
     auto& second = static_cast<AcDbKeptEntity&>(*AcDbDatabase::objectOf(vertices[1]));

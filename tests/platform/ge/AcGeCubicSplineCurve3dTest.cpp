@@ -169,6 +169,7 @@ TEST(AcGeCubicSplineCurve3dTest, ATangentTouchesOnce) {
         EXPECT_NEAR(found[0].x, static_cast<double>(top.x), kExact);
         EXPECT_NEAR(found[0].y, y, kExact);
         EXPECT_EQ(meetLevel(points, y + 1e-8).size(), 0U);
+        EXPECT_EQ(meetLevel(points, y - 1e-9).size(), 2U) << "two, however close";
         const double below = y - 1e-8;
         expectSame(meetLevel(points, below), {reference.levelBetween(1, below, 0, topParam),
                                               reference.levelBetween(1, below, topParam, 1)});

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <random>
 
+#include "src/core/MonotoneCubic.h"
 #include "src/core/curve_shape.h"
 
 namespace {
@@ -144,6 +145,28 @@ TEST(GuardedCurve, HoldsForEverySample) {
         }
     }
     EXPECT_GT(guarded, 1000);
+}
+
+TEST(MonotoneCubic, StaysBetweenThePointsOfEachPiece) {
+    std::mt19937 random(29);
+    std::uniform_int_distribution<> step(0, 9);
+    for (int round = 0; round < 1000; ++round) {
+        std::vector<AcGePoint3d> points{{0, 0, 0}};
+        while (points.size() < 5) {
+            points.push_back(points.back() + AcGeVector3d(step(random), step(random) - 5, 0));
+        }
+        const MonotoneCubic cubic(points);
+        for (std::size_t piece = 0; piece < 4; ++piece) {
+            const AcGePoint3d a = points[piece];
+            const AcGePoint3d b = points[piece + 1];
+            for (const double share : {0.05, 0.1, 0.3, 0.5, 0.8, 0.95}) {
+                const AcGePoint3d twiceAsFar = a + (b - a) * (2.0 * share);
+                const double y = cubic.Between(piece, a, twiceAsFar).y;
+                ASSERT_GE(y, std::min(a.y, b.y) - 1e-9) << round;
+                ASSERT_LE(y, std::max(a.y, b.y) + 1e-9) << round;
+            }
+        }
+    }
 }
 
 TEST(GuardedCurve, TwoMassesOnOneSizeAndPointsThatRiseAreFollowed) {
