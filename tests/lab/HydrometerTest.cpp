@@ -111,6 +111,8 @@ TEST(JointTest, TheFinePartTakesWhatPassesTheFinestSieve) {
     lab::Sample none = sieves;
     none.items = {{0.001, 10.0}};
     EXPECT_THROW(lab::Join(none, test), lab::Failure) << "no size below the finest sieve";
+    none.items = {{joint.points[2].size, 10.0}};
+    EXPECT_THROW(lab::Join(none, test), lab::Failure) << "none but the finest sieve's own";
     none.items = {{0.075, 200.0}};
     EXPECT_THROW(lab::Join(none, test), lab::Failure) << "nothing passes it";
     none.items.clear();

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "platform/oledb/Transaction.h"
 #include "platform/oledb/last_error.h"
 #include "platform/oledb/lock_wait.h"
 #include "tests/platform/oledb/SqliteTestDatabase.h"
@@ -118,6 +119,34 @@ TEST_F(TransactionTest, WhatStandsInTheWayOfAllEndsItAndEveryChangeIsTold) {
     EXPECT_EQ(Rows(), "1|a 2|b");
     EXPECT_EQ(told_.size(), 3U);
     EXPECT_THAT(ChangeAll(), ElementsAre(S_OK, S_OK, S_OK)) << "each by itself again";
+}
+
+/// Takes whatever comes.
+struct Willing : oledb::Connection {
+    std::string Name() const override { return {}; }
+    HRESULT Select(std::string_view, std::unique_ptr<oledb::Selection>&) override { return S_OK; }
+    HRESULT Prepare(std::string_view, std::unique_ptr<oledb::Statement>&, std::string&) override {
+        return S_OK;
+    }
+    HRESULT Columns(const std::string&, std::vector<std::string>&, std::string&) override {
+        return S_OK;
+    }
+    HRESULT Begin(std::string&) override { return S_OK; }
+    HRESULT Commit(std::string&) override { return S_OK; }
+    void Rollback() override {}
+};
+
+TEST_F(TransactionTest, EndsWithWhateverConcernsMoreThanARow) {
+    for (const auto& [result, committed] : {std::pair(DB_E_TIMEOUT, XACT_E_ABORTED),
+                                            {DB_SEC_E_PERMISSIONDENIED, XACT_E_ABORTED},
+                                            {E_FAIL, XACT_E_ABORTED},
+                                            {DB_E_INTEGRITYVIOLATION, S_OK},
+                                            {DB_E_DELETEDROW, S_OK}}) {
+        oledb::Transaction transaction(std::make_shared<Willing>());
+        transaction.Start();
+        transaction.Change([] { return "row"; }, [given = result](std::string&) { return given; });
+        EXPECT_EQ(transaction.Commit(), committed) << result;
+    }
 }
 
 }  // namespace
