@@ -79,7 +79,7 @@ TEST_F(OdbcProvider, AConnectionThatCannotBeHadIsOneLineInItsTime) {
         const auto begin = std::chrono::steady_clock::now();
         EXPECT_EQ(Open(c.initString), c.result);
         EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(6));
-        const std::string text = oledb::LastErrorText();
+        const std::string& text = oledb::LastErrorText();
         EXPECT_NE(text.find(c.named), std::string::npos) << text;
         EXPECT_EQ(text.find('\n'), std::string::npos) << text;
         EXPECT_EQ(text.find("wr"), std::string::npos) << text;
