@@ -53,7 +53,7 @@ for ((tries = 0; ; ++tries)); do
 done
 cd "$OLDPWD"
 
-"$@" <&0 &
+env --default-signal=INT,QUIT "$@" <&0 &  # what runs in the background ignores them otherwise
 child=$!
 status=0
 wait $child || status=$?

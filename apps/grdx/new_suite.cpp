@@ -7,6 +7,8 @@
 #include "apps/grdx/sheet_template.h"
 #include "lab/project_texts.h"
 #include "platform/db/AcDbDatabase.h"
+#include "platform/oledb/last_error.h"
+#include "platform/suite/suite_folder.h"
 #include "platform/win32/code_page.h"
 #include "platform/win32/file_lock.h"
 #include "platform/win32/file_replace.h"
@@ -24,7 +26,8 @@ constexpr const char* kSuiteProfile =
     "SettingsProfile=settings.ini\n"
     "MarkProfile=marks.ini\n"
     "RegisteredFolder=.\n"
-    "Database=Provider=SQLite;Data Source=project.db\n";
+    "Database=";
+constexpr const char* kFileDatabase = "Provider=SQLite;Data Source=project.db";
 constexpr const char* kFontMapping =
     "[Fonts]\n"
     "comfont.shx=WenQuanYi Zen Hei Mono\n"
@@ -136,14 +139,16 @@ private:
     bool finished_ = false;
 };
 
-void WriteProfiles(const fs::path& folder, const ProjectEntry& project) {
+void WriteProfiles(const fs::path& folder, const lab::ProjectEntry& project,
+                   const std::string& database) {
     const std::string number = lab::CheckedProjectNumber(project.number);
     const std::string name = lab::CheckedProjectName(project.name);
-    WriteFile(folder / kSuiteFile, kSuiteProfile);
+    WriteFile(folder / kSuiteFile, kSuiteProfile + lab::ProfileValue(database) + "\n");
     WriteFile(folder / "project.ini", "[Project]\nGCSY=" + std::to_string(project.index) +
                                           "\nGCBH=" + lab::ProfileValue(number) +
                                           "\nGCBZ=" + std::to_string(project.code) +
-                                          "\nGCMC=" + lab::ProfileValue(name) + "\nGCSJ=0\n");
+                                          "\nGCMC=" + lab::ProfileValue(name) +
+                                          "\nGCSJ=" + (project.checked ? "0" : "1") + "\n");
     WriteFile(folder / "settings.ini", "[CKFDlg]\n[MDI]\nMDIMODE=0\n");
     WriteFile(folder / "marks.ini", "[CKFDlg]\n");
 }
@@ -155,22 +160,75 @@ void WriteSupport(const fs::path& folder) {
     SaveDrawing(blank, folder / "Drawing.dwg");
     SaveDrawing(*MakeSheetTemplate(), folder / "gltka3.dwg");
 }
+
+/// The initialisation string of a server in GBK, as it may stand in suite.ini.
+std::string CheckedServer(const std::string& utf8) {
+    const auto refuse = [](const std::string& reason) { throw Failure("database: " + reason); };
+    oledb::InitString properties;
+    const oledb::Provider* provider = nullptr;
+    if (FAILED(oledb::ReadInitString(utf8, properties, provider))) {
+        refuse(oledb::LastErrorText());
+    }
+    if (provider->name == std::string_view("SQLite")) {
+        refuse("a file is made in the folder when none is named; this is for servers");
+    }
+    if (properties.Find("Pwd") != nullptr || properties.Find("Password") != nullptr) {
+        refuse(
+            "a password does not belong there, where others see it; it is taken from "
+            "GRDX_DB_PASSWORD, or from where the driver looks by itself");
+    }
+    std::string gbk;
+    if (!win32::TryGbkFromUtf8(utf8, gbk) || utf8.find_first_of("\r\n") != std::string::npos) {
+        refuse("a character that suite.ini cannot hold");
+    }
+    return gbk;
+}
+
+/// Whoever made the folder with a server has agreed to that server.
+void AgreeToServer(const std::string& folder) {
+    std::vector<suite::OutsidePlace> places;
+    std::string error;
+    if (suite::CheckFolder(folder, places, error)) {
+        std::erase_if(places, [](const auto& place) { return place.what != "Database"; });
+    }
+    if (!error.empty() || !suite::AgreeToFolder(folder, places, error)) {
+        throw Failure(folder + " is made, but has to be agreed to by --trust: " + error);
+    }
+}
+
+/// The project as it is in the database afterwards.
+lab::ProjectEntry InDatabase(oledb::SqlDatabase database, lab::ProjectEntry project, int index) {
+    if (index != 0) {
+        return lab::FindProject(database, index);
+    }
+    lab::EnterProject(database, project);
+    return project;
+}
 }  // namespace
 
-void MakeSuiteFolder(const std::string& folder, const ProjectEntry& project) {
+void MakeSuiteFolder(const std::string& folder, const lab::ProjectEntry& project,
+                     const ProjectPlace& place) {
+    using oledb::Access;
+    const bool server = !place.database.empty();
+    const std::string inProfile = server ? CheckedServer(place.database) : kFileDatabase;
+    lab::CheckedProjectNumber(project.number);
+    lab::CheckedProjectName(project.name);
     // Without a slash at its end, which would count as one more name.
     const fs::path path = (fs::absolute(folder) / "").parent_path().lexically_normal();
     NewFolder made(path);
-    WriteProfiles(made.Workshop(), project);
     WriteSupport(made.Workshop() / "Support");
-    {
-        const std::string file = win32::Utf8FromGbk(WindowsPathOf(made.Workshop() / "project.db"));
-        oledb::SqlDatabase database(
-            "Provider=SQLite;Data Source=" + oledb::InitString::Written(file),
-            oledb::Access::Create);
-        MakeProjectTables(database, project);
-    }
+    const std::string initString = server ? place.database
+                                          : "Provider=SQLite;Data Source=" +
+                                                oledb::InitString::Written(win32::Utf8FromGbk(
+                                                    WindowsPathOf(made.Workshop() / "project.db")));
+    const Access access = place.index == 0 ? Access::Create : Access::Read;
+    WriteProfiles(made.Workshop(),
+                  InDatabase(oledb::SqlDatabase(initString, access), project, place.index),
+                  inProfile);
     made.Finish();
+    if (server) {
+        AgreeToServer(path.string());
+    }
 }
 
 }  // namespace console

@@ -2,13 +2,20 @@
 
 #include <string>
 
-#include "apps/grdx/project_schema.h"
+#include "lab/project_schema.h"
 
 namespace console {
 
-/// Makes `folder` (UTF-8) a suite folder with an empty project whose data count as checked. A
-/// folder that is there already must be empty. Failure when something cannot be made; what was made
-/// is then removed again.
-void MakeSuiteFolder(const std::string& folder, const ProjectEntry& project);
+/// Where the project of a new suite folder is kept.
+struct ProjectPlace {
+    std::string database;  ///< a server's initialisation string; empty: a file in the folder
+    int index = 0;         ///< of the project that is there already; 0: a new one is entered
+};
+
+/// Makes `folder` (UTF-8) a suite folder with the project that is at that place, or with an empty
+/// one whose data count as checked. A folder that is there already must be empty. Failure when
+/// something cannot be made; what was made in files is then removed again.
+void MakeSuiteFolder(const std::string& folder, const lab::ProjectEntry& project,
+                     const ProjectPlace& place);
 
 }  // namespace console

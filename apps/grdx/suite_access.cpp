@@ -41,8 +41,8 @@ std::string MarkProfile() {
     return path;
 }
 
-ProjectEntry CurrentProject() {
-    ProjectEntry project;
+lab::ProjectEntry CurrentProject() {
+    lab::ProjectEntry project;
     const std::string profile = ProjectProfile();
     project.index = static_cast<int>(GetPrivateProfileInt(kSection, "GCSY", -1, profile.c_str()));
     if (project.index < 0) {

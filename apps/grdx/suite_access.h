@@ -1,6 +1,6 @@
 #pragma once
 
-#include "apps/grdx/project_schema.h"
+#include "lab/project_schema.h"
 
 namespace console {
 
@@ -9,7 +9,7 @@ namespace console {
 void OpenSuite(const std::string& folder);
 
 /// The project that the open suite folder's project profile names; Failure when it names none.
-ProjectEntry CurrentProject();
+lab::ProjectEntry CurrentProject();
 
 /// The Windows paths of its profiles.
 std::string ProjectProfile();

@@ -3,33 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "lab/project_schema.h"
+
 namespace lab {
 
 namespace {
 constexpr const char* kTable = "Z_c_KeFenMDJ";
-constexpr const char* kMake = R"sql(
-CREATE TABLE Z_c_KeFenMDJ (
-    GCSY INTEGER NOT NULL,
-    ZKBH VARCHAR(20) NOT NULL,
-    QYBH VARCHAR(12) NOT NULL,
-    XH INTEGER NOT NULL,
-    MDJLX VARCHAR(4) NOT NULL,
-    GTZL DOUBLE PRECISION NOT NULL,
-    TLBZ DOUBLE PRECISION NOT NULL,
-    SJ DOUBLE PRECISION NOT NULL,
-    DS DOUBLE PRECISION NOT NULL,
-    WD DOUBLE PRECISION NOT NULL,
-    WYMXZ DOUBLE PRECISION NOT NULL,
-    FSJXZ DOUBLE PRECISION NOT NULL,
-    CJ0 DOUBLE PRECISION NOT NULL,
-    CJXS DOUBLE PRECISION NOT NULL,
-    KLLJ DOUBLE PRECISION NOT NULL,
-    XYBFS DOUBLE PRECISION NOT NULL,
-    SFJR SMALLINT NOT NULL,
-    JFTY DOUBLE PRECISION,
-    PRIMARY KEY (GCSY, ZKBH, QYBH, XH)
-)
-)sql";
 constexpr const char* kColumns =
     "ZKBH, QYBH, MDJLX, GTZL, TLBZ, SJ, DS, WD, WYMXZ, FSJXZ, CJ0, CJXS, KLLJ, XYBFS, SFJR, JFTY";
 
@@ -87,7 +66,7 @@ std::map<std::pair<std::string, std::string>, StoredTest> StoredReadings::Read(
 
 void StoredReadings::MakeTable() {
     if (!hasTable_) {
-        database_.Execute(kMake);
+        MakeProjectTable(database_, kTable);
         hasTable_ = true;
     }
 }

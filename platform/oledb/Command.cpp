@@ -39,10 +39,10 @@ HRESULT Command::Execute(IUnknown* outer, REFIID riid, DBPARAMS* params, DBROWCO
     const HRESULT result = transaction_->Select(text_, selection);
     if (FAILED(result)) return result;
     RowsetProperties granted = properties_;
-    if (granted.Changes() && !selection->FromOneTable()) {
+    if (const std::string fault = selection->ChangeFault(); granted.Changes() && !fault.empty()) {
         if (granted.ChangesRequired()) {
             return SetLastError(DB_E_ERRORSOCCURRED,
-                                "changes were required of rows that do not come from one table");
+                                selection->Title() + ": changes were required of " + fault);
         }
         granted = RowsetProperties();
     }

@@ -63,7 +63,10 @@ bool InitString::Parse(std::string_view text, std::string& error) {
         const std::string_view keyword = win32::TrimBlanks(rest.substr(0, equals));
         if (equals == std::string_view::npos || keyword.empty() ||
             keyword.find(';') != std::string_view::npos) {
-            error = "initialisation string: no keyword and '=' at \"" + std::string(rest) + "\"";
+            // What follows a value may be the rest of a password.
+            error = "initialisation string: no keyword and '=' " +
+                    (entries_.empty() ? "at \"" + std::string(rest.substr(0, rest.find(';'))) + "\""
+                                      : "behind the value of " + entries_.back().keyword);
             return false;
         }
         const auto start = static_cast<std::size_t>(rest.data() + equals + 1 - text_.data());

@@ -26,8 +26,8 @@ public:
     /// For messages: the table, and the name of a column, from 0; a computed one's is its number.
     virtual std::string Title() const = 0;
     virtual std::string ColumnName(std::size_t column) const = 0;
-    /// True when all rows come from one table, so that changes may be asked for.
-    virtual bool FromOneTable() const = 0;
+    /// What the rows are that no change may be asked of; empty when it may.
+    virtual std::string ChangeFault() const = 0;
     /// The row's columns, with what Update has made of them. Rows count from 0; the texts live
     /// until the next call.
     virtual HRESULT Read(std::size_t row, std::vector<Value>& values) = 0;

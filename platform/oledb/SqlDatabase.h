@@ -23,6 +23,8 @@ public:
     void Execute(std::string_view sql);
     /// Names of a table's columns; none when there is no such table.
     std::vector<std::string> Columns(const std::string& table) const;
+    /// What makes the texts of a column sort by their bytes, behind its type in CREATE TABLE.
+    const char* BinaryOrder() const { return connection_->BinaryOrder(); }
 
 private:
     friend class SqlStatement;

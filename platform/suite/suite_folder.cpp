@@ -108,7 +108,10 @@ private:
             return false;
         }
         paths.database = suite::WithAbsoluteDataSource(paths.folder, value);
-        return FitsBuffer(kDatabaseKey, paths.database, kDatabaseBuffer);
+        // Its text is not told: there may be a password in it.
+        return paths.database.size() < kDatabaseBuffer ||
+               Refuse(file_, std::string(kDatabaseKey) + " is longer than " +
+                                 std::to_string(kDatabaseBuffer - 1) + " bytes");
     }
 
     bool FitsBuffer(const std::string& key, const std::string& text, std::size_t bufferSize) {

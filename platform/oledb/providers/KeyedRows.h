@@ -17,9 +17,12 @@ namespace oledb {
 struct KeyedRows {
     std::string title;          ///< for messages
     bool fromOneTable = false;  ///< one that tells its rows apart
+    std::string reader;         ///< the user when he may only read the table
     std::string table;          ///< its name for other statements
     /// Name of the table's column behind a column of the select; empty for a computed one.
     std::vector<std::string> origins;
+    /// A column's name as the select has it, for messages; none: its origin.
+    std::vector<std::string> names;
     /// The identity's columns, as they stand in statements and by their names. None: the rows are
     /// no single rows of the table.
     std::vector<std::string> keys;

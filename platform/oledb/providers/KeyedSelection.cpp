@@ -7,7 +7,14 @@ namespace oledb {
 
 std::string KeyedSelection::ColumnName(std::size_t column) const {
     const std::string& origin = shape_->origins[column];
-    return origin.empty() ? std::to_string(column + 1) : origin;
+    if (origin.empty()) return std::to_string(column + 1);
+    return shape_->names.empty() ? origin : shape_->names[column];
+}
+
+std::string KeyedSelection::ChangeFault() const {
+    if (!shape_->fromOneTable) return "rows that do not come from one table";
+    const std::string& reader = shape_->reader;
+    return reader.empty() ? reader : "a table that the user " + reader + " may only read";
 }
 
 // Reading

@@ -26,7 +26,7 @@ public:
     std::size_t ColumnCount() const override { return shape_->origins.size(); }
     std::string Title() const override { return shape_->title; }
     std::string ColumnName(std::size_t column) const override;
-    bool FromOneTable() const override { return shape_->fromOneTable; }
+    std::string ChangeFault() const override;
     HRESULT Read(std::size_t row, std::vector<Value>& values) override;
     HRESULT Update(std::size_t row, const std::vector<ColumnValue>& values,
                    std::string& reason) override;

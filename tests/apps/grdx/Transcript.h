@@ -13,6 +13,10 @@
 ///       project 1 …                       two blanks: standard output, or rows of the database
 ///     ! grdx: …                           standard error
 ///
+/// A title that ends with [file] or [server] is that of a case for one kind of database; all others
+/// are for both. Beside tools/test_server.sh they run on the server, each with a database of its
+/// own.
+///
 /// Every case has a folder of its own, `suite` in it is the suite folder, and commands find
 /// programs and helpers as transcripts/helpers.sh says. What stands for the folder and for that of
 /// the sample data is DIR and SAMPLES.

@@ -13,22 +13,24 @@ namespace {
 /// Selects kept prepared; far more than a project's tables need.
 constexpr std::size_t kKeptPlans = 64;
 
-/// For every column of a select's list whether it is one of the table's as it stands there: a
-/// name, perhaps behind the table's, and nothing else.
-std::vector<bool> PlainColumns(const std::string& list) {
-    std::vector<bool> plain;
+/// The columns of a select's list, by the names that they have there. One that is not the table's
+/// as it stands, a name, perhaps behind the table's, and nothing else, is empty.
+std::vector<std::string> PlainColumns(const std::string& list) {
+    std::vector<std::string> names;
+    bool plain = true;
     std::size_t length = 0;
     for (const Token& token : Tokens(list)) {
         if (token.IsSign(',')) length = 0;
         if (token.IsSign(',')) continue;
-        if (length == 0) plain.push_back(true);
+        if (length == 0) names.emplace_back();
         const bool isName =
             token.kind == Token::Kind::Word || token.kind == Token::Kind::QuotedName;
         // name, or name "." name
-        plain.back() = plain.back() && length < 3 && (length == 1 ? token.IsSign('.') : isName);
+        plain = (plain || length == 0) && length < 3 && (length == 1 ? token.IsSign('.') : isName);
+        names.back() = plain && isName ? token.Unquoted() : "";
         ++length;
     }
-    return plain;
+    return names;
 }
 
 }  // namespace
@@ -46,13 +48,15 @@ HRESULT OdbcConnection::PrepareKeyed(const SelectText& text, Plan& plan, std::st
     if (!keys.empty()) plan.rows.rowStatement = head + " WHERE " + plan.rows.KeyCondition();
     const bool movingKey = keys.size() == 1 && keys[0] == database_.Server().rowId;
     if (movingKey) plan.rows.returning = database_.Server().returningRowId;
-    const std::vector<bool> plain = PlainColumns(text.list);
+    std::vector<std::string> plain = PlainColumns(text.list);
     const std::size_t columns = plan.statement.ColumnCount() - keys.size();
+    const bool matched = plain.size() == columns;  // not when the list has a "*"
     for (std::size_t column = 0; column < plan.statement.ColumnCount(); ++column) {
         const std::string& name = plan.statement.ColumnName(column);
-        const bool known = plain.size() != columns || column >= columns || plain[column];
+        const bool known = !matched || column >= columns || !plain[column].empty();
         (column < columns ? plan.rows.origins : plan.rows.keyOrigins).push_back(known ? name : "");
     }
+    if (matched) plan.rows.names = std::move(plain);
     return S_OK;
 }
 
@@ -69,6 +73,10 @@ HRESULT OdbcConnection::MakePlan(const SelectText& text, Plan& plan, std::string
         if (FAILED(result)) return result;
         // Rows that cannot be told apart, as those of a view, are not a table's.
         plan.rows.fromOneTable = !plan.rows.keys.empty();
+    }
+    if (plan.rows.fromOneTable && !text.distinct) {
+        result = database_.FindReader(text.name, plan.rows.reader, reason);
+        if (FAILED(result)) return result;
     }
     if (text.fromOneTable && SUCCEEDED(result = PrepareKeyed(text, plan, reason))) return S_OK;
     if (text.fromOneTable && result != DB_E_ERRORSINCOMMAND) return result;

@@ -94,15 +94,16 @@ HRESULT OdbcDatabase::Connect(std::string& reason) {
     return SetUp(reason);
 }
 
+std::string OdbcDatabase::Info(SQLUSMALLINT what) const {
+    SQLWCHAR text[kLongestName] = {};
+    SQLSMALLINT bytes = 0;
+    SQLGetInfoW(link_->Get(), what, text, sizeof(text), &bytes);
+    return Utf8Text(text, static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR));
+}
+
 HRESULT OdbcDatabase::SetUp(std::string& reason) {
-    const auto info = [&](SQLUSMALLINT what) {
-        SQLWCHAR text[kLongestName] = {};
-        SQLSMALLINT bytes = 0;
-        SQLGetInfoW(link_->Get(), what, text, sizeof(text), &bytes);
-        return Utf8Text(text, static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR));
-    };
-    server_ = &ServerKindOf(info(SQL_DBMS_NAME));
-    quote_ = win32::TrimBlanks(info(SQL_IDENTIFIER_QUOTE_CHAR));
+    server_ = &ServerKindOf(Info(SQL_DBMS_NAME));
+    quote_ = win32::TrimBlanks(Info(SQL_IDENTIFIER_QUOTE_CHAR));
     SQLGetInfoW(link_->Get(), SQL_IDENTIFIER_CASE, &identifierCase_, sizeof(identifierCase_),
                 nullptr);
     for (const char* const statement :
@@ -364,6 +365,20 @@ HRESULT OdbcDatabase::Keys(const std::string& schema, const std::string& table,
     if (SUCCEEDED(result) && keys.empty() && *server_->rowId != '\0') keys = {server_->rowId};
     if (SUCCEEDED(result)) keys_[{schema, table}] = keys;
     return result;
+}
+
+HRESULT OdbcDatabase::FindReader(const std::string& name, std::string& reader,
+                                 std::string& reason) {
+    if (*server_->mayChange == '\0') return S_OK;
+    RowBuffer rows;
+    std::int64_t changed = 0;
+    const HRESULT result =
+        RunKept(server_->mayChange, {Value::Of(std::string_view(name))}, rows, changed, reason);
+    if (FAILED(result)) return result;
+    std::vector<Value> row;
+    rows.Read(0, row);
+    if (row[0].integer == 0) reader = Info(SQL_USER_NAME);
+    return S_OK;
 }
 
 }  // namespace oledb::odbc

@@ -55,6 +55,8 @@ public:
     /// else the best row id that catalogue or server know. None for a view.
     HRESULT Keys(const std::string& schema, const std::string& table,
                  std::vector<std::string>& keys, std::string& reason);
+    /// Sets `reader` to the user when he may only read the table, named as in statements.
+    HRESULT FindReader(const std::string& name, std::string& reader, std::string& reason);
     /// A name as the catalogue has it when it stands without quotes in statements.
     std::string Folded(std::string name) const;
 
@@ -63,6 +65,7 @@ private:
 
     HRESULT Connect(std::string& reason);
     HRESULT SetUp(std::string& reason);
+    std::string Info(SQLUSMALLINT what) const;
     /// Connects again when the connection was lost and no transaction was lost with it.
     HRESULT CheckConnected(std::string& reason);
     /// What the handle says of the call that failed; notes when the connection was lost.

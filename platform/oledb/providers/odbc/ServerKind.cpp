@@ -13,6 +13,9 @@ constexpr ServerKind kServers[] = {
               "SET client_min_messages = warning",
      .setUpReading = "SET default_transaction_read_only = on",
      .tryWriteLock = "SELECT CASE WHEN pg_try_advisory_xact_lock(1196573784) THEN 1 ELSE 0 END",
+     .mayChange = "SELECT CASE WHEN bool_and(has_table_privilege(CAST(? AS TEXT), kind)) AND NOT "
+                  "pg_is_in_recovery() THEN 1 ELSE 0 END "
+                  "FROM unnest(ARRAY['INSERT', 'UPDATE', 'DELETE']) kind",
      .rowId = "ctid",
      .returningRowId = " RETURNING ctid",
      .binaryOrder = " COLLATE \"C\""},

@@ -19,6 +19,9 @@ struct ServerKind {
     /// this system's programs has at a time, without waiting for it: 1, or 0 when another one has
     /// it. Empty: there is no such thing.
     const char* tryWriteLock = "";
+    /// A select of 1 when the user may insert, change and delete rows of the table whose name is
+    /// its parameter, else 0. Empty: everybody who may read may.
+    const char* mayChange = "";
     /// A column that tells rows of a table without keys apart, and what makes an update give it
     /// anew. Empty: there is none that the catalogue does not know.
     const char* rowId = "";

@@ -1,13 +1,17 @@
 # What the commands of transcripts find. $0 is the console program, $1 the folder of the sample data,
-# $2 the case's own.
+# $2 the case's own, $3 its database where there is a server.
 set -o pipefail
 export HOME=$2 GRDX_SUITE=$2/suite XDG_CONFIG_HOME=$2/configuration LC_ALL=C.UTF-8
 program=$0 samples=$1 base=$2
 sheets=$2/suite/output/2026-017/室内曲线
 transcripts=$(dirname "${BASH_SOURCE[0]}")  # this folder
+database=$3
 
 # Tells of a status other than 0 on standard error.
 grdx() {
+    if [ "${1-}" = new ] && [ -n "${GRDX_TEST_SERVER-}" ]; then
+        set -- "$@" --database "${GRDX_TEST_SERVER/=postgres/=$database}"
+    fi
     timeout 60 "$program" "$@"
     local status=$?
     [ $status = 0 ] || echo "status $status" >&2
@@ -41,8 +45,13 @@ layers() {
 type() { printf '%s\n' "$@" | grdx script -; }
 marks() { utf8 suite/marks.ini; }
 # Keeps the suite folder as it is, and puts it back.
-keep() { rm -rf kept && cp -a suite kept; }
-back() { rm -rf suite && cp -a kept suite; }
+keep() { rm -rf kept && cp -a suite kept && copy "$database" kept; }
+back() { rm -rf suite && cp -a kept suite && copy kept "$database"; }
+# Makes a database of the server, where there is one, a copy of another.
+copy() {
+    [ -z "${GRDX_TEST_SERVER-}" ] || psql -q -c "DROP DATABASE IF EXISTS $2" \
+        -c "CREATE DATABASE $2 TEMPLATE $1"
+}
 # Runs a command, and tells what it has changed in the suite folder.
 unchanged() { rm -rf before && cp -a suite before; "$@"; diff -rq suite before; }
 # Puts another text in a file of the suite folder, which must have the first.
