@@ -14,6 +14,10 @@ bool Contains(const std::vector<Value>& values, const Value& value) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
+[[noreturn]] void ThrowNotOffered(const std::string& sample, const std::string& borehole) {
+    throw Failure("sample \"" + sample + "\" is not offered for borehole \"" + borehole + '"');
+}
+
 /// What can be drawn of one borehole, with the marks.
 using Offered = std::vector<const ProjectSample*>;
 
@@ -23,8 +27,7 @@ std::vector<std::string> ChosenOf(const Offered& offered, const std::string& bor
         if (std::none_of(offered.begin(), offered.end(), [&](const ProjectSample* candidate) {
                 return candidate->stored.data.sample == sample;
             })) {
-            throw Failure("sample \"" + sample + "\" is not offered for borehole \"" + borehole +
-                          '"');
+            ThrowNotOffered(sample, borehole);
         }
     }
     std::vector<std::string> chosen;

@@ -1,5 +1,6 @@
 #include "apps/grdx/DrawProgress.h"
 
+#include <cmath>
 #include <cstdio>
 
 #include "apps/grdx/ChartTally.h"
@@ -8,7 +9,7 @@ namespace console {
 
 namespace {
 std::string TimeText(double seconds) {
-    const auto whole = static_cast<long>(seconds + 0.5);
+    const long whole = std::lround(seconds);
     char text[32];
     std::snprintf(text, sizeof text, "%ld:%02ld", whole / 60, whole % 60);
     return text;
