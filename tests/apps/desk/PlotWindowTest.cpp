@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "apps/desk/PrintedPages.h"
 #include "platform/mfc/message_box.h"
 #include "tests/apps/desk/DeskFixture.h"
 
@@ -162,6 +163,26 @@ TEST_F(Plotting, APrinterGetsEachSheetOnItsOwnPaperAsThePreviewShowsIt) {
     const std::string info = PdfInfo(printed);
     EXPECT_NE(info.find("Page    1 size:  595"), std::string::npos) << info;
     EXPECT_NE(info.find("Page    2 size:  119"), std::string::npos) << info;
+}
+
+TEST(PrintedPages, AreScaledDownOnPaperThatIsTooSmallEitherWay) {
+    const ScratchFolder scratch;
+    const paint::Sheet sheet{"an empty A4 sheet", {}};
+    const paint::Page page = paint::PageOf(sheet.list);
+    paint::PicturePainter pictures;
+    for (const auto& [paper, scaled] : {std::pair(QPageSize::A4, 0),
+                                        {QPageSize::Letter, 1},
+                                        {QPageSize::A5, 1},
+                                        {QPageSize::A3, 0}}) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFileName(QString::fromStdString(scratch.Path("printed.pdf")));
+        desk::PrintedPages::Prepare(printer, page);
+        printer.setPageSize(QPageSize(paper));
+        desk::PrintedPages pages(printer, page, pictures, {});
+        pages.Add(sheet);
+        EXPECT_TRUE(pages.Finish());
+        EXPECT_EQ(pages.ScaledDown(), scaled) << QPageSize::name(paper).toStdString();
+    }
 }
 
 }  // namespace
