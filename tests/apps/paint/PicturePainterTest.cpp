@@ -209,6 +209,10 @@ TEST(SheetPages, PagesHaveTheSheetsSize) {
         EXPECT_DOUBLE_EQ(page.height, c.height) << c.what;
     }
     EXPECT_DOUBLE_EQ(paint::PageOf(DisplayList()).height, 297.0);
+    paint::PicturePainter pictures;
+    const QImage picture = QImage::fromData(paint::PngOf({"A4", {}}, pictures, {false, 127.0}));
+    EXPECT_EQ(picture.size(), QSize(1050, 1485));
+    EXPECT_EQ(picture.dotsPerMeterX(), 5000) << "programs place it in its real size";
 }
 
 }  // namespace

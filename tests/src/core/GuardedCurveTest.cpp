@@ -183,7 +183,11 @@ TEST(GuardedCurve, TwoMassesOnOneSizeAndPointsThatRiseAreFollowed) {
         points({{20, 1.0}, {2, 0.3}, {0.5, 0.35}, {0.25, 0.9}, {0.075, 0.0}}),
         points({{20, 1.1}, {2, 1.1}, {2, 1.1}, {1.9, 0.0}, {0.075, -0.2}})};
     for (const AcGePoint3dArray& measured : cases) {
-        const int added = GuardedPoints(measured, grid).length() - measured.length();
+        const AcGePoint3dArray guarded = GuardedPoints(measured, grid);
+        EXPECT_TRUE(std::is_sorted(guarded.begin(), guarded.end(),
+                                   [](const auto& a, const auto& b) { return a.x < b.x; }))
+            << "each point stands in its piece";
+        const int added = guarded.length() - measured.length();
         EXPECT_GT(added, 0);
         EXPECT_LT(added, 30) << "in few steps";
     }
