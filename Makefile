@@ -2,7 +2,7 @@
 PRESET ?= release
 BUILD := build/$(PRESET)
 
-.PHONY: all demo test sanitize fuzz bench format lint install package try-package packages readers clean
+.PHONY: all demo demo-server test sanitize fuzz bench format lint install package try-package packages readers clean
 
 all: packages
 	cmake --preset $(PRESET)
@@ -20,6 +20,12 @@ demo: packages
 	cmake --preset $(PRESET)
 	cmake --build --preset $(PRESET) --target grdx grdx-plot
 	@tools/demo.sh $(BUILD)
+
+# The same with its projects on a PostgreSQL server, which is there for as long as the demo runs.
+demo-server: packages
+	cmake --preset $(PRESET)
+	cmake --build --preset $(PRESET) --target grdx grdx-plot
+	@tools/test_server.sh tools/demo.sh $(BUILD)
 
 test: all readers
 	ctest --preset $(PRESET) -j2

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 
 #include "lab/Failure.h"
 
@@ -10,8 +11,6 @@ namespace lab {
 namespace {
 constexpr const char* kNames[] = {"x_GongCheng",   "z_c_QuYang", "Z_c_KeFen",
                                   "Z_c_KeFenCSXM", "x_SheJi",    "Z_c_KeFenMDJ"};
-/// Of them, those that every database has.
-constexpr std::size_t kFixed = 5;
 
 // Primary keys lead with what every filter gives, in the order that the pages ask for: each query
 // is one walk over an index, without a sort. Numbers are REAL, which are 32-bit floats on servers;
@@ -102,16 +101,26 @@ bool HasTable(const oledb::SqlDatabase& database, const std::string& name) {
     return !database.Columns(name).empty();
 }
 
-/// After all that are there, also in tables whose project is gone.
-int NextIndex(oledb::SqlDatabase& database) {
-    int greatest = 0;
+/// The indices that the tables have, also those whose project is gone.
+std::set<int> Indices(oledb::SqlDatabase& database) {
+    std::set<int> indices{0};
     for (const char* const name : kNames) {
         if (HasTable(database, name)) {
-            oledb::SqlStatement row(database, std::string("SELECT MAX(GCSY) FROM ") + name);
-            row.Step();
-            greatest = std::max(greatest, row.Integer(0));
+            oledb::SqlStatement row(database, std::string("SELECT DISTINCT GCSY FROM ") + name);
+            while (row.Step()) {
+                indices.insert(row.Integer(0));
+            }
         }
     }
+    return indices;
+}
+
+int FreeIndex(oledb::SqlDatabase& database, int wanted) {
+    const std::set<int> taken = Indices(database);
+    if (!taken.contains(wanted)) {
+        return wanted;
+    }
+    const int greatest = *taken.rbegin();
     if (greatest >= kGreatestIndex) {
         throw Failure("the database has no index left for a project: " + std::to_string(greatest) +
                       " is the last one in use");
@@ -133,10 +142,16 @@ void MakeProjectTable(oledb::SqlDatabase& database, const std::string& name) {
                      WithOrder(kColumns[place], database.BinaryOrder()));
 }
 
+int MakeRoom(oledb::SqlDatabase& database, int wanted) {
+    for (const char* const name : kNames) {
+        MakeProjectTable(database, name);
+    }
+    return FreeIndex(database, wanted);
+}
+
 void EnterProject(oledb::SqlDatabase& database, ProjectEntry& project) {
     oledb::SqlTransaction transaction(database);
-    std::for_each_n(kNames, kFixed, [&](const char* name) { MakeProjectTable(database, name); });
-    project.index = NextIndex(database);
+    project.index = MakeRoom(database);
     oledb::SqlStatement enter(database,
                               "INSERT INTO x_GongCheng (GCSY, GCBH, GCMC, GCBZ, GCSJ) "
                               "VALUES (?, ?, ?, ?, ?)");

@@ -17,14 +17,17 @@ struct ProjectEntry {
 };
 
 /// The names of all tables that hold a project's data, by its index in their column GCSY. The first
-/// is that of the projects; the last one, of hydrometer readings, is made when it is needed.
+/// is that of the projects; the last one, of hydrometer readings, others need not have.
 std::span<const char* const> ProjectTables();
 
 /// Makes a project's table unless it is there.
 void MakeProjectTable(oledb::SqlDatabase& database, const std::string& name);
 
-/// Makes the tables that are missing and enters the project under the next index that no table has,
-/// which `project.index` becomes.
+/// Makes the tables that are missing and gives an index that no table has: `wanted`, else the one
+/// after all that are there.
+int MakeRoom(oledb::SqlDatabase& database, int wanted = 0);
+
+/// Enters a project in a room made for it; `project.index` becomes its index.
 void EnterProject(oledb::SqlDatabase& database, ProjectEntry& project);
 
 /// The project of that index; Failure, which lists those that there are, when there is none.

@@ -1,12 +1,17 @@
 #!/usr/bin/env bash
 # Makes the sample project twice, once on A4 sheets and once on A3 sheets, draws every sample and
 # every layer, reshapes one curve and stores it, and says where the sheets and pictures are and what
-# the database then holds.
+# the database then holds. Beside tools/test_server.sh the projects lie on that server.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 grdx=$PWD/${1:?build folder}/bin/grdx
 rm -rf demo
 mkdir -p demo
+server=()
+if [ -n "${GRDX_TEST_SERVER-}" ]; then
+    server=(--database "$GRDX_TEST_SERVER")
+    export XDG_CONFIG_HOME=$PWD/demo/configuration  # a server that ends with the demo is agreed to
+fi
 
 boreholes() { "$grdx" list -s "$1" --json | python3 -c '
 import json, sys
@@ -14,7 +19,7 @@ print(*[b["borehole"] for b in json.load(sys.stdin)["boreholes"]], sep="\n")'; }
 
 draw_project() { # FOLDER NUMBER STANDARD-CODE
     local suite=demo/$1
-    "$grdx" new "$suite" --number "$2" --name "滨江新城一期岩土工程勘察" --code "$3"
+    "$grdx" new "$suite" --number "$2" --name "滨江新城一期岩土工程勘察" --code "$3" "${server[@]}"
     "$grdx" import samples samples/samples.csv -s "$suite"
     "$grdx" import layers samples/layers.csv -s "$suite"
     local choices=(--unit "滨江岩土试验室" --tester "王工" --checker "李工" --date 2026-05-20

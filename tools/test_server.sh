@@ -6,8 +6,9 @@
 #     tools/test_server.sh COMMAND [ARGUMENT...]
 #
 # The command finds in $GRDX_TEST_SERVER how the system's own programs reach the server, and in
-# $PGHOST, $PGUSER and $PGDATABASE what PostgreSQL's take; $PGDATA is the server's folder. The role
-# grdx needs no password, any other does.
+# $PGHOST, $PGUSER and $PGDATABASE what PostgreSQL's take; $PGDATA is the server's folder, and
+# $GRDX_TEST_SERVER_CONTROL the command that stops and starts it. The role grdx needs no password, any
+# other does.
 set -euo pipefail
 
 fail() {
@@ -26,6 +27,7 @@ chmod 755 "$folder"
 export PGHOST=$folder PGUSER=grdx PGDATABASE=postgres PGDATA=$folder/data
 export GRDX_TEST_SERVER="Provider=MSDASQL;Driver={PostgreSQL Unicode};Server=$folder;Port=5432;Uid=grdx;Database=postgres"
 export PGOPTIONS="-c client_min_messages=warning"
+export GRDX_TEST_SERVER_CONTROL="${as_owner[*]} $programs/pg_ctl"
 unset PGPORT PGPASSWORD PGSERVICE GRDX_DB_PASSWORD
 
 child=

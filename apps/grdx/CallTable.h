@@ -45,6 +45,7 @@ private:
 
 /// Each enters its calls; their arguments live as long as the table.
 void AddNewCall(CallTable& calls);
+void AddCopyCall(CallTable& calls);
 void AddImportCalls(CallTable& calls);
 void AddListCall(CallTable& calls);
 void AddProjectCall(CallTable& calls);

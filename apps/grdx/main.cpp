@@ -3,6 +3,7 @@
 int main(int argc, char** argv) {
     console::CallTable calls;
     console::AddNewCall(calls);
+    console::AddCopyCall(calls);
     console::AddImportCalls(calls);
     console::AddListCall(calls);
     console::AddProjectCall(calls);

@@ -139,18 +139,23 @@ private:
     bool finished_ = false;
 };
 
+/// Those that are there already stay.
 void WriteProfiles(const fs::path& folder, const lab::ProjectEntry& project,
                    const std::string& database) {
     const std::string number = lab::CheckedProjectNumber(project.number);
     const std::string name = lab::CheckedProjectName(project.name);
     WriteFile(folder / kSuiteFile, kSuiteProfile + lab::ProfileValue(database) + "\n");
-    WriteFile(folder / "project.ini", "[Project]\nGCSY=" + std::to_string(project.index) +
-                                          "\nGCBH=" + lab::ProfileValue(number) +
-                                          "\nGCBZ=" + std::to_string(project.code) +
-                                          "\nGCMC=" + lab::ProfileValue(name) +
-                                          "\nGCSJ=" + (project.checked ? "0" : "1") + "\n");
-    WriteFile(folder / "settings.ini", "[CKFDlg]\n[MDI]\nMDIMODE=0\n");
-    WriteFile(folder / "marks.ini", "[CKFDlg]\n");
+    const auto write = [&](const char* file, const std::string& content) {
+        if (!fs::exists(folder / file)) {
+            WriteFile(folder / file, content);
+        }
+    };
+    write("project.ini", "[Project]\nGCSY=" + std::to_string(project.index) + "\nGCBH=" +
+                             lab::ProfileValue(number) + "\nGCBZ=" + std::to_string(project.code) +
+                             "\nGCMC=" + lab::ProfileValue(name) +
+                             "\nGCSJ=" + (project.checked ? "0" : "1") + "\n");
+    write("settings.ini", "[CKFDlg]\n[MDI]\nMDIMODE=0\n");
+    write("marks.ini", "[CKFDlg]\n");
 }
 
 void WriteSupport(const fs::path& folder) {
@@ -196,39 +201,42 @@ void AgreeToServer(const std::string& folder) {
     }
 }
 
-/// The project as it is in the database afterwards.
-lab::ProjectEntry InDatabase(oledb::SqlDatabase database, lab::ProjectEntry project, int index) {
-    if (index != 0) {
-        return lab::FindProject(database, index);
-    }
-    lab::EnterProject(database, project);
-    return project;
-}
 }  // namespace
 
-void MakeSuiteFolder(const std::string& folder, const lab::ProjectEntry& project,
-                     const ProjectPlace& place) {
-    using oledb::Access;
-    const bool server = !place.database.empty();
-    const std::string inProfile = server ? CheckedServer(place.database) : kFileDatabase;
-    lab::CheckedProjectNumber(project.number);
-    lab::CheckedProjectName(project.name);
+void MakeSuiteFolder(const std::string& folder, const std::string& database,
+                     const ProjectFilling& fill) {
+    const std::string inProfile = database.empty() ? kFileDatabase : CheckedServer(database);
     // Without a slash at its end, which would count as one more name.
     const fs::path path = (fs::absolute(folder) / "").parent_path().lexically_normal();
     NewFolder made(path);
     WriteSupport(made.Workshop() / "Support");
-    const std::string initString = server ? place.database
-                                          : "Provider=SQLite;Data Source=" +
-                                                oledb::InitString::Written(win32::Utf8FromGbk(
-                                                    WindowsPathOf(made.Workshop() / "project.db")));
-    const Access access = place.index == 0 ? Access::Create : Access::Read;
-    WriteProfiles(made.Workshop(),
-                  InDatabase(oledb::SqlDatabase(initString, access), project, place.index),
-                  inProfile);
+    {
+        const auto file = [&] {
+            const std::string name = WindowsPathOf(made.Workshop() / "project.db");
+            return "Provider=SQLite;Data Source=" +
+                   oledb::InitString::Written(win32::Utf8FromGbk(name));
+        };
+        oledb::SqlDatabase opened(database.empty() ? file() : database, oledb::Access::Create);
+        WriteProfiles(made.Workshop(), fill(opened, made.Workshop()), inProfile);
+    }
     made.Finish();
-    if (server) {
+    if (!database.empty()) {
         AgreeToServer(path.string());
     }
+}
+
+void MakeSuiteFolder(const std::string& folder, const lab::ProjectEntry& project,
+                     const ProjectPlace& place) {
+    lab::CheckedProjectNumber(project.number);
+    lab::CheckedProjectName(project.name);
+    MakeSuiteFolder(folder, place.database, [&](oledb::SqlDatabase& database, const fs::path&) {
+        if (place.index != 0) {
+            return lab::FindProject(database, place.index);
+        }
+        lab::ProjectEntry entered = project;
+        lab::EnterProject(database, entered);
+        return entered;
+    });
 }
 
 }  // namespace console
