@@ -314,6 +314,7 @@ TEST(TableFilesTest, WhatIsWrongIsNamedByPlaceAndText) {
         {"K,1,1,1,1234567890123456,10,2,1", "more than 15 characters"},
         {"K,1,x,1,m,10,2,1", "depth \"x\": not a number"},
         {"K,1,1.5~1.2,1,m,10,2,1", "depth \"1.5~1.2\": neither a number nor a range that goes up"},
+        {"K,1,1.5~1.5,,m,10,2,1", "depth \"1.5~1.5\": neither a number nor a range that goes up"},
         {"K,1,1.5~1.7,1,m,10,2,1", "depth \"1.5~1.7\": the thickness is another one"},
         {"K,1,1,-0.1,m,10,2,1", "thickness \"-0.1\": below 0"},
         {"K,1,1,1,m,,2,1", "total: missing"},
