@@ -36,6 +36,23 @@ const char* EndingOf(Format format) {
     return "png";
 }
 
+/// Where pages wait for the last one. Remembers a write that failed, which later ones would hide.
+class PageFile : public QTemporaryFile {
+public:
+    /// Whether it has all that was written.
+    bool isWhole() { return whole_ && flush(); }
+
+protected:
+    qint64 writeData(const char* data, qint64 size) override {
+        const qint64 written = QTemporaryFile::writeData(data, size);
+        whole_ = whole_ && written == size;
+        return written;
+    }
+
+private:
+    bool whole_ = true;
+};
+
 class Plotter {
 public:
     explicit Plotter(const Request& request) : request_(request) {}
@@ -114,8 +131,14 @@ private:
     /// One drawing is in memory at a time, and the pages wait in a file for the last one.
     bool plotPages(const std::vector<std::string>& drawings, const std::string& path,
                    const Report& report) {
-        QTemporaryFile file;
-        file.open();
+        const auto fail = [&](const std::string& reason) {
+            throw Refusal(path + ": the pages cannot be kept in " + QDir::tempPath().toStdString() +
+                          ": " + reason);
+        };
+        PageFile file;
+        if (!file.open()) {
+            fail(file.errorString().toStdString());
+        }
         paint::PdfPages pages(painter_, request_.options, file);
         bool complete = true;
         for (const std::string& drawing : drawings) {
@@ -129,9 +152,8 @@ private:
             return false;
         }
         pages.Finish();
-        if (file.error() != QFileDevice::NoError || !file.flush() || !file.seek(0)) {
-            throw Refusal(path + ": the pages cannot be kept in " + QDir::tempPath().toStdString() +
-                          ": " + file.errorString().toStdString());
+        if (!file.isWhole() || !file.seek(0)) {
+            fail("not all of them could be written");
         }
         QByteArray read;
         write(path, [&](std::string_view& piece) {
