@@ -6,7 +6,7 @@ namespace host {
 
 const BuiltInCommand* FindBuiltInCommand(const std::string& name) {
     for (const auto* family : {&DocumentCommands(), &ViewCommands(), &SettingCommands(),
-                               &EditCommands(), &InquiryCommands()}) {
+                               &EditCommands(), &InquiryCommands(), &UndoCommands()}) {
         for (const BuiltInCommand& command : *family) {
             if (win32::EqualNoCase(command.name, name)) {
                 return &command;

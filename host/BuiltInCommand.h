@@ -36,5 +36,6 @@ const std::vector<BuiltInCommand>& ViewCommands();
 const std::vector<BuiltInCommand>& SettingCommands();
 const std::vector<BuiltInCommand>& EditCommands();
 const std::vector<BuiltInCommand>& InquiryCommands();
+const std::vector<BuiltInCommand>& UndoCommands();
 
 }  // namespace host

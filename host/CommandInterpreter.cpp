@@ -137,6 +137,7 @@ bool CommandInterpreter::RunBuiltIn(const BuiltInCommand& command, CommandInput&
     const ToldCommand told(command.name);
     bool good = false;
     if (Collect(command, arguments)) {
+        const UndoHistories::Recording recording(host_.Histories(), command.name);
         RunInContext(command.session, [&] { good = command.run(host_, arguments); });
     }
     return good;
@@ -174,6 +175,7 @@ bool CommandInterpreter::RunModuleCommand(const AcEdCommand& command) {
     // The stack's own entry may move when the command adds or removes commands.
     const AcRxFunctionPtr function = command.function;
     const ToldCommand told(command.globalName);
+    const UndoHistories::Recording recording(host_.Histories(), UpperCase(command.globalName));
     takesSelection_ = true;
     RunInContext(session, [function] { function(); });
     takesSelection_ = false;

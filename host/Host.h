@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/CommandInterpreter.h"
+#include "host/undo/UndoHistories.h"
 #include "platform/win32/win_types.h"
 
 namespace host {
@@ -33,6 +34,7 @@ public:
     void StartDocument();
 
     CommandInterpreter& Interpreter() { return interpreter_; }
+    UndoHistories& Histories() { return histories_; }
     /// The Windows path of a path given by the user: relative ones count from the folder in which
     /// the program was started, since commands change the current folder. All GBK.
     std::string ResolvePath(const std::string& path) const;
@@ -41,6 +43,7 @@ public:
     bool IsQuitting() const { return quitting_; }
 
 private:
+    UndoHistories histories_;
     CommandInterpreter interpreter_;
     HWND mainWindow_;
     std::string startFolder_;  ///< Windows path, empty when it has none

@@ -9,6 +9,7 @@
 #include "host/picture/shape_hits.h"
 #include "platform/db/AcDbDatabase.h"
 #include "platform/db/AcDbEntity.h"
+#include "platform/db/drawing_support_classes.h"
 
 namespace host {
 
@@ -24,8 +25,11 @@ bool PickHandle(AcDbDatabase& database, const std::string& pick, AcDbObjectId& i
         acdbOpenObject(entity, id, AcDb::kForRead) != Acad::eOk) {
         return Complain("There is no entity %1.", {pick});
     }
+    // What files have around the entities of a block is none of them.
+    const bool isAround =
+        entity->isKindOf(AcDbBlockBegin::desc()) || entity->isKindOf(AcDbBlockEnd::desc());
     entity->close();
-    return true;
+    return !isAround || Complain("There is no entity %1.", {pick});
 }
 
 bool PickNearest(AcApDocument& document, const AcGePoint3d& point, const std::string& pick,

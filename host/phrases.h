@@ -23,6 +23,7 @@ inline constexpr PhraseTexts kPhrases[] = {
     {"Save drawing as: ", "图形另存为: "},
     {"All or Extents: ", "[全部(A)/范围(E)]: "},
     {"New value for SDI (0 or 1): ", "输入 SDI 的新值 (0 或 1): "},
+    {"Number of steps: ", "输入要撤销的步数: "},
 
     // What stands against a command.
     {"Unknown command \"%1\".", "未知命令“%1”。"},
@@ -52,6 +53,24 @@ inline constexpr PhraseTexts kPhrases[] = {
     {"SDI takes 0 (several documents) or 1 (a single one), not \"%1\".",
      "SDI 取 0（多个图形）或 1（单个图形），“%1”无效。"},
     {"ZOOM takes E (extents) or A (all), not \"%1\".", "ZOOM 取 E（范围）或 A（全部），“%1”无效。"},
+
+    // Of steps taken back and brought back.
+    {"Undone: %1.", "已撤销: %1。"},
+    {"Redone: %1.", "已重做: %1。"},
+    {"There is nothing to undo.", "没有可撤销的操作。"},
+    {"There is nothing to redo.", "没有可重做的操作。"},
+    {"The number of steps is a whole number from 1 up, not \"%1\".",
+     "步数应为不小于 1 的整数，“%1”无效。"},
+    {"An object that \"%1\" has changed is in use.", "“%1”修改的对象正在使用中。"},
+    {"grip", "夹点"},
+    {"move", "移动"},
+    {"copy", "复制"},
+    {"erase", "删除"},
+    {"mirror", "镜像"},
+    {"rotate", "旋转"},
+    {"scale", "缩放"},
+    {"explode", "分解"},
+    {"store curve", "曲线入库"},
 
     // Of drawings that are to be saved or to go.
     {"%1 was deleted since it was opened. Save it all the same?", "%1 打开后已被删除，仍要保存吗?"},

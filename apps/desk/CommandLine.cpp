@@ -106,6 +106,11 @@ void CommandLine::Forward(QKeyEvent* event) {
 }
 
 bool CommandLine::eventFilter(QObject* watched, QEvent* event) {
+    // Undo and redo mean the drawing while no word is being typed.
+    if (event->type() == QEvent::ShortcutOverride && edit_->text().isEmpty()) {
+        event->ignore();
+        return true;
+    }
     return (event->type() == QEvent::KeyPress && HandleKey(static_cast<QKeyEvent*>(event))) ||
            QWidget::eventFilter(watched, event);
 }

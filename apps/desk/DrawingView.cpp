@@ -25,7 +25,7 @@ AcApView NoView() {
 }
 
 bool IsOpen(AcDbObjectId id) {
-    return !id.isNull() && !id.isErased();
+    return AcDbDatabase::objectOf(id) != nullptr && !id.isErased();
 }
 
 picture::Box BoxOf(picture::Point a, picture::Point b) {

@@ -1,5 +1,6 @@
 #include "apps/desk/MainWindow.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QLabel>
@@ -78,6 +79,8 @@ MainWindow::MainWindow(DeskSession& session)
       line_(new CommandLine(this)),
       coordinates_(new QLabel(this)),
       suite_(new QLabel(this)),
+      undo_(new QAction(this)),
+      redo_(new QAction(this)),
       work_(this) {
     auto* const drawing = new QWidget(this);
     auto* const column = new QVBoxLayout(drawing);
@@ -102,6 +105,7 @@ MainWindow::MainWindow(DeskSession& session)
     coordinates_->setObjectName(QStringLiteral("coordinates"));
     statusBar()->addWidget(coordinates_);
     statusBar()->addPermanentWidget(suite_);
+    MakeUndo();
     RestoreLook();
     MakeMenus(*this);
     Connect();
@@ -171,11 +175,7 @@ void MainWindow::Connect() {
     view_->onEntity = [this](AcDbObjectId entity) { AnswerPick(entity); };
     session_.SetSelectionSource(
         [this](host::BuiltInCommand::Picks picks) { return TakeSelection(picks); });
-    view_->onGripsMoved = [this](const std::vector<std::string>& moves) {
-        for (const std::string& arguments : moves) {
-            session_.Feed().Start("GRIP " + arguments);
-        }
-    };
+    view_->onGripsMoved = [this](const std::vector<std::string>& moves) { MoveGrips(moves); };
     view_->onCursor = [this](picture::Point point) { ShowCursor(point.x, point.y); };
     view_->onShowAll = [this] { RunCommand(QStringLiteral("ZOOM E")); };
 
@@ -256,6 +256,7 @@ void MainWindow::ShowState() {
                      : session_.Program().Interpreter().IsPicking() ? DrawingView::Asking::kEntity
                                                                     : DrawingView::Asking::kPoint);
     ShowDocuments();
+    ShowSteps();
     ShowDrawing();
     suite_->setText(ProjectTitle());
     suite_->setToolTip(QString::fromStdString(session_.SuiteFolder()));
@@ -310,6 +311,42 @@ void MainWindow::ShowDocuments() {
     const QString program = QApplication::applicationDisplayName();
     setWindowTitle(current != nullptr ? program + QStringLiteral(" - ") + TitleOf(*current)
                                       : program);
+}
+
+/// One drag is one step, whatever it moves.
+void MainWindow::MoveGrips(const std::vector<std::string>& moves) {
+    {
+        const host::UndoHistories::Recording drag(session_.Program().Histories(), "GRIP");
+        for (const std::string& arguments : moves) {
+            session_.Feed().Start("GRIP " + arguments);
+        }
+    }
+    ShowSteps();
+}
+
+void MainWindow::MakeUndo() {
+    undo_->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Z));
+    redo_->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    connect(undo_, &QAction::triggered, this, [this] { RunCommand(QStringLiteral("U")); });
+    connect(redo_, &QAction::triggered, this, [this] { RunCommand(QStringLiteral("REDO")); });
+}
+
+void MainWindow::ShowSteps() {
+    const AcApDocument* const document = acDocManager->curDocument();
+    std::string back;
+    std::string forth;
+    if (document != nullptr) {
+        const host::DrawingHistory& history = session_.Program().Histories().Of(*document);
+        back = history.NextUndo();
+        forth = history.NextRedo();
+    }
+    const auto show = [](QAction& action, const QString& text, const std::string& command) {
+        action.setText(text.arg(windows::FromGbk(host::StepTitle(command))).simplified());
+        action.setEnabled(!command.empty());
+    };
+    show(*undo_, windows::InterfaceText("&Undo %1", "撤销%1(&U)"), back);
+    show(*redo_, windows::InterfaceText("&Redo %1", "重做%1(&R)"), forth);
 }
 
 void MainWindow::ShowCursor(double x, double y) {

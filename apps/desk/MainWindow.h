@@ -8,6 +8,7 @@
 #include "apps/desk/WorkProgress.h"
 #include "platform/ap/AcApDocManager.h"
 
+class QAction;
 class QLabel;
 class QMenu;
 class QTabBar;
@@ -42,6 +43,11 @@ public:
     /// Says something went wrong.
     void TellError(const QString& text);
 
+    /// Take the drawing's last step back, or bring it back again: named after the step, disabled
+    /// where there is none.
+    QAction* UndoAction() const { return undo_; }
+    QAction* RedoAction() const { return redo_; }
+
     // What the menus do beyond commands.
     void ChooseDrawings();
     void ChooseSaveName();
@@ -68,6 +74,9 @@ private:
     void EndWork();
     void ShowDrawing();
     void ShowDocuments();
+    void MoveGrips(const std::vector<std::string>& moves);
+    void MakeUndo();
+    void ShowSteps();
     void ShowCursor(double x, double y);
     QString OpenDrawing(const QString& path);
     void RememberSuite();
@@ -79,6 +88,8 @@ private:
     CommandLine* line_;
     QLabel* coordinates_;
     QLabel* suite_;
+    QAction* undo_;
+    QAction* redo_;
     WorkProgress work_;
     std::string shownSuite_;
     QString nextSuite_;                     ///< to be opened when the running command has ended

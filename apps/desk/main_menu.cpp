@@ -129,7 +129,10 @@ void MakeMenus(MainWindow& window) {
     file.addSeparator();
     Fill(window, file, toolBar, {{"&Quit", "退出(&Q)", QKeySequence::Quit, Command("QUIT")}});
 
-    Fill(window, addMenu("&Edit", "编辑(&E)"), toolBar, EditEntries());
+    QMenu& edit = addMenu("&Edit", "编辑(&E)");
+    edit.addActions({window.UndoAction(), window.RedoAction()});
+    edit.addSeparator();
+    Fill(window, edit, toolBar, EditEntries());
 
     QMenu& view = addMenu("&View", "视图(&V)");
     Fill(window, view, toolBar,

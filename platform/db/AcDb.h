@@ -43,7 +43,7 @@ enum LineWeight : Adesk::Int16 {
     kLnWt211 = 211
 };
 /// What a filer works for.
-enum FilerType { kFileFiler = 0, kCopyFiler = 1 };
+enum FilerType { kFileFiler = 0, kCopyFiler = 1, kUndoFiler = 2 };
 enum TextHorzMode {
     kTextLeft = 0,
     kTextCenter = 1,

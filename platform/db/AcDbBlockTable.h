@@ -28,6 +28,7 @@ public:
     bool isLayout() const { return !layoutId_.isNull(); }
     /// The copy lists the entities of the source, where they stay.
     std::unique_ptr<AcDbObject> clone() const override;
+    std::vector<AcDbObjectId>* growingList() override { return &entities_; }
 
 private:
     template <class T>

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/db/AcDbBlockTable.h"
+#include "platform/db/AcDbChangeRecorder.h"
 #include "platform/db/AcDbHostApplicationServices.h"
 #include "platform/db/AcDbLayerTable.h"
 #include "platform/db/AcDbStub.h"
@@ -155,13 +156,20 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, AcDbHandle han
     return id.isNull() ? Acad::eKeyNotFound : Acad::eOk;
 }
 
-AcDbObjectId AcDbDatabase::addObject(std::unique_ptr<AcDbObject> object, AcDbObjectId owner) {
+AcDbObjectId AcDbDatabase::nextEntry() {
+    if (header_->HANDSEED < rewoundFrom_) {
+        return idOfHandle(header_->HANDSEED);
+    }
     AcDbStub& stub = entries_->stubs.emplace_back();
     stub.database = this;
     stub.handle = header_->HANDSEED++;
-    const AcDbObjectId id(&stub);
+    return AcDbObjectId(&stub);
+}
+
+AcDbObjectId AcDbDatabase::addObject(std::unique_ptr<AcDbObject> object, AcDbObjectId owner) {
+    const AcDbObjectId id = nextEntry();
     placeObject(id, std::move(object));
-    stub.object->ownerId_ = owner;
+    id.stub()->object->ownerId_ = owner;
     return id;
 }
 
@@ -174,10 +182,10 @@ AcDbObjectId AcDbDatabase::idOfHandle(AcDbHandle handle) {
         stub = &entries_->stubs.emplace_back();
         stub->database = this;
         stub->handle = handle;
-        // A handle is never given twice, not even one that only a reference to nothing has.
-        if (handle < kHighestHandle) {
-            header_->HANDSEED = std::max(header_->HANDSEED, handle + 1);
-        }
+    }
+    // A handle is never given twice, not even one that only a reference to nothing has.
+    if (handle < kHighestHandle) {
+        header_->HANDSEED = std::max(header_->HANDSEED, handle + 1);
     }
     return AcDbObjectId(stub);
 }
@@ -186,6 +194,33 @@ void AcDbDatabase::placeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> obje
     object->stub_ = id.stub();
     object->changed_ = false;
     id.stub()->object = std::move(object);
+}
+
+void AcDbDatabase::noteChange(AcDbObject& object) {
+    if (recorder_ != nullptr) {
+        recorder_->willChange(object);
+    }
+    modified_ = true;
+}
+
+std::unique_ptr<AcDbObject> AcDbDatabase::exchangeObject(AcDbObjectId id,
+                                                         std::unique_ptr<AcDbObject> object,
+                                                         bool modified) {
+    std::unique_ptr<AcDbObject> before = std::move(id.stub()->object);
+    if (before != nullptr) {
+        before->stub_ = nullptr;
+    }
+    if (object != nullptr) {
+        object->stub_ = id.stub();
+        object->changed_ = modified;
+    }
+    id.stub()->object = std::move(object);
+    return before;
+}
+
+void AcDbDatabase::rewindHandles(AcDbHandle seed) {
+    rewoundFrom_ = std::max(rewoundFrom_, header_->HANDSEED);
+    header_->HANDSEED = seed;
 }
 
 AcDbHostApplicationServices* acdbHostApplicationServices() {

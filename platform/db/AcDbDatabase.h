@@ -9,6 +9,7 @@
 #include "platform/rx/Acad.h"
 
 class AcDbBlockTable;
+class AcDbChangeRecorder;
 class AcDbLayerTable;
 class AcDbTextStyleTable;
 struct DrawingDamage;
@@ -89,6 +90,17 @@ public:
     void forgetHandles();
     /// Puts an object read from a file, all its fields set, behind its entry.
     void placeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> object);
+    /// Who hears of the changes to the drawing's objects; null for nobody. Not owned.
+    void setRecorder(AcDbChangeRecorder* recorder) { recorder_ = recorder; }
+    /// Before a change to one of the objects.
+    void noteChange(AcDbObject& object);
+    /// Puts a free object, null for none, behind an entry in place of the one there, which comes
+    /// back free. `modified` is what AcDbObject::isModified says from then on.
+    std::unique_ptr<AcDbObject> exchangeObject(AcDbObjectId id, std::unique_ptr<AcDbObject> object,
+                                               bool modified);
+    /// New objects get the handles from `seed` on again, and the entries of these handles, whose
+    /// objects have been taken out.
+    void rewindHandles(AcDbHandle seed);
     /// Every entry in handle order of creation, those without an object too.
     const std::deque<AcDbStub>& entries() const;
     std::deque<AcDbStub>& entries();
@@ -110,6 +122,7 @@ private:
     Acad::ErrorStatus readFileAt(const std::string& path);
 
     AcDbStub* find(AcDbHandle handle) const;
+    AcDbObjectId nextEntry();
     Acad::ErrorStatus makeCurrent(AcDbObjectId& current, AcDbObjectId id, const AcRxClass* kind);
 
     /// Without objects and damage, with the variables of a new drawing.
@@ -123,4 +136,6 @@ private:
     std::string fileName_;
     std::string lastFileError_;
     bool modified_ = false;
+    AcDbChangeRecorder* recorder_ = nullptr;
+    AcDbHandle rewoundFrom_ = 0;  ///< below it a new object's entry may be there already
 };

@@ -97,10 +97,10 @@ void AcDbObject::assertWriteEnabled() {
         acrx_abort("%s %llX is changed without being open for write", isA()->name(),
                    static_cast<unsigned long long>(stub_->handle));
     }
-    changed_ = true;
     if (stub_ != nullptr) {
-        stub_->database->setModified(true);
+        stub_->database->noteChange(*this);
     }
+    changed_ = true;
 }
 
 Acad::ErrorStatus AcDbObject::addPersistentReactor(AcDbObjectId reactor) {
@@ -144,6 +144,8 @@ std::unique_ptr<AcDbObject> AcDbObject::clone() const {
     copy->dwgInFields(&filer);
     return filer.filerStatus() == Acad::eOk ? std::move(copy) : nullptr;
 }
+
+void AcDbObject::modifyUndone(const AcDbObject* /*object*/) {}
 
 Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                  bool openErased) {

@@ -71,6 +71,14 @@ public:
     /// fields by filing; the object must be open for read.
     virtual std::unique_ptr<AcDbObject> clone() const;
 
+    /// Undo or redo has put the object back into this state; `object` is itself. It is open for
+    /// write, so that it can be changed where it does not suit the present any more.
+    virtual void modifyUndone(const AcDbObject* object);
+
+    /// For the layer's own rooms, of a container: the ids that it lists and only ever adds to, to
+    /// be shortened or lengthened again. Null for other objects.
+    virtual std::vector<AcDbObjectId>* growingList() { return nullptr; }
+
     /// Makes it where there was none: most objects have nothing of the kind.
     AcDbObjectFileData& fileData();
     const AcDbObjectFileData& fileData() const;

@@ -110,6 +110,13 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
     return add(ignored, record);
 }
 
+// Whoever asks is going to change the list: names are looked up anew afterwards.
+std::vector<AcDbObjectId>* AcDbSymbolTable::growingList() {
+    byFoldedName_.clear();
+    indexed_ = 0;
+    return &records_;
+}
+
 std::unique_ptr<AcDbObject> AcDbSymbolTable::clone() const {
     return nullptr;
 }

@@ -54,6 +54,7 @@ public:
     Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
     /// All records, erased ones too.
     const std::vector<AcDbObjectId>& records() const { return records_; }
+    std::vector<AcDbObjectId>* growingList() override;
 
 private:
     template <class T>

@@ -20,6 +20,7 @@ struct DwgCodec {
     AcRxClass* record = nullptr;
     bool isEntity = false;
     std::unique_ptr<AcDbObject> (*make)() = nullptr;
+    std::unique_ptr<AcDbObject> (*copy)(const AcDbObject&) = nullptr;  ///< free
     void (*write)(DwgObjectWriter&, const AcDbObject&) = nullptr;
     void (*read)(DwgObjectReader&, AcDbObject&) = nullptr;
     void (*replaceIds)(DwgIdTranslator&, AcDbObject&) = nullptr;

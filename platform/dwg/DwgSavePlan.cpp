@@ -40,8 +40,8 @@ AcDbObjectId referredBlock(const AcDbObject& object) {
 void completeBlock(AcDbDatabase& database, AcDbBlockTableRecord& block) {
     using Fields = DwgFields<AcDbBlockTableRecord>;
     const auto complete = [&](AcDbObjectId& id, std::unique_ptr<AcDbEntity> entity) {
-        // One that was damaged in the file is missing as well.
-        if (id.isNull() || id.isErased()) {
+        // One that was damaged in the file is missing as well, and one that was taken back.
+        if (!isLiving(id)) {
             entity->setDatabaseDefaults(&database);
             id = database.addObject(std::move(entity), block.objectId());
             block.objectId().stub()->filePosition = 0;

@@ -5,6 +5,7 @@
 #include "platform/rx/AcRxDictionary.h"
 #include "src/common/module_state.h"
 #include "src/db/result_stores.h"
+#include "src/entity/stored_values.h"
 
 namespace {
 
@@ -17,6 +18,11 @@ AcRxClass* classRecord = nullptr;  // looked up on first use after loading
 
 AcRxObject* MakeCurve() {
     return new CKFCurve;
+}
+
+/// What is to be undone is the whole curve.
+bool FilesLayerNumbers(const AcDbDwgFiler& filer) {
+    return ChartMode == kLayerCharts || filer.filerType() == AcDb::kUndoFiler;
 }
 
 Adesk::Int32 LeadingInteger(const std::string& text) {
@@ -87,12 +93,7 @@ void CKFCurve::SetLayerKey(const std::string& mainLayer, const std::string& subL
     fields_.subLayer = LeadingInteger(subLayer);
 }
 
-int CKFCurve::StoreToDatabase() {
-    if (!fields_.modified) {
-        return 2;
-    }
-    assertWriteEnabled();
-    fields_.modified = false;
+GrainSizeRecord CKFCurve::Record() const {
     GrainSizeRecord record;
     record.projectIndex = fields_.projectIndex;
     record.borehole = fields_.borehole;
@@ -102,7 +103,32 @@ int CKFCurve::StoreToDatabase() {
     record.diameters = fields_.diameters;
     record.uniformity = Uniformity(record.diameters);
     record.curvature = Curvature(record.diameters);
-    return StoreCurveValues(record, ChartMode);
+    return record;
+}
+
+int CKFCurve::StoreToDatabase() {
+    if (!fields_.modified) {
+        return 2;
+    }
+    assertWriteEnabled();
+    fields_.modified = false;
+    const GrainSizeRecord record = Record();
+    const int result = StoreCurveValues(record, ChartMode);
+    // A curve that is in no drawing yet has no earlier state to be taken back to.
+    if (result == 1 && !objectId().isNull()) {
+        NoteStoredValues(record);
+    }
+    return result;
+}
+
+void CKFCurve::modifyUndone(const AcDbObject* /*object*/) {
+    if (!fields_.modified && AreOtherValuesStored(Record())) {
+        assertWriteEnabled();
+        fields_.modified = true;
+    }
+    if (fields_.modified) {
+        CurveDataChanged = 1;
+    }
 }
 
 void CKFCurve::GetProjectKey(int& projectIndex, std::string& projectNumber) const {
@@ -115,7 +141,7 @@ Acad::ErrorStatus CKFCurve::dwgOutFields(AcDbDwgFiler* filer) const {
     AcDbEntity::dwgOutFields(filer);
     CurveFieldWriter write(*filer);
     CurveFields::ForEach(fields_, write);
-    if (ChartMode == kLayerCharts) {
+    if (FilesLayerNumbers(*filer)) {
         CurveFields::ForEachLayerNumber(fields_, write);
     }
     return Acad::eOk;
@@ -126,7 +152,7 @@ Acad::ErrorStatus CKFCurve::dwgInFields(AcDbDwgFiler* filer) {
     AcDbEntity::dwgInFields(filer);
     CurveFieldReader read(*filer);
     CurveFields::ForEach(fields_, read);
-    if (ChartMode == kLayerCharts) {
+    if (FilesLayerNumbers(*filer)) {
         CurveFields::ForEachLayerNumber(fields_, read);
     }
     return Acad::eOk;

@@ -5,6 +5,7 @@
 
 #include "platform/db/AcDbEntity.h"
 #include "platform/db/AcDbSpline.h"
+#include "src/core/GrainSizeRecord.h"
 #include "src/core/curve_shape.h"
 #include "src/core/number_format.h"
 #include "src/facts/CurveFields.h"
@@ -56,6 +57,7 @@ public:
     bool IsChanged() const { return fields_.modified; }
 
     Adesk::Boolean worldDraw(AcGiWorldDraw* context) override;
+    /// Layer numbers only while layer charts are in work, but always for undo.
     Acad::ErrorStatus dwgInFields(AcDbDwgFiler* filer) override;
     Acad::ErrorStatus dwgOutFields(AcDbDwgFiler* filer) const override;
     /// Also the colour of the labels. Always reaches sub-entities.
@@ -69,6 +71,8 @@ public:
     /// Only maps that keep the direction of the x axis; eNotApplicable, and no change, for others.
     /// The grid stays where it is, so the diameters follow at the next drawing.
     Acad::ErrorStatus transformBy(const AcGeMatrix3d& transform) override;
+    /// A state that counts as stored does so no more when the curve has stored other values since.
+    void modifyUndone(const AcDbObject* object) override;
     /// A spline and a text for every label.
     Acad::ErrorStatus explode(AcDbVoidPtrArray& entitySet) const override;
     void saveAs(AcGiWorldDraw* context, AcDb::SaveType type) override;
@@ -87,6 +91,8 @@ private:
     /// bare values d95, d60, d50, d30, d10, Cu, Cc; any other the five "=" texts d60, Cu, d30, d10,
     /// Cc. A value that is not determined is empty, or "=" alone.
     std::vector<std::string> LabelTexts() const;
+    /// The part of a record that is stored of the curve.
+    GrainSizeRecord Record() const;
 
     CurveFields fields_;
 };

@@ -277,7 +277,7 @@ TEST_F(BuiltInCommandsTest, WhatIsNotSeenIsNotPickedAtItsPlace) {
     Draw(LevelLine(0, off));
     Draw(LevelLine(900, frozen));
     Draw(std::make_unique<AcDbBlockReference>(AcGePoint3d(0, 40, 0), mark));
-    for (const char* const place : {"50,0", "50,900", "50,40"}) {
+    for (const char* const place : {"50,0", "50,900", "50,40", "#20"}) {
         printed_.clear();
         EXPECT_FALSE(Run(std::string("ERASE ") + place)) << place;
         EXPECT_THAT(printed_, HasSubstr("no entity")) << place;

@@ -18,6 +18,9 @@ DwgCodec CodecOf(std::uint16_t type) {
     codec.record = T::desc();
     codec.isEntity = std::is_base_of_v<AcDbEntity, T>;
     codec.make = []() -> std::unique_ptr<AcDbObject> { return std::make_unique<T>(); };
+    codec.copy = [](const AcDbObject& object) -> std::unique_ptr<AcDbObject> {
+        return std::make_unique<T>(static_cast<const T&>(object));
+    };
     codec.write = [](DwgObjectWriter& writer, const AcDbObject& object) {
         DwgFields<T>::fields(writer, static_cast<const T&>(object));
     };

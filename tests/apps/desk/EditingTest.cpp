@@ -1,5 +1,6 @@
 // A curve reshaped by its grips, with the mouse and the keyboard, and stored.
 
+#include <QAction>
 #include <QLineEdit>
 #include <QTest>
 #include <algorithm>
@@ -91,6 +92,37 @@ TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
     EXPECT_EQ(QStringLiteral("=") + QString::number(QString::fromStdString(after).toDouble()),
               reshaped[2]);
     EXPECT_TRUE(Curves().empty()) << "the new drawing is shown";
+}
+
+TEST_F(Editing, KeysTakeStepsBackAndTheMenuNamesThem) {
+    const auto menu = [this] {
+        return QStringList{window_.UndoAction()->text(), window_.RedoAction()->text()};
+    };
+    auto* const line = window_.findChild<QLineEdit*>(QStringLiteral("command"));
+    EXPECT_FALSE(window_.UndoAction()->isEnabled());
+    const QStringList labels = TextsOf(curve_);
+    const Point grip = GripAt(3);
+    Press(grip);
+    Move(grip + Point{0.0, -6.0});
+    Release(grip + Point{0.0, -6.0});
+    const QStringList reshaped = TextsOf(curve_);
+    EXPECT_EQ(menu(), (QStringList{"&Undo grip", "&Redo"}));
+
+    window_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window_)) << "or no shortcut is heard";
+    line->setFocus();
+    QTest::keyClicks(line, QStringLiteral("li"));
+    QTest::keyClick(line, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(TextsOf(curve_), reshaped) << "what is being typed comes first";
+    line->clear();
+    QTest::keyClick(line, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(TextsOf(curve_), labels);
+    EXPECT_EQ(GripAt(3), grip) << "and the grips follow";
+    EXPECT_FALSE(window_.windowTitle().endsWith(QLatin1Char('*')));
+    EXPECT_EQ(menu(), (QStringList{"&Undo", "&Redo grip"}));
+    EXPECT_FALSE(window_.UndoAction()->isEnabled());
+    QTest::keyClick(&View(), Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(TextsOf(curve_), reshaped);
 }
 
 TEST_F(Editing, HotGripsMoveTogetherAndEscGivesUp) {
