@@ -5,7 +5,8 @@ namespace host {
 std::string VersionText(const std::string& program) {
     return program + " " GRDX_VERSION " (commit " GRDX_COMMIT
                      ")\n"
-                     "drawings: DWG AC1015; project databases: SQLite; tables: CSV; pages: PDF, "
+                     "drawings: DWG AC1015; project databases: SQLite, ODBC; tables: CSV, XLSX, "
+                     "AGS4; pages: PDF, "
                      "SVG, PNG";
 }
 
