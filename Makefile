@@ -39,6 +39,7 @@ fuzz: packages
 
 bench: all readers
 	@bench/run.sh $(BUILD)
+	@tools/test_server.sh bench/server.sh $(BUILD)
 
 # Into PREFIX; DESTDIR is put in front of it.
 PREFIX ?= /usr/local
