@@ -235,22 +235,19 @@ TEST_F(BuiltInCommandsTest, SdiDecidesWhetherADrawingTakesTheOthersPlace) {
 }
 
 TEST_F(BuiltInCommandsTest, EntitiesAreTransformed) {
-    struct Case {
-        const char* command;  ///< %s is the pick
-        const char* result;
-    };
-    const Case cases[] = {
+    // %s is the pick.
+    const std::pair<const char*, const char*> cases[] = {
         {"MOVE %s 1,1 3,0", "2,-1 12,-1"}, {"ROTATE %s 0,0 90", "0,0 0,10"},
         {"SCALE %s 10,0 0.5", "5,0 10,0"}, {"MIRROR %s 0,5 1,5", "0,10 10,10"},
         {"GRIP %s 0 1,2", "1,2 10,0"},     {"GRIP %s 0,1 0,3", "0,3 10,3"},
     };
-    for (const Case& row : cases) {
+    for (const auto& [pattern, result] : cases) {
         const std::string pick =
             Draw(std::make_unique<GrippedLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(10, 0, 0)));
         char command[100];
-        std::snprintf(command, sizeof command, row.command, pick.c_str());
+        std::snprintf(command, sizeof command, pattern, pick.c_str());
         EXPECT_TRUE(Run(command)) << command << printed_;
-        EXPECT_THAT(Lines(), ElementsAre(row.result)) << command;
+        EXPECT_THAT(Lines(), ElementsAre(result)) << command;
         EXPECT_TRUE(Run("ERASE " + pick));
         EXPECT_THAT(Lines(), testing::IsEmpty());
     }
@@ -310,11 +307,7 @@ TEST_F(BuiltInCommandsTest, BlocksThatMultiplyBeyondMeasureAreGivenUp) {
 }
 
 TEST_F(BuiltInCommandsTest, BadArgumentsAreNamedAndChangeNothing) {
-    struct Case {
-        const char* command;
-        const char* complaint;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"MOVE %s 1;1 3,0", "\"1;1\""},
         {"MOVE %s 1,1 3", "\"3\""},
         {"MOVE %s 1,1 3,nan", "\"3,nan\""},
@@ -330,12 +323,12 @@ TEST_F(BuiltInCommandsTest, BadArgumentsAreNamedAndChangeNothing) {
     };
     const std::string pick =
         Draw(std::make_unique<GrippedLine>(AcGePoint3d(0, 0, 0), AcGePoint3d(10, 0, 0)));
-    for (const Case& row : cases) {
+    for (const auto& [pattern, complaint] : cases) {
         char command[100];
-        std::snprintf(command, sizeof command, row.command, pick.c_str());
+        std::snprintf(command, sizeof command, pattern, pick.c_str());
         printed_.clear();
         EXPECT_FALSE(Run(command)) << command;
-        EXPECT_THAT(printed_, HasSubstr(row.complaint)) << command;
+        EXPECT_THAT(printed_, HasSubstr(complaint)) << command;
         EXPECT_THAT(Lines(), ElementsAre("0,0 10,0")) << command;
     }
 }
@@ -359,21 +352,17 @@ TEST_F(BuiltInCommandsTest, APointPicksWhatIsDrawnNearestThere) {
     auto mirrored = std::make_unique<AcDbBlockReference>(AcGePoint3d(0, 400, 0), label);
     mirrored->setScaleFactors({1, -1, 1});
     Draw(std::move(mirrored));
-    struct Case {
-        const char* point;
-        const char* entity;  ///< null: nothing is there
+    static constexpr const char* kNothing = "no entity";
+    const std::pair<const char*, const char*> cases[] = {
+        {"50,2.9", "AcDbLine"},      {"50,3.1", kNothing},       {"102,1", "AcDbLine"},
+        {"57.1,57.1", "AcDbCircle"}, {"50,50", kNothing},        {"10,102", "AcDbText"},
+        {"10,98", "AcDbText"},       {"50,209", "AcDbPolyline"}, {"50,214", kNothing},
+        {"40,300", "AcDbLine"},      {"50,300", kNothing},       {"5,393", "AcDbBlockReference"},
+        {"5,405", kNothing},
     };
-    const Case cases[] = {
-        {"50,2.9", "AcDbLine"},      {"50,3.1", nullptr},        {"102,1", "AcDbLine"},
-        {"57.1,57.1", "AcDbCircle"}, {"50,50", nullptr},         {"10,102", "AcDbText"},
-        {"10,98", "AcDbText"},       {"50,209", "AcDbPolyline"}, {"50,214", nullptr},
-        {"40,300", "AcDbLine"},      {"50,300", nullptr},        {"5,393", "AcDbBlockReference"},
-        {"5,405", nullptr},
-    };
-    for (const Case& row : cases) {
+    for (const auto& [point, entity] : cases) {
         printed_.clear();
-        EXPECT_EQ(Run(std::string("LIST ") + row.point), row.entity != nullptr) << row.point;
-        EXPECT_THAT(printed_, HasSubstr(row.entity != nullptr ? row.entity : "no entity"))
-            << row.point;
+        EXPECT_EQ(Run(std::string("LIST ") + point), entity != kNothing) << point;
+        EXPECT_THAT(printed_, HasSubstr(entity)) << point;
     }
 }

@@ -22,11 +22,7 @@ HydrometerTest TestOf(HydrometerType type, double minutes, double celsius) {
 }  // namespace
 
 TEST(HydrometerTest, FormulasAgreeWithHandCalculation) {
-    struct Case {
-        HydrometerType type;
-        double minutes, celsius, size, finer;
-    };
-    const Case cases[] = {
+    const std::tuple<HydrometerType, double, double, double, double> cases[] = {
         // R = 25 + 0.5 - 1 + 0.6, C_s = 2.70/1.701768 * 1.651768/2.65; L = 16.3 - 0.1641 * 25.5
         {HydrometerType::kA, 1.0, 22.0, 0.0457828, 82.741},
         // R - 1 = 0.0180 + 0.0004 - 0.0006 + 0.0004, C_s' = 2.70/1.701768; L = 16.3 - 0.2645 * 18.4
@@ -35,12 +31,12 @@ TEST(HydrometerTest, FormulasAgreeWithHandCalculation) {
         {HydrometerType::k152H, 1.0, 22.0, 0.0456742, 83.038},
         {HydrometerType::kA, 1440.0, 20.0, 0.00123573, 80.763},
     };
-    for (const Case& row : cases) {
-        const HydrometerTest test = TestOf(row.type, row.minutes, row.celsius);
-        EXPECT_NEAR(lab::GrainSize(test, test.readings[0]), row.size, row.size * 2e-5)
-            << lab::HydrometerName(row.type);
-        EXPECT_NEAR(lab::PercentFiner(test, test.readings[0]), row.finer, 0.002)
-            << lab::HydrometerName(row.type);
+    for (const auto& [type, minutes, celsius, size, finer] : cases) {
+        const HydrometerTest test = TestOf(type, minutes, celsius);
+        EXPECT_NEAR(lab::GrainSize(test, test.readings[0]), size, size * 2e-5)
+            << lab::HydrometerName(type);
+        EXPECT_NEAR(lab::PercentFiner(test, test.readings[0]), finer, 0.002)
+            << lab::HydrometerName(type);
     }
 }
 

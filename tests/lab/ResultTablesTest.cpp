@@ -38,11 +38,7 @@ std::string SharesText(const lab::Sample& sample) {
 }
 
 TEST(SoilShares, AreReadAtTheBoundsOfTheClasses) {
-    const struct {
-        const char* why;
-        Items items;
-        const char* shares;
-    } cases[] = {
+    const std::tuple<const char*, Items, const char*> cases[] = {
         {"sieves at all bounds", {{2, 20}, {0.075, 30}, {0.005, 40}, {0, 10}}, "20 30 40 10 "},
         {"2 mm is half way from 4 to 1 mm in the logarithm, 0.02 half way from 0.04 to 0.01",
          {{4, 10}, {1, 40}, {0.075, 20}, {0.01, 10}, {0.0025, 10}, {0, 10}},
@@ -59,8 +55,8 @@ TEST(SoilShares, AreReadAtTheBoundsOfTheClasses) {
         {"coarsest sieve within the sand", {{0.5, 10}, {0.075, 80}, {0, 10}}, "0 90 - - "},
         {"a size twice", {{2, 5}, {2, 15}, {0.075, 70}, {0, 10}}, "20 70 - - "},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(SharesText(SampleOf(c.items, 100)), c.shares) << c.why;
+    for (const auto& [why, items, shares] : cases) {
+        EXPECT_EQ(SharesText(SampleOf(items, 100)), shares) << why;
     }
 }
 

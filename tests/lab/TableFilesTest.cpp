@@ -293,11 +293,7 @@ TEST(TableFilesTest, AgsFilesAreReadByTheirGroups) {
 }
 
 TEST(TableFilesTest, WhatIsWrongIsNamedByPlaceAndText) {
-    struct Line {
-        const char* line;
-        const char* reason;
-    };
-    const Line lines[] = {
+    const std::pair<const char*, const char*> lines[] = {
         {"K,1,1,1,m,10,2", "f:3: 7 fields instead of 8"},
         {"K,1,1,1,m,10,2,1,", "f:3: 9 fields instead of 8"},
         {"K,1,1,1,m,10,2,1,5", "f:3: 9 fields instead of 8"},
@@ -332,9 +328,8 @@ TEST(TableFilesTest, WhatIsWrongIsNamedByPlaceAndText) {
         {"A,0,1,1,m,11,2,1", "total differs from that of f:2, which is of the same sample"},
         {"A,0,,1,m,10,2,1", "depth differs from that of f:2"},
     };
-    for (const Line& bad : lines) {
-        Check({bad.line, kLong + "A,0,1,1,m,10,2,1\n" + bad.line + "\n",
-               std::string("! ") + bad.reason});
+    for (const auto& [line, reason] : lines) {
+        Check({line, kLong + "A,0,1,1,m,10,2,1\n" + line + "\n", std::string("! ") + reason});
     }
     const std::string values = "孔号,样号,total,2,0.5\n";
     const Case files[] = {

@@ -6,31 +6,27 @@
 #include "platform/win32/code_page.h"
 
 TEST(TextCodingTest, TellsUtf8FromGbk) {
-    struct Case {
-        const char* why;
-        std::string bytes;
-        const char* utf8;  ///< null: refused
-    };
-    const Case cases[] = {
+    constexpr const char* kRefused = nullptr;
+    const std::tuple<const char*, std::string, const char*> cases[] = {
         {"plain", "a,b", "a,b"},
         {"UTF-8", "钻孔", "钻孔"},
         {"UTF-8 with mark", "\xEF\xBB\xBF钻孔", "钻孔"},
         {"GBK", win32::GbkFromUtf8("钻孔"), "钻孔"},
         {"GBK with a trail byte below 0x80", win32::GbkFromUtf8("一丂"), "一丂"},
-        {"a mark and then GBK", "\xEF\xBB\xBF" + win32::GbkFromUtf8("钻孔"), nullptr},
-        {"a mark and then a long form of '/'", "\xEF\xBB\xBF\xC0\xAF", nullptr},
-        {"a mark and then a surrogate", "\xEF\xBB\xBF\xED\xA0\x80", nullptr},
-        {"a mark and then half a character", "\xEF\xBB\xBF\xE9\x92", nullptr},
-        {"a lead byte alone", "a\xFE", nullptr},
-        {"UTF-16 without a mark", std::string("a\0b\0", 4), nullptr},
-        {"UTF-16 with half a pair", "\xFF\xFE\x01\xD8", nullptr},
+        {"a mark and then GBK", "\xEF\xBB\xBF" + win32::GbkFromUtf8("钻孔"), kRefused},
+        {"a mark and then a long form of '/'", "\xEF\xBB\xBF\xC0\xAF", kRefused},
+        {"a mark and then a surrogate", "\xEF\xBB\xBF\xED\xA0\x80", kRefused},
+        {"a mark and then half a character", "\xEF\xBB\xBF\xE9\x92", kRefused},
+        {"a lead byte alone", "a\xFE", kRefused},
+        {"UTF-16 without a mark", std::string("a\0b\0", 4), kRefused},
+        {"UTF-16 with half a pair", "\xFF\xFE\x01\xD8", kRefused},
     };
-    for (const Case& row : cases) {
+    for (const auto& [why, bytes, expected] : cases) {
         std::string utf8;
         std::string error;
-        EXPECT_EQ(lab::DecodeText(row.bytes, utf8, error), row.utf8 != nullptr) << row.why;
-        EXPECT_EQ(utf8, row.utf8 != nullptr ? row.utf8 : "") << row.why;
-        EXPECT_EQ(error.empty(), row.utf8 != nullptr) << row.why;
+        EXPECT_EQ(lab::DecodeText(bytes, utf8, error), expected != kRefused) << why;
+        EXPECT_EQ(utf8, expected != kRefused ? expected : "") << why;
+        EXPECT_EQ(error.empty(), expected != kRefused) << why;
     }
 }
 

@@ -81,7 +81,7 @@ private:
         ChartMode = kChartModeNotSet;
         ProjectContext = {};
         Annotation = {};
-        OuterFrameOption = RightAxisOption = RecomputePercentages = false;
+        OuterFrameOption = RightAxisOption = RecomputePercentages = GuardedCurves = false;
         SelectedItems.clear();
         SelectedCount = 0;
         MadeSheets.clear();

@@ -66,8 +66,7 @@ TEST_F(Chinese, EveryWindowAndPromptIs) {
     }
     WhenAsked("输入 SDI 的新值 (0 或 1): ", [this] { TypeLine("2"); });
     TypeLine("SDI");
-    TypeLine("nonsense");
-    person_.Finish();
+    RunLine("nonsense");
     EXPECT_TRUE(Said().contains("SDI 取 0（多个图形）或 1（单个图形），“2”无效。"))
         << Said().toStdString();
     EXPECT_TRUE(Said().contains("未知命令“nonsense”。")) << Said().toStdString();

@@ -28,8 +28,7 @@ protected:
 TEST_F(Commands, AWaitingCommandTakesLinesClicksAndEsc) {
     const QString idle = Prompt();
     WhenAsked("New value for SDI (0 or 1): ", [this] { TypeLine("0"); });
-    TypeLine("sdi");
-    person_.Finish();
+    RunLine("sdi");
     EXPECT_EQ(Prompt(), idle);
     EXPECT_TRUE(Said().contains("New value for SDI (0 or 1):  0")) << Said().toStdString();
 
@@ -62,8 +61,7 @@ TEST_F(Commands, KeysThatSayNothingAreLeftAloneWhereverTheyArePressed) {
 
 TEST_F(Commands, AnEmptyPickSelectsNothing) {
     WhenAsked({}, [this] { QTest::keyClick(&View(), Qt::Key_Return); });
-    TypeLine("SGRDX");
-    person_.Finish();
+    RunLine("SGRDX");
     EXPECT_TRUE(Said().contains("什么也没有选中.")) << Said().toStdString();
 }
 
@@ -71,8 +69,7 @@ TEST_F(Commands, AMenuTakesTheWaitingCommandsPlace) {
     const int before = acDocManager->documentCount();
     WhenAsked({}, [this] { window_.RunCommand("NEW"); });
     TypeLine("SDI 0");
-    TypeLine("MOVE");
-    person_.Finish();
+    RunLine("MOVE");
     EXPECT_EQ(acDocManager->documentCount(), before + 1);
     EXPECT_EQ(Tabs().count(), before + 1);
 }
@@ -80,10 +77,7 @@ TEST_F(Commands, AMenuTakesTheWaitingCommandsPlace) {
 TEST_F(Commands, DrawingsAreTabsAndChangedOnesAskBeforeTheyGo) {
     EXPECT_EQ(suite_.Draw("ZK2").status, 0);
     TypeLine("SDI 0");
-    QStringList paths;
-    for (const auto& sheet : suite_.Sheets()) {
-        paths << QString::fromStdString(sheet);
-    }
+    const QStringList paths = SheetPaths();
     ASSERT_GE(paths.size(), 3);
     window_.OpenDrawings(paths);
     EXPECT_EQ(Tabs().count(), paths.size() + 1);
@@ -103,18 +97,15 @@ TEST_F(Commands, DrawingsAreTabsAndChangedOnesAskBeforeTheyGo) {
     EXPECT_FALSE(session_.Program().IsQuitting());
 
     person_.Answer("Save the changes to", IDNO);
-    TypeLine("CLOSE");
-    person_.Finish();
+    RunLine("CLOSE");
     EXPECT_EQ(Tabs().count(), paths.size());
 
-    const QString sheetTitle = QStringLiteral("颗粒分析成果图");
     person_.Answer("已经打开了多个文档", IDYES);
-    person_.In(sheetTitle, [this](QWidget&) {
+    person_.In(kSheetTitle, [this](QWidget&) {
         EXPECT_EQ(Tabs().count(), acDocManager->documentCount()) << "the command has closed some";
     });
-    person_.Press(sheetTitle, IDCANCEL);
-    TypeLine("CGRDX");
-    person_.Finish();
+    person_.Press(kSheetTitle, IDCANCEL);
+    RunLine("CGRDX");
 }
 
 TEST_F(Commands, WhatCannotBeOpenedIsToldInABox) {
@@ -142,26 +133,18 @@ TEST_F(Commands, WhatTheDatabaseRefusesIsToldInABox) {
     sqlite3* other = nullptr;
     ASSERT_EQ(sqlite3_open(locked.c_str(), &other), SQLITE_OK);
     ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
-    const QString title = "颗粒分析成果图";
-    person_.In(title,
+    person_.In(kSheetTitle,
                [](QWidget& sheet) { ClickItem(*Control<QAbstractItemView>(sheet, 2001), "1"); });
-    person_.Press(title, IDOK);
-    person_.Then("the user does not want to wait", [] {
-        auto* const progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-        if (progress == nullptr) {
-            return false;
-        }
-        EXPECT_TRUE(progress->labelText().contains("locked"))
-            << progress->labelText().toStdString();
-        progress->cancel();
-        return true;
+    person_.Press(kSheetTitle, IDOK);
+    person_.Meet<QProgressDialog>("the user does not want to wait", [](QProgressDialog& progress) {
+        EXPECT_TRUE(progress.labelText().contains("locked")) << progress.labelText().toStdString();
+        progress.cancel();
     });
     person_.Answer(
         "QYBH=1: KLD30=0.003, KLD50=0.008, KLD60=0.013, KLD85=0.045, KLD90=0.055, "
         "KLD95=0.067: database is locked",
         IDOK);
-    TypeLine("CGRDX");
-    person_.Finish();
+    RunLine("CGRDX");
     EXPECT_TRUE(window_.findChildren<QProgressDialog*>().isEmpty());
 
     // Whoever waits is not sent away: the window stays until the lock goes.
@@ -178,10 +161,9 @@ TEST_F(Commands, WhatTheDatabaseRefusesIsToldInABox) {
 TEST_F(Commands, ASuiteWithoutItsDatabaseIsToldInABox) {
     std::filesystem::remove(suite_.Database());
     person_.Answer("不能打开颗分试验项目表,请检查数据!", IDOK);
-    person_.Press("颗粒分析成果图", IDCANCEL);
+    person_.Press(kSheetTitle, IDCANCEL);
     person_.Answer("project.db: unable to open database file", IDOK);
-    TypeLine("CGRDX");
-    person_.Finish();
+    RunLine("CGRDX");
     EXPECT_TRUE(suite_.Sheets().empty());
 }
 
@@ -192,10 +174,9 @@ TEST_F(Commands, ADatabaseRestoredMeanwhileIsToldAndTakenByOpeningTheFolderAgain
     DrawSheet("ZK1", {"2"});
     std::filesystem::rename(backup, suite_.Database());
     person_.Answer("不能打开颗分试验项目表,请检查数据!", IDOK);
-    person_.Press("颗粒分析成果图", IDCANCEL);
+    person_.Press(kSheetTitle, IDCANCEL);
     person_.Answer("replaced or deleted while it was open", IDOK);
-    TypeLine("CGRDX");
-    person_.Finish();
+    RunLine("CGRDX");
     EXPECT_TRUE(window_.OpenSuite(QString::fromStdString(suite_.Folder())));
     EXPECT_EQ(Stored("SELECT count(*) FROM Z_c_KeFen WHERE KLD60 IS NOT NULL"), "1");
     DrawSheet("ZK1", {"3"});
@@ -289,7 +270,7 @@ TEST_F(Commands, TheWindowAndTheSheetAreAsTheyWereLeft) {
     EXPECT_EQ(window.size(), size);
     EXPECT_TRUE(window.HasLightBackground());
     for (const int front : {0, 2}) {
-        person_.In("颗粒分析成果图", [front](QWidget& sheet) {
+        person_.In(kSheetTitle, [front](QWidget& sheet) {
             auto* const tabs = sheet.findChild<QTabBar*>();
             EXPECT_EQ(tabs->currentIndex(), front);
             tabs->setCurrentIndex(2);

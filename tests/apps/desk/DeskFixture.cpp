@@ -1,7 +1,5 @@
 #include "tests/apps/desk/DeskFixture.h"
 
-#include <sqlite3.h>
-
 #include <QLabel>
 #include <QLineEdit>
 #include <QSettings>
@@ -35,6 +33,11 @@ void DeskFixture::TypeLine(const QString& line) {
     QTest::keyClick(&View(), Qt::Key_Return);
 }
 
+void DeskFixture::RunLine(const QString& line) {
+    TypeLine(line);
+    person_.Finish();
+}
+
 void DeskFixture::WhenAsked(const QString& prompt, const std::function<void()>& step) {
     person_.Then("asked for " + prompt.toStdString(), [=, this] {
         if (!session_.Feed().IsWaiting()) {
@@ -50,17 +53,23 @@ QString DeskFixture::Prompt() const {
     return window_.findChild<QLabel*>("prompt")->text();
 }
 
+QStringList DeskFixture::SheetPaths() const {
+    QStringList paths;
+    for (const auto& sheet : suite_.Sheets()) {
+        paths << QString::fromStdString(sheet);
+    }
+    return paths;
+}
+
 void DeskFixture::DrawSheet(const QString& borehole, const QStringList& samples) {
-    const QString sheetTitle = QStringLiteral("颗粒分析成果图");
-    person_.In(sheetTitle, [=](QWidget& sheet) {
+    person_.In(kSheetTitle, [=](QWidget& sheet) {
         ClickItem(*Control<QAbstractItemView>(sheet, 2008), borehole);
         for (const QString& sample : samples) {
             ClickItem(*Control<QAbstractItemView>(sheet, 2001), sample);
         }
     });
-    person_.Press(sheetTitle, IDOK);
-    TypeLine("CGRDX");
-    person_.Finish();
+    person_.Press(kSheetTitle, IDOK);
+    RunLine("CGRDX");
 }
 
 void DeskFixture::Press(Point at, Qt::KeyboardModifiers keys) {
@@ -134,16 +143,7 @@ QStringList DeskFixture::TextsOf(AcDbObjectId entity) const {
 }
 
 std::string DeskFixture::Stored(const std::string& query) const {
-    sqlite3* database = nullptr;
-    EXPECT_EQ(sqlite3_open(suite_.Database().c_str(), &database), SQLITE_OK);
-    sqlite3_stmt* statement = nullptr;
-    EXPECT_EQ(sqlite3_prepare_v2(database, query.c_str(), -1, &statement, nullptr), SQLITE_OK)
-        << sqlite3_errmsg(database);
-    std::string value;
-    if (sqlite3_step(statement) == SQLITE_ROW && sqlite3_column_text(statement, 0) != nullptr) {
-        value = reinterpret_cast<const char*>(sqlite3_column_text(statement, 0));
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
-    return value;
+    const std::string row = suite_.Ask(query);
+    const std::string value = row.substr(0, row.find('\n'));
+    return value == "null" ? "" : value;
 }

@@ -20,6 +20,8 @@ protected:
 
     /// Types a line with the keyboard over the drawing and ends it with Enter.
     void TypeLine(const QString& line);
+    /// The same, and waits until the person has done all that is left to do.
+    void RunLine(const QString& line);
     /// Does the step once a command asks; in these words, if any are given.
     void WhenAsked(const QString& prompt, const std::function<void()>& step);
     /// What is on the command line.
@@ -27,6 +29,8 @@ protected:
     QString Prompt() const;
     desk::DrawingView& View() const { return window_.View(); }
 
+    /// The paths of the suite's sheets, in their order.
+    QStringList SheetPaths() const;
     /// Draws charts of samples of a borehole with CGRDX, so that one sheet is made and open.
     void DrawSheet(const QString& borehole, const QStringList& samples);
 

@@ -84,8 +84,7 @@ TEST_F(Editing, AGripDraggedIsStoredWhenTheUserSaysSo) {
     // Leaving the drawing asks; the answer asks for the curve, which is clicked.
     person_.Answer("颗分图中有关数据已改变,是否入库?", IDYES);
     WhenAsked("请选择颗分试样曲线:", [this] { Click(PointOn(curve_)); });
-    TypeLine("NEW");
-    person_.Finish();
+    RunLine("NEW");
     EXPECT_TRUE(Said().contains("颗分数据存储成功!")) << Said().toStdString();
     const std::string after = Stored("SELECT KLD30" + kRow);
     EXPECT_NE(after, before);
@@ -186,8 +185,7 @@ TEST_F(Editing, SgrdxTakesTheSelectedCurveAndAsksAgainAfterAClickOnNothing) {
     for (const Point at : {Nowhere(), PointOn(curve_)}) {
         WhenAsked("请选择颗分试样曲线:", [this, at] { Click(at); });
     }
-    TypeLine("SGRDX");
-    person_.Finish();
+    RunLine("SGRDX");
     EXPECT_TRUE(Said().contains("该试样没有改动")) << Said().toStdString();
     EXPECT_FALSE(Said().contains("什么也没有选中")) << Said().toStdString();
 }

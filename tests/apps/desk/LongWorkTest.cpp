@@ -15,9 +15,6 @@
 
 namespace {
 
-const QString kSheetTitle = "颗粒分析成果图";
-const QString kBrowserTitle = "查看颗粒分析成果图";
-
 /// A disk that takes its time.
 class SlowDisk : public AcRxEventReactor {
 public:
@@ -47,14 +44,9 @@ protected:
 TEST_F(LongWork, ShowsItselfAndCanBeEnded) {
     ChooseAll("ZK1");
     QString label;
-    person_.Then("the progress is cancelled", [&label] {
-        auto* const progress = qobject_cast<QProgressDialog*>(QApplication::activeModalWidget());
-        if (progress == nullptr) {
-            return false;
-        }
-        label = progress->labelText();
-        QTest::mouseClick(progress->findChild<QPushButton*>(), Qt::LeftButton);
-        return true;
+    person_.Meet<QProgressDialog>("the progress is cancelled", [&](QProgressDialog& progress) {
+        label = progress.labelText();
+        QTest::mouseClick(progress.findChild<QPushButton*>(), Qt::LeftButton);
     });
     {
         const SlowDisk disk;
@@ -78,8 +70,7 @@ TEST_F(LongWork, ShowsItselfAndCanBeEnded) {
         }
     });
     person_.Press(kBrowserTitle, IDOK);
-    TypeLine("EGRDX");
-    person_.Finish();
+    RunLine("EGRDX");
     auto& tabs = *window_.findChild<QTabBar*>("documents");
     ASSERT_EQ(tabs.count(), made + 1);
     for (int tab = 1; tab <= made; ++tab) {
@@ -102,15 +93,10 @@ TEST_F(LongWork, GivesWayToABoxAndIsBackWhenItGoesOn) {
         EXPECT_TRUE(shown());
     };
     goOn();
-    person_.Then("the box is answered", [&] {
-        auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (box == nullptr) {
-            return false;
-        }
+    person_.Meet<QMessageBox>("the box is answered", [&](QMessageBox& box) {
         EXPECT_FALSE(shown());
-        EXPECT_EQ(box->parentWidget(), &window_);
-        box->accept();
-        return true;
+        EXPECT_EQ(box.parentWidget(), &window_);
+        box.accept();
     });
     session_.Windows().ShowMessageBox({"?", "", MB_OK});
     goOn();
@@ -127,15 +113,13 @@ TEST_F(LongWork, WindowsOfTheCommandTakeTheFront) {
     });
     person_.Press(kBrowserTitle, IDCANCEL);
     const SlowDisk disk;
-    TypeLine("CGRDX");
-    person_.Finish();
+    RunLine("CGRDX");
     EXPECT_FALSE(Said().contains("Cancelled")) << Said().toStdString();
 
     // No drawing is left; the next chart command starts from a new one.
     EXPECT_EQ(acDocManager->documentCount(), 0);
     person_.Press(kBrowserTitle, IDCANCEL);
-    TypeLine("EGRDX");
-    person_.Finish();
+    RunLine("EGRDX");
     EXPECT_EQ(acDocManager->documentCount(), 1);
 }
 

@@ -26,18 +26,18 @@ protected:
                           Qt::LeftButton);
     }
     static QLineEdit& File(QWidget& plot) { return *plot.findChild<QLineEdit*>("plot file"); }
+    void Plot() {
+        window_.Plot();
+        person_.Finish();
+    }
     static std::string PdfInfo(const std::string& pdf) {
         return RunProgram({"pdfinfo", "-l", "9", pdf}).output;
     }
     /// Answers the box that says so.
     void Box(const QString& text, QMessageBox::StandardButton answer) {
-        person_.Then("box " + text.toStdString(), [=] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (box == nullptr || !box->text().contains(text)) {
-                return false;
-            }
-            box->button(answer)->click();
-            return true;
+        person_.Meet<QMessageBox>("box " + text.toStdString(), [=](QMessageBox& box) {
+            EXPECT_TRUE(box.text().contains(text)) << box.text().toStdString();
+            box.button(answer)->click();
         });
     }
 };
@@ -45,10 +45,7 @@ protected:
 TEST_F(Plotting, AllDrawingsBecomePagesAndAFileThatCannotBeWrittenKeepsTheWindow) {
     ASSERT_EQ(suite_.Draw("ZK1").status, 0);
     TypeLine("SDI 0");
-    QStringList paths;
-    for (const auto& sheet : suite_.Sheets()) {
-        paths << QString::fromStdString(sheet);
-    }
+    const QStringList paths = SheetPaths();
     window_.OpenDrawings(paths);
     TypeLine("CLOSE");
     const std::string pdf = scratch_.Path() / "图纸.pdf";
@@ -64,8 +61,7 @@ TEST_F(Plotting, AllDrawingsBecomePagesAndAFileThatCannotBeWrittenKeepsTheWindow
         File(plot).setText(QString::fromStdString(pdf));
         PressOk(plot);
     });
-    window_.Plot();
-    person_.Finish();
+    Plot();
     EXPECT_TRUE(Said().contains(QString::fromStdString(pdf)));
     const std::string info = PdfInfo(pdf);
     EXPECT_NE(info.find("Pages:           " + std::to_string(paths.size() - 1)), std::string::npos)
@@ -77,8 +73,7 @@ TEST_F(Plotting, AllDrawingsBecomePagesAndAFileThatCannotBeWrittenKeepsTheWindow
         EXPECT_FALSE(plot.findChild<QCheckBox*>()->isEnabled()) << "a picture has one page";
         PressOk(plot);
     });
-    window_.Plot();
-    person_.Finish();
+    Plot();
     const QImage picture(QString(paths[paths.size() - 2]).replace(".dwg", ".png"));
     EXPECT_NEAR(picture.width(), 210 / 25.4 * 200, 2);
     EXPECT_NEAR(picture.height(), 297 / 25.4 * 200, 2);
@@ -107,8 +102,7 @@ TEST_F(Plotting, WhatIsThereIsOverwrittenOnlyWhenTheUserAgreesAndADrawingNever) 
         PressOk(plot);
     });
     Box("taken.pdf is there already", QMessageBox::Yes);
-    window_.Plot();
-    person_.Finish();
+    Plot();
     EXPECT_EQ(FileBytes(taken).substr(0, 5), "%PDF-");
     EXPECT_EQ(FileBytes(sheet), drawing);
 }
@@ -148,17 +142,11 @@ TEST_F(Plotting, APrinterGetsEachSheetOnItsOwnPaperAsThePreviewShowsIt) {
         return true;
     });
     person_.In("Plot", [](QWidget& plot) { PressOk(plot); });
-    person_.Then("the printer is chosen", [&] {
-        auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) {
-            return false;
-        }
-        dialog->findChild<QLineEdit*>("filename")->setText(QString::fromStdString(printed));
-        QTest::keyClick(dialog, Qt::Key_Return);
-        return true;
+    person_.Meet<QPrintDialog>("the printer is chosen", [&](QPrintDialog& dialog) {
+        dialog.findChild<QLineEdit*>("filename")->setText(QString::fromStdString(printed));
+        QTest::keyClick(&dialog, Qt::Key_Return);
     });
-    window_.Plot();
-    person_.Finish();
+    Plot();
     EXPECT_TRUE(Said().contains("printed.pdf: pages printed: 2")) << Said().toStdString();
     const std::string info = PdfInfo(printed);
     EXPECT_NE(info.find("Page    1 size:  595"), std::string::npos) << info;

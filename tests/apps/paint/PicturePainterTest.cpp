@@ -184,13 +184,7 @@ TEST(PicturePainter, TextsFillTheCellsThatLayoutsCountWith) {
 }
 
 TEST(SheetPages, PagesHaveTheSheetsSize) {
-    struct Case {
-        const char* what;
-        picture::Box drawn;
-        double width;
-        double height;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, picture::Box, double, double> cases[] = {
         {"A4 sheet", {2, 2, 208, 295}, 210, 297},
         {"A3 sheet, a line's half over the edge", {0, -0.3, 420, 297}, 420, 297},
         {"beside the sheet", {-50, 0, 100, 100}, 170, 120},
@@ -198,15 +192,15 @@ TEST(SheetPages, PagesHaveTheSheetsSize) {
         {"a site plan in millimetres", {0, 0, 50000, 30000}, 420, 297},
         {"an upright one", {0, 0, 3000, 50000}, 297, 420},
     };
-    for (const Case& c : cases) {
+    for (const auto& [what, drawn, width, height] : cases) {
         DisplayList list;
         list.beginItem(kFirst);
-        const Point diagonal[] = {{c.drawn.left, c.drawn.bottom}, {c.drawn.right, c.drawn.top}};
+        const Point diagonal[] = {{drawn.left, drawn.bottom}, {drawn.right, drawn.top}};
         list.addPolyline(diagonal, 7, 0.0F);
         list.endItem();
         const paint::Page page = paint::PageOf(list);
-        EXPECT_DOUBLE_EQ(page.width, c.width) << c.what;
-        EXPECT_DOUBLE_EQ(page.height, c.height) << c.what;
+        EXPECT_DOUBLE_EQ(page.width, width) << what;
+        EXPECT_DOUBLE_EQ(page.height, height) << what;
     }
     EXPECT_DOUBLE_EQ(paint::PageOf(DisplayList()).height, 297.0);
     paint::PicturePainter pictures;

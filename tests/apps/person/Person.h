@@ -3,12 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QString>
 #include <QWidget>
 #include <deque>
 #include <functional>
 #include <memory>
 #include <string>
+
+/// The captions of the plug-in's two windows.
+inline const QString kSheetTitle = QStringLiteral("颗粒分析成果图");
+inline const QString kBrowserTitle = QStringLiteral("查看颗粒分析成果图");
 
 /// Plays the user while a window waits for one: its steps are tried in turn until each is done, in
 /// whatever event loop runs. A step that cannot be done fails the test, and every window is then
@@ -29,6 +34,17 @@ public:
     void Press(const QString& title, int id);
     /// Waits for the box with that text and presses a button of it.
     void Answer(const QString& text, int id);
+    /// A step in the first window of that class that comes to the front; `what` names it.
+    template <class Window>
+    void Meet(const std::string& what, std::function<void(Window&)> step) {
+        Then(what, [step = std::move(step)] {
+            auto* const window = qobject_cast<Window*>(QApplication::activeModalWidget());
+            if (window != nullptr) {
+                step(*window);
+            }
+            return window != nullptr;
+        });
+    }
     /// Runs events until all steps are done or one has failed.
     void Finish();
 

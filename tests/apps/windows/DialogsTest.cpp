@@ -26,8 +26,6 @@
 
 namespace {
 
-const QString kSheet = QStringLiteral("颗粒分析成果图");
-const QString kBrowser = QStringLiteral("查看颗粒分析成果图");
 constexpr int kBoreholes = 2008;
 constexpr int kSamples = 2001;
 
@@ -86,7 +84,7 @@ int FocusedControl() {
 }
 
 TEST_F(Dialogs, SheetLooksAsItsTemplatesSay) {
-    person_.In(kSheet, [](QWidget& sheet) {
+    person_.In(kSheetTitle, [](QWidget& sheet) {
         EXPECT_FALSE(sheet.windowIcon().pixmap(32, 32).isNull());
         EXPECT_EQ(Tabs(sheet), (QStringList{"选择取样", "选项", "标注"}));
         EXPECT_EQ(sheet.findChild<QTabBar*>()->currentIndex(), 0);
@@ -119,15 +117,15 @@ TEST_F(Dialogs, SheetLooksAsItsTemplatesSay) {
         BringToFront(sheet, 2);
         EXPECT_EQ(Control<QDateEdit>(sheet, 2030)->date(), QDate::currentDate());
     });
-    person_.In(kSheet, [](QWidget& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); });
+    person_.In(kSheetTitle, [](QWidget& sheet) { QTest::keyClick(&sheet, Qt::Key_Escape); });
     Run("CGRDX");
     EXPECT_TRUE(suite_.Sheets().empty());
     EXPECT_EQ(Settings().find("bWCDW"), std::string::npos) << "a cancelled sheet stores nothing";
 }
 
 TEST_F(Dialogs, ARefusedOkKeepsTheSheetOpenWithTheRightPageInFront) {
-    person_.In(kSheet, [](QWidget& sheet) { BringToFront(sheet, 2); });
-    person_.Press(kSheet, IDOK);
+    person_.In(kSheetTitle, [](QWidget& sheet) { BringToFront(sheet, 2); });
+    person_.Press(kSheetTitle, IDOK);
     person_.In("GRDX", [](QWidget& window) {
         auto& box = dynamic_cast<QMessageBox&>(window);
         EXPECT_EQ(box.text(), "请选择试样编号");
@@ -136,7 +134,7 @@ TEST_F(Dialogs, ARefusedOkKeepsTheSheetOpenWithTheRightPageInFront) {
             << "the title's buttons would cut it off";
         QTest::keyClick(&box, Qt::Key_Return);
     });
-    person_.In(kSheet, [](QWidget& sheet) {
+    person_.In(kSheetTitle, [](QWidget& sheet) {
         EXPECT_EQ(sheet.findChild<QTabBar*>()->currentIndex(), 0);
         EXPECT_EQ(FocusedControl(), kBoreholes);
         sheet.close();
@@ -146,7 +144,7 @@ TEST_F(Dialogs, ARefusedOkKeepsTheSheetOpenWithTheRightPageInFront) {
 }
 
 TEST_F(Dialogs, ChoicesReachSheetsSettingsAndMarks) {
-    person_.In(kSheet, [](QWidget& sheet) {
+    person_.In(kSheetTitle, [](QWidget& sheet) {
         auto& boreholes = *Control<QAbstractItemView>(sheet, kBoreholes);
         auto& samples = *Control<QAbstractItemView>(sheet, kSamples);
         ClickItem(boreholes, "ZK2");
@@ -171,15 +169,15 @@ TEST_F(Dialogs, ChoicesReachSheetsSettingsAndMarks) {
         QTest::mouseClick(Control<QCheckBox>(sheet, 2027), Qt::LeftButton);
         Control<QDateEdit>(sheet, 2030)->setDate(QDate(2026, 5, 20));
     });
-    person_.Press(kSheet, IDOK);
-    person_.In(kBrowser, [](QWidget& browser) {
+    person_.Press(kSheetTitle, IDOK);
+    person_.In(kBrowserTitle, [](QWidget& browser) {
         EXPECT_EQ(FocusedControl(), 2014);
         auto& sheets = *Control<QAbstractItemView>(browser, 2015);
         EXPECT_EQ(Items(*Control<QAbstractItemView>(browser, 2014)), QStringList{"(ZK2)"});
         EXPECT_EQ(Items(sheets), (QStringList{"试样ZK2-1-2和ZK2-2-2", "试样ZK2-2-10"}));
         ClickItem(sheets, "试样ZK2-2-10");
     });
-    person_.Press(kBrowser, IDOK);
+    person_.Press(kBrowserTitle, IDOK);
     Run("CGRDX");
     ASSERT_EQ(suite_.Sheets().size(), 2U);
     EXPECT_NE(std::string(acDocManager->curDocument()->fileName()).find("KFZK2-2-10.dwg"),
@@ -187,7 +185,7 @@ TEST_F(Dialogs, ChoicesReachSheetsSettingsAndMarks) {
     EXPECT_NE(Settings().find("sSYZ=" + windows::ToGbk("王工")), std::string::npos) << Settings();
     EXPECT_NE(Settings().find("bSYZ=1"), std::string::npos);
 
-    person_.In(kSheet, [](QWidget& sheet) {
+    person_.In(kSheetTitle, [](QWidget& sheet) {
         auto& samples = *Control<QAbstractItemView>(sheet, kSamples);
         ClickItem(*Control<QAbstractItemView>(sheet, kBoreholes), "ZK2");
         EXPECT_EQ(Items(samples),
@@ -201,7 +199,7 @@ TEST_F(Dialogs, ChoicesReachSheetsSettingsAndMarks) {
         EXPECT_EQ(Control<QLineEdit>(sheet, 2009)->text(), "王工");
         EXPECT_TRUE(Control<QCheckBox>(sheet, 2027)->isChecked());
     });
-    person_.Press(kSheet, IDCANCEL);
+    person_.Press(kSheetTitle, IDCANCEL);
     Run("CGRDX");
 }
 
@@ -216,7 +214,7 @@ std::string Chosen(QAbstractItemView& list) {
 }
 
 TEST_F(Dialogs, RangesAllAndDoubleClicksChooseWhatIsHighlighted) {
-    person_.In(kSheet, [](QWidget& sheet) {
+    person_.In(kSheetTitle, [](QWidget& sheet) {
         auto& boreholes = *Control<QAbstractItemView>(sheet, kBoreholes);
         auto& samples = *Control<QAbstractItemView>(sheet, kSamples);
         ClickItem(boreholes, "ZK2");
@@ -250,14 +248,14 @@ TEST_F(Dialogs, RangesAllAndDoubleClicksChooseWhatIsHighlighted) {
         EXPECT_EQ(Chosen(boreholes), before) << "one at a time";
         EXPECT_EQ(press(Qt::Key_A, Qt::ControlModifier), "xxxxxxx");
     });
-    person_.Press(kSheet, IDOK);
-    person_.Press(kBrowser, IDCANCEL);
+    person_.Press(kSheetTitle, IDOK);
+    person_.Press(kBrowserTitle, IDCANCEL);
     Run("CGRDX");
     EXPECT_EQ(suite_.Sheets().size(), 4U) << "all seven, two on a sheet";
 }
 
 TEST_F(Dialogs, LayerSheetAndBrowser) {
-    person_.In(kSheet, [](QWidget& sheet) {
+    person_.In(kSheetTitle, [](QWidget& sheet) {
         EXPECT_EQ(FocusedControl(), kSamples) << "the list of layers";
         auto& layers = *Control<QAbstractItemView>(sheet, kSamples);
         EXPECT_FALSE(Items(layers).join(QString()).contains(QLatin1Char('(')))
@@ -267,18 +265,18 @@ TEST_F(Dialogs, LayerSheetAndBrowser) {
         BringToFront(sheet, 1);
         EXPECT_TRUE(Control<QCheckBox>(sheet, 2037)->isEnabled());
     });
-    person_.Press(kSheet, IDOK);
+    person_.Press(kSheetTitle, IDOK);
     Run("CLGRDX");
     const std::size_t made = suite_.Sheets().size();
     ASSERT_GE(made, 1U);
 
-    person_.In(kBrowser, [&](QWidget& browser) {
+    person_.In(kBrowserTitle, [&](QWidget& browser) {
         auto& sheets = *Control<QAbstractItemView>(browser, 2015);
         EXPECT_EQ(Items(sheets).size(), static_cast<qsizetype>(made));
         QTest::keyClick(&sheets, Qt::Key_Return);
     });
     person_.Answer("请选择需要编辑的试样号。", IDOK);
-    person_.Press(kBrowser, IDCANCEL);
+    person_.Press(kBrowserTitle, IDCANCEL);
     Run("ELGRDX");
 }
 

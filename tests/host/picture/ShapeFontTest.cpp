@@ -63,18 +63,12 @@ TEST(ShapeFont, FollowsEveryCommandThatDrawsStraight) {
 }
 
 TEST(ShapeFont, ArcsPassWhereTheyShould) {
-    struct Case {
-        const char* what;
-        shape_font::Commands commands;
-        Point middle;
-        Point end;
-    };
     const double s = std::sqrt(0.5);
     const auto at = [](double degrees, double radius) {
         const double angle = degrees * M_PI / 180.0;
         return Point{std::cos(angle) * radius, std::sin(angle) * radius};
     };
-    const Case cases[] = {
+    const std::tuple<const char*, shape_font::Commands, Point, Point> cases[] = {
         {"quarter from the right", {10, 4, 0x02}, {4 * s - 4, 4 * s}, {-4, 4}},
         {"the same clockwise", {10, 4, 0x82}, {4 * s - 4, -4 * s}, {-4, -4}},
         {"whole circle from the top", {10, 4, 0x20}, {0, -8}, {0, 0}},
@@ -85,18 +79,18 @@ TEST(ShapeFont, ArcsPassWhereTheyShould) {
         {"half circle by its bulge", {12, 6, 0, 127}, {3, -3}, {6, 0}},
         {"flat clockwise bulges", {13, 0, 4, 0x81, 0, 4, 0, 0, 0}, {-2, 2}, {0, 8}},
     };
-    for (const Case& c : cases) {
-        const Strokes strokes = StrokesOf(c.commands);
-        ASSERT_EQ(strokes.size(), 1U) << c.what;
-        EXPECT_NEAR(strokes[0].back().x, c.end.x, 0.03) << c.what;
-        EXPECT_NEAR(strokes[0].back().y, c.end.y, 0.03) << c.what;
+    for (const auto& [what, commands, middle, end] : cases) {
+        const Strokes strokes = StrokesOf(commands);
+        ASSERT_EQ(strokes.size(), 1U) << what;
+        EXPECT_NEAR(strokes[0].back().x, end.x, 0.03) << what;
+        EXPECT_NEAR(strokes[0].back().y, end.y, 0.03) << what;
         double nearest = 1e9;
         for (const Point& point : strokes[0]) {
-            nearest = std::min(nearest, std::hypot(point.x - c.middle.x, point.y - c.middle.y));
+            nearest = std::min(nearest, std::hypot(point.x - middle.x, point.y - middle.y));
         }
-        EXPECT_LT(nearest, c.commands[0] == 11 ? 15.0 : 0.2) << c.what;
-        if (c.commands[0] == 10) {  // all of it on the circle
-            const Point center = c.commands[2] == 0x20 ? Point{0, -4} : Point{-4, 0};
+        EXPECT_LT(nearest, commands[0] == 11 ? 15.0 : 0.2) << what;
+        if (commands[0] == 10) {  // all of it on the circle
+            const Point center = commands[2] == 0x20 ? Point{0, -4} : Point{-4, 0};
             for (const Point& point : strokes[0]) {
                 EXPECT_NEAR(std::hypot(point.x - center.x, point.y - center.y), 4.0, 1e-5);
             }

@@ -166,30 +166,26 @@ TEST_F(EntityDrawingTest, TransformsKeepEachEntityWhatItIs) {
 }
 
 TEST_F(EntityDrawingTest, MirroredTextsStayReadableInTheImageOfTheirFrame) {
-    struct Case {
-        const char* why;
-        double rotation;
-        AcGeMatrix3d transform;
-        double newRotation;
-    };
     const AcGeMatrix3d upright = AcGeMatrix3d::mirroring({50, 0, 0}, {50, 1, 0});
     const AcGeMatrix3d level = AcGeMatrix3d::mirroring({0, 50, 0}, {1, 50, 0});
     const AcGeMatrix3d turn =
         AcGeMatrix3d::rotation(kQuarter, AcGeVector3d::kZAxis) * AcGeMatrix3d::scaling(2);
-    for (const Case& c :
-         {Case{"level text across", 0, upright, 0}, Case{"level text upwards", 0, level, 0},
-          Case{"standing text across", kQuarter, upright, kQuarter},
-          Case{"standing text upwards", kQuarter, level, kQuarter},
-          Case{"turned and twice as large", 0, turn, kQuarter}}) {
-        SCOPED_TRACE(c.why);
-        AcDbText text({10, 20, 0}, "d60", AcDbObjectId::kNull, 3, c.rotation);
+    const std::tuple<const char*, double, AcGeMatrix3d, double> cases[] = {
+        {"level text across", 0, upright, 0},
+        {"level text upwards", 0, level, 0},
+        {"standing text across", kQuarter, upright, kQuarter},
+        {"standing text upwards", kQuarter, level, kQuarter},
+        {"turned and twice as large", 0, turn, kQuarter}};
+    for (const auto& [why, rotation, transform, newRotation] : cases) {
+        SCOPED_TRACE(why);
+        AcDbText text({10, 20, 0}, "d60", AcDbObjectId::kNull, 3, rotation);
         AcDbExtents expected;
         const AcDbExtents before = extentsOf(text);
         for (AcGePoint3d corner : {before.minPoint(), before.maxPoint()}) {
-            expected.addPoint(corner.transformBy(c.transform));
+            expected.addPoint(corner.transformBy(transform));
         }
-        EXPECT_EQ(text.transformBy(c.transform), Acad::eOk);
-        EXPECT_NEAR(text.rotation(), c.newRotation, 1e-12);
+        EXPECT_EQ(text.transformBy(transform), Acad::eOk);
+        EXPECT_NEAR(text.rotation(), newRotation, 1e-12);
         expectBox(text, expected.minPoint(), expected.maxPoint());
     }
 }

@@ -73,23 +73,18 @@ TEST(BitCoding, Doubles) {
 TEST(BitCoding, DoublesThatRepeatPartOfAnother) {
     // 2.0 and 2.0 plus its last bit; 2.5 shares the two highest bytes with neither half of 2.0.
     const double near = std::nextafter(2.0, 3.0);
-    const struct {
-        double value;
-        double other;
-        const char* head;
-        std::size_t bits;
-    } cases[] = {{2.0, 2.0, "00", 2},
-                 {near, 2.0, "01", 34},
-                 {2.0001, 2.0, "10", 50},
-                 {-7.0, 2.0, "11", 66},
-                 {0.0, -0.0, "11", 66}};
-    for (const auto& c : cases) {
+    const std::tuple<double, double, const char*, std::size_t> cases[] = {{2.0, 2.0, "00", 2},
+                                                                          {near, 2.0, "01", 34},
+                                                                          {2.0001, 2.0, "10", 50},
+                                                                          {-7.0, 2.0, "11", 66},
+                                                                          {0.0, -0.0, "11", 66}};
+    for (const auto& [value, other, head, size] : cases) {
         DwgBitWriter writer;
-        writer.doubleWithDefault(c.value, c.other);
+        writer.doubleWithDefault(value, other);
         const std::string bits = bitsOf(writer);
-        EXPECT_EQ(bits.substr(0, 2), c.head) << c.value;
-        EXPECT_EQ(bits.size(), c.bits) << c.value;
-        EXPECT_EQ(readerOf(writer).doubleWithDefault(c.other), c.value);
+        EXPECT_EQ(bits.substr(0, 2), head) << value;
+        EXPECT_EQ(bits.size(), size) << value;
+        EXPECT_EQ(readerOf(writer).doubleWithDefault(other), value);
     }
 }
 

@@ -100,11 +100,7 @@ protected:
 };
 
 TEST_F(DamagedFileTest, OtherFilesAreRefusedByName) {
-    const struct {
-        const char* content;
-        Acad::ErrorStatus status;
-        const char* reason;
-    } cases[] = {
+    const std::tuple<const char*, Acad::ErrorStatus, const char*> cases[] = {
         {"", Acad::eNotADrawing, "not a drawing"},
         {"AC10", Acad::eNotADrawing, "not a drawing"},
         {"%PDF-1.4", Acad::eNotADrawing, "not a drawing"},
@@ -115,10 +111,10 @@ TEST_F(DamagedFileTest, OtherFilesAreRefusedByName) {
         {"AC1032 and so on", Acad::eDwgVersionRefused, "version AC1032"},
         {"AC1015", Acad::eFileInternalErr, "ends within its head"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [content, status, reason] : cases) {
         std::string error;
-        EXPECT_EQ(statusOf(c.content, &error), c.status) << c.content;
-        EXPECT_THAT(error, HasSubstr(c.reason));
+        EXPECT_EQ(statusOf(content, &error), status) << content;
+        EXPECT_THAT(error, HasSubstr(reason));
         EXPECT_THAT(error, HasSubstr(folder_.Path("content.dwg")));
     }
     AcDbDatabase database(false);

@@ -73,22 +73,18 @@ TEST(TransformingWorldDrawTest, TextsTakeHeightWidthAndSlantFromTheMap) {
 }
 
 TEST(ExtentsWorldDrawTest, ArcsReachTheirOutermostPointsOnly) {
-    struct Case {
-        double start;
-        double sweep;
-        AcGePoint3d low;
-        AcGePoint3d high;
-    };
     const double half = std::sqrt(0.5);
-    for (const Case& c : {Case{kQuarter / 2, kQuarter, {-half, half, 0}, {half, 1, 0}},
-                          Case{-kQuarter / 2, kQuarter, {half, -half, 0}, {1, half, 0}},
-                          Case{3 * kQuarter / 2, -kQuarter, {-half, half, 0}, {half, 1, 0}},
-                          Case{1.0, 8 * kQuarter, {-1, -1, 0}, {1, 1, 0}}}) {
+    const std::tuple<double, double, AcGePoint3d, AcGePoint3d> cases[] = {
+        {kQuarter / 2, kQuarter, {-half, half, 0}, {half, 1, 0}},
+        {-kQuarter / 2, kQuarter, {half, -half, 0}, {1, half, 0}},
+        {3 * kQuarter / 2, -kQuarter, {-half, half, 0}, {half, 1, 0}},
+        {1.0, 8 * kQuarter, {-1, -1, 0}, {1, 1, 0}}};
+    for (const auto& [start, sweep, low, high] : cases) {
         ExtentsWorldDraw box;
         EXPECT_TRUE(box.isEmpty());
-        box.geometry().circularArc({}, 1.0, c.start, c.sweep);
-        EXPECT_TRUE(box.minPoint().isEqualTo(c.low, 1e-9)) << c.start;
-        EXPECT_TRUE(box.maxPoint().isEqualTo(c.high, 1e-9)) << c.start;
+        box.geometry().circularArc({}, 1.0, start, sweep);
+        EXPECT_TRUE(box.minPoint().isEqualTo(low, 1e-9)) << start;
+        EXPECT_TRUE(box.maxPoint().isEqualTo(high, 1e-9)) << start;
     }
 }
 

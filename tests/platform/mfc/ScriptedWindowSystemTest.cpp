@@ -123,10 +123,7 @@ TEST(ScriptedWindowSystem, AnIdIsLookedForInFrontFirst) {
 }
 
 TEST(ScriptedWindowSystem, WhatCannotBeAnsweredFailsTheRun) {
-    const struct {
-        const char* answer;
-        const char* reason;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"@select 2001 1-9", "control 2001 has no item 1-9"},
         {"@select 2001 1-3 1-9", "control 2001 has no item 1-9"},
         {"@select 2008 ZK1 ZK2", "control 2008 takes one item"},
@@ -141,12 +138,12 @@ TEST(ScriptedWindowSystem, WhatCannotBeAnsweredFailsTheRun) {
         {"@page 999", "there is no page 999"},
         {"@answer yes", "no message box is shown"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [answer, reason] : rows) {
         TestModule module;
-        module.Answer({row.answer, "@press ok"});
+        module.Answer({answer, "@press ok"});
         Sheet sheet;
-        EXPECT_EQ(sheet.DoModal(), IDCANCEL) << row.answer;
-        EXPECT_EQ(module.windows.Error(), std::string(row.answer) + ": " + row.reason);
+        EXPECT_EQ(sheet.DoModal(), IDCANCEL) << answer;
+        EXPECT_EQ(module.windows.Error(), std::string(answer) + ": " + reason);
         EXPECT_EQ(module.windows.LeftAnswers().size(), 1U);
     }
 }
@@ -253,10 +250,7 @@ TEST(DialogAnswer, LinesAreReadAndWritten) {
 }
 
 TEST(DialogAnswer, BadLinesAreRefusedByReason) {
-    const struct {
-        const char* line;
-        const char* error;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"", "an answer is one of @page, @select, @type, @check, @press, @answer and @show"},
         {"@selects 1 a",
          "an answer is one of @page, @select, @type, @check, @press, @answer and @show"},
@@ -273,11 +267,11 @@ TEST(DialogAnswer, BadLinesAreRefusedByReason) {
         {"@type 2013 \"a", "a quoted text has no end"},
         {"@type 2013 😀", "a text that GBK cannot write: 😀"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [line, fault] : rows) {
         mfc::Answer answer{mfc::Answer::Kind::Box, 99};
         std::string error;
-        EXPECT_FALSE(mfc::ParseAnswer(row.line, answer, error)) << row.line;
-        EXPECT_EQ(error, row.error);
+        EXPECT_FALSE(mfc::ParseAnswer(line, answer, error)) << line;
+        EXPECT_EQ(error, fault);
         EXPECT_EQ(answer.id, 99) << "unchanged";
     }
 }

@@ -56,12 +56,7 @@ TEST_F(OdbcProvider, AConnectionThatCannotBeHadIsOneLineInItsTime) {
     const ScratchFolder empty;
     const ScratchFolder silent;
     const SilentServer server(silent.Path());
-    struct Case {
-        std::string initString;
-        HRESULT result;
-        const char* named;
-    };
-    const Case cases[] = {
+    const std::tuple<std::string, HRESULT, const char*> cases[] = {
         {"Provider=MSDASQL", DB_E_BADINITSTRING, "neither a DSN nor a Driver"},
         {With("Connect Timeout", "soon"), DB_E_BADINITSTRING, "Connect Timeout"},
         {With("Connect Timeout", "0"), DB_E_BADINITSTRING, "Connect Timeout"},
@@ -74,13 +69,13 @@ TEST_F(OdbcProvider, AConnectionThatCannotBeHadIsOneLineInItsTime) {
         {With("Uid", "tester") + ";Pwd=\"wr;o}ng\"", E_FAIL, "authentication failed"},
         {With("Uid", "nobody") + ";Password=wrong", E_FAIL, "authentication failed"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.initString);
+    for (const auto& [initString, result, named] : cases) {
+        SCOPED_TRACE(initString);
         const auto begin = std::chrono::steady_clock::now();
-        EXPECT_EQ(Open(c.initString), c.result);
+        EXPECT_EQ(Open(initString), result);
         EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(6));
         const std::string& text = oledb::LastErrorText();
-        EXPECT_NE(text.find(c.named), std::string::npos) << text;
+        EXPECT_NE(text.find(named), std::string::npos) << text;
         EXPECT_EQ(text.find('\n'), std::string::npos) << text;
         EXPECT_EQ(text.find("wr"), std::string::npos) << text;
     }

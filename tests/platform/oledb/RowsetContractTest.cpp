@@ -41,14 +41,18 @@ protected:
     HRESULT Open(TestRowset& set, const std::string& sql) {
         return set.Open(*session_.operator->(), sql);
     }
-    /// A row set over three rows of `id`, `value`, `text`, the second with nulls.
-    void OpenPairs(TestRowset& set,
-                   const std::string& sql = "SELECT id,value,text FROM t ORDER BY id",
+    /// `set_` over three rows of `id`, `value`, `text`, the second with nulls.
+    void OpenPairs(const std::string& sql = "SELECT id,value,text FROM t ORDER BY id",
                    const std::vector<DBBINDING>& bindings = kPair) {
         Run("CREATE TABLE t(note TEXT, id " + idType_ + ", value REAL, text TEXT)");
         Run("INSERT INTO t VALUES('a',1,161.6,'one'),('b',2,NULL,NULL),('c',3,0.3,'three')");
-        ASSERT_EQ(Open(set, sql), S_OK) << oledb::LastErrorText();
-        ASSERT_EQ(set.SetBindings(bindings), S_OK);
+        ASSERT_EQ(Open(set_, sql), S_OK) << oledb::LastErrorText();
+        ASSERT_EQ(set_.SetBindings(bindings), S_OK);
+    }
+    /// The same, with the first row read into `pair_`.
+    void OpenFirstPair() {
+        OpenPairs();
+        ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
     }
     /// A row set over one column of one row, which is of that type and holds that literal.
     void OpenValue(TestRowset& set, const std::string& type, const std::string& literal) {
@@ -63,6 +67,8 @@ protected:
     std::string idType_ = "INTEGER";
     const std::unique_ptr<TestDatabase> database_ = GetParam().make();
     Ref<IDBCreateCommand> session_ = OpenSession(database_->InitString());
+    TestRowset set_;
+    Pair pair_{};
 };
 
 INSTANTIATE_TEST_SUITE_P(Databases, RowsetContract,
@@ -214,88 +220,79 @@ TEST_P(RowsetContract, ACellThatCannotBecomeItsTypeFailsTheBindingAndIsNamed) {
 }
 
 TEST_P(RowsetContract, NullWithoutStatusFailsItsRowOnly) {
-    TestRowset set;
-    OpenPairs(set);
-    ASSERT_EQ(set.SetBindings({kPair[0], Bind(2, DBTYPE_R4, offsetof(Pair, value), 4)}), S_OK);
-    Pair pair{};
-    EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(set.MoveAndRead(&pair), DB_E_ERRORSOCCURRED);
+    OpenPairs();
+    ASSERT_EQ(set_.SetBindings({kPair[0], Bind(2, DBTYPE_R4, offsetof(Pair, value), 4)}), S_OK);
+    EXPECT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(set_.MoveAndRead(&pair_), DB_E_ERRORSOCCURRED);
     EXPECT_NE(oledb::LastErrorText().find("t, id=2, value=null: value=null: a value"),
               std::string::npos)
         << oledb::LastErrorText();
-    EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(pair.value, 0.3F);
+    EXPECT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(pair_.value, 0.3F);
 }
 
 TEST_P(RowsetContract, MovesBothWaysAndEndsWithASuccessCode) {
-    TestRowset set;
-    OpenPairs(set);
-    Pair pair{};
+    OpenPairs();
     const auto fetched = [&](DBROWCOUNT count, DBROWOFFSET offset) {
-        return set.Move(count, offset) == S_OK && set.Read(&pair) == S_OK ? pair.id : 0;
+        return set_.Move(count, offset) == S_OK && set_.Read(&pair_) == S_OK ? pair_.id : 0;
     };
     EXPECT_EQ(fetched(1, 0), 1);
     EXPECT_EQ(fetched(1, 1), 3);
-    EXPECT_EQ(set.Move(), DB_S_ENDOFROWSET);
-    EXPECT_EQ(set.Move(), DB_S_ENDOFROWSET);
+    EXPECT_EQ(set_.Move(), DB_S_ENDOFROWSET);
+    EXPECT_EQ(set_.Move(), DB_S_ENDOFROWSET);
     EXPECT_EQ(fetched(-1, 0), 3);
     EXPECT_EQ(fetched(-1, -1), 1);
-    EXPECT_EQ(set.Move(-1), DB_S_ENDOFROWSET);
-    EXPECT_EQ(set.rows->RestartPosition(DB_NULL_HCHAPTER), S_OK);
+    EXPECT_EQ(set_.Move(-1), DB_S_ENDOFROWSET);
+    EXPECT_EQ(set_.rows->RestartPosition(DB_NULL_HCHAPTER), S_OK);
     EXPECT_EQ(fetched(-1, 0), 3) << "backwards from the start begins at the end";
-    set.rows->RestartPosition(DB_NULL_HCHAPTER);
-    EXPECT_EQ(set.Move(1, 4), DB_S_ENDOFROWSET);
+    set_.rows->RestartPosition(DB_NULL_HCHAPTER);
+    EXPECT_EQ(set_.Move(1, 4), DB_S_ENDOFROWSET);
     EXPECT_EQ(fetched(1, 0), 1) << "a move out of the rows leaves the position";
 
     HROW held[3] = {};
     HROW* places = held;
     DBCOUNTITEM obtained = 0;
-    set.rows->RestartPosition(DB_NULL_HCHAPTER);
-    EXPECT_EQ(set.rows->GetNextRows(DB_NULL_HCHAPTER, 0, 3, &obtained, &places), S_OK);
-    EXPECT_EQ(set.rows->GetData(held[0], set.accessor, &pair), S_OK);
-    EXPECT_EQ(pair.id, 1) << "rows fetched before stay usable";
-    EXPECT_EQ(set.rows->ReleaseRows(3, held, nullptr, nullptr, nullptr), S_OK);
-    EXPECT_EQ(set.rows->GetData(held[2], set.accessor, &pair), DB_E_BADROWHANDLE);
-    EXPECT_EQ(set.rows->ReleaseRows(1, &held[2], nullptr, nullptr, nullptr), DB_E_ERRORSOCCURRED);
+    set_.rows->RestartPosition(DB_NULL_HCHAPTER);
+    EXPECT_EQ(set_.rows->GetNextRows(DB_NULL_HCHAPTER, 0, 3, &obtained, &places), S_OK);
+    EXPECT_EQ(set_.rows->GetData(held[0], set_.accessor, &pair_), S_OK);
+    EXPECT_EQ(pair_.id, 1) << "rows fetched before stay usable";
+    EXPECT_EQ(set_.rows->ReleaseRows(3, held, nullptr, nullptr, nullptr), S_OK);
+    EXPECT_EQ(set_.rows->GetData(held[2], set_.accessor, &pair_), DB_E_BADROWHANDLE);
+    EXPECT_EQ(set_.rows->ReleaseRows(1, &held[2], nullptr, nullptr, nullptr), DB_E_ERRORSOCCURRED);
 }
 
 TEST_P(RowsetContract, AChangeReachesExactlyItsRowAtOnce) {
-    TestRowset set;
-    OpenPairs(set, "select TEXT, ID, VALUE from T where ID > 0 order by 2;",
+    OpenPairs("select TEXT, ID, VALUE from T where ID > 0 order by 2;",
               {Bind(1, DBTYPE_STR, offsetof(Pair, text), 9, offsetof(Pair, textStatus)),
                Bind(2, DBTYPE_I4, offsetof(Pair, id), 4),
                Bind(3, DBTYPE_R4, offsetof(Pair, value), 4, offsetof(Pair, valueStatus))});
     Run("INSERT INTO t SELECT * FROM t");  // twins, told apart by nothing
-    Pair pair{};
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    pair.value = 49.999F;
-    std::strcpy(pair.text, "筛分"_gbk);
-    EXPECT_EQ(set.Set(&pair), S_OK);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    pair_.value = 49.999F;
+    std::strcpy(pair_.text, "筛分"_gbk);
+    EXPECT_EQ(set_.Set(&pair_), S_OK);
     EXPECT_EQ(
         Pairs(),
         "a|1|49.999|筛分 a|1|161.6|one b|2|null|null b|2|null|null c|3|0.3|three c|3|0.3|three");
     Pair again{};
-    EXPECT_EQ(set.Read(&again), S_OK);
+    EXPECT_EQ(set_.Read(&again), S_OK);
     EXPECT_EQ(again.value, 49.999F) << "the row set shows its own changes";
 }
 
 TEST_P(RowsetContract, StatusDecidesBetweenNullAndValue) {
-    TestRowset set;
-    OpenPairs(set);
-    Pair pair{};
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    pair.valueStatus = DBSTATUS_S_ISNULL;
-    EXPECT_EQ(set.Set(&pair), S_OK);
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(pair.textStatus, DBSTATUS_S_ISNULL);
-    pair.value = 0.0F;
-    pair.valueStatus = DBSTATUS_S_OK;
-    EXPECT_EQ(set.Set(&pair), S_OK);
+    OpenFirstPair();
+    pair_.valueStatus = DBSTATUS_S_ISNULL;
+    EXPECT_EQ(set_.Set(&pair_), S_OK);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(pair_.textStatus, DBSTATUS_S_ISNULL);
+    pair_.value = 0.0F;
+    pair_.valueStatus = DBSTATUS_S_OK;
+    EXPECT_EQ(set_.Set(&pair_), S_OK);
     EXPECT_EQ(
         Rows("SELECT note, id FROM t WHERE value = 0 OR id = 1 AND value IS NULL ORDER BY id"),
         "a|1 b|2");
-    EXPECT_EQ(set.Read(&pair), S_OK);
-    EXPECT_EQ(pair.valueStatus, DBSTATUS_S_OK);
+    EXPECT_EQ(set_.Read(&pair_), S_OK);
+    EXPECT_EQ(pair_.valueStatus, DBSTATUS_S_OK);
 }
 
 TEST_P(RowsetContract, UntouchedColumnsKeepWhatTheBufferCannotHold) {
@@ -316,18 +313,17 @@ TEST_P(RowsetContract, UntouchedColumnsKeepWhatTheBufferCannotHold) {
 }
 
 TEST_P(RowsetContract, FloatsAreKeptAsTheirShortestDecimals) {
-    TestRowset set;
-    OpenPairs(set);
-    ASSERT_EQ(set.Move(), S_OK);
+    OpenPairs();
+    ASSERT_EQ(set_.Move(), S_OK);
     for (const float value :
          {161.6F, 0.1F, 1.0F / 3.0F, 1e-7F, 16777216.0F, -2.5F, std::numeric_limits<float>::max(),
           std::numeric_limits<float>::denorm_min()}) {
         Pair pair{};
-        ASSERT_EQ(set.Read(&pair), S_OK);
+        ASSERT_EQ(set_.Read(&pair), S_OK);
         pair.value = value;
-        ASSERT_EQ(set.Set(&pair), S_OK);
+        ASSERT_EQ(set_.Set(&pair), S_OK);
         pair.value = 0.0F;
-        ASSERT_EQ(set.Read(&pair), S_OK);
+        ASSERT_EQ(set_.Read(&pair), S_OK);
         EXPECT_EQ(pair.value, value);
         if (value == 161.6F) {
             EXPECT_EQ(Rows("SELECT value FROM t WHERE id=1"), "161.6");
@@ -336,122 +332,108 @@ TEST_P(RowsetContract, FloatsAreKeptAsTheirShortestDecimals) {
 }
 
 TEST_P(RowsetContract, RowsAreInsertedAndDeleted) {
-    TestRowset set;
-    OpenPairs(set);
-    Pair pair{4, 2.5F, DBSTATUS_S_OK, "four", DBSTATUS_S_ISNULL};
-    EXPECT_EQ(set.Insert(&pair), S_OK);
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(set.Delete(), S_OK);
-    EXPECT_EQ(set.Read(&pair), DB_E_DELETEDROW);
-    EXPECT_EQ(set.Set(&pair), DB_E_DELETEDROW);
-    EXPECT_EQ(set.Delete(), DB_E_DELETEDROW);
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(pair.id, 2);
-    set.rows->RestartPosition(DB_NULL_HCHAPTER);
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(pair.id, 2) << "a deleted row is passed over";
-    ASSERT_EQ(set.Move(), S_OK);
-    EXPECT_EQ(set.Move(), DB_S_ENDOFROWSET) << "an inserted row shows in the next row set";
+    OpenPairs();
+    pair_ = {4, 2.5F, DBSTATUS_S_OK, "four", DBSTATUS_S_ISNULL};
+    EXPECT_EQ(set_.Insert(&pair_), S_OK);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(set_.Delete(), S_OK);
+    EXPECT_EQ(set_.Read(&pair_), DB_E_DELETEDROW);
+    EXPECT_EQ(set_.Set(&pair_), DB_E_DELETEDROW);
+    EXPECT_EQ(set_.Delete(), DB_E_DELETEDROW);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(pair_.id, 2);
+    set_.rows->RestartPosition(DB_NULL_HCHAPTER);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(pair_.id, 2) << "a deleted row is passed over";
+    ASSERT_EQ(set_.Move(), S_OK);
+    EXPECT_EQ(set_.Move(), DB_S_ENDOFROWSET) << "an inserted row shows in the next row set";
     EXPECT_EQ(Pairs(), "b|2|null|null c|3|0.3|three null|4|2.5|null");
 }
 
 TEST_P(RowsetContract, AFailedChangeLeavesTheRow) {
-    TestRowset set;
-    OpenPairs(set);
+    OpenPairs();
     Run("CREATE UNIQUE INDEX one ON t(id)");
-    Pair pair{};
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
-    pair.id = 3;
-    EXPECT_EQ(set.Set(&pair), DB_E_INTEGRITYVIOLATION);
-    EXPECT_EQ(set.Insert(&pair), DB_E_INTEGRITYVIOLATION);
-    pair.id = 9;
-    pair.value = std::nanf("");
-    EXPECT_EQ(set.Set(&pair), DB_E_ERRORSOCCURRED);
-    EXPECT_EQ(pair.valueStatus, DBSTATUS_E_CANTCONVERTVALUE);
-    pair.value = 1.0F;
-    pair.valueStatus = 99;
-    EXPECT_EQ(set.Set(&pair), DB_E_ERRORSOCCURRED);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    pair_.id = 3;
+    EXPECT_EQ(set_.Set(&pair_), DB_E_INTEGRITYVIOLATION);
+    EXPECT_EQ(set_.Insert(&pair_), DB_E_INTEGRITYVIOLATION);
+    pair_.id = 9;
+    pair_.value = std::nanf("");
+    EXPECT_EQ(set_.Set(&pair_), DB_E_ERRORSOCCURRED);
+    EXPECT_EQ(pair_.valueStatus, DBSTATUS_E_CANTCONVERTVALUE);
+    pair_.value = 1.0F;
+    pair_.valueStatus = 99;
+    EXPECT_EQ(set_.Set(&pair_), DB_E_ERRORSOCCURRED);
     EXPECT_EQ(Pairs(), kThree);
 
-    pair.valueStatus = DBSTATUS_S_OK;
+    pair_.valueStatus = DBSTATUS_S_OK;
     database_->Lock();
-    EXPECT_EQ(set.Set(&pair), DB_E_TIMEOUT) << "locked by somebody else";
+    EXPECT_EQ(set_.Set(&pair_), DB_E_TIMEOUT) << "locked by somebody else";
     EXPECT_NE(oledb::LastErrorText().find("locked"), std::string::npos);
     database_->Unlock();
     EXPECT_EQ(Pairs(), kThree);
-    EXPECT_EQ(set.Set(&pair), S_OK) << "and works again afterwards";
+    EXPECT_EQ(set_.Set(&pair_), S_OK) << "and works again afterwards";
 
     Run("DELETE FROM t");
-    pair.value = 2.0F;
-    EXPECT_EQ(set.Set(&pair), DB_E_DELETEDROW);
-    EXPECT_EQ(set.Delete(), DB_E_DELETEDROW);
+    pair_.value = 2.0F;
+    EXPECT_EQ(set_.Set(&pair_), DB_E_DELETEDROW);
+    EXPECT_EQ(set_.Delete(), DB_E_DELETEDROW);
     EXPECT_EQ(Pairs(), "");
 }
 
 TEST_P(RowsetContract, ARowThatSomebodyElseChangedIsToldAndStays) {
-    Pair pair{};
-    {
-        TestRowset keyless;
-        OpenPairs(keyless);
-        ASSERT_EQ(keyless.MoveAndRead(&pair), S_OK);
-        Run("UPDATE t SET value=5.5 WHERE id=1");
-        std::strcpy(pair.text, "mine");
-        EXPECT_TRUE(FAILED(keyless.Set(&pair)));
-        EXPECT_NE(oledb::LastErrorText().find("somebody else"), std::string::npos);
-        EXPECT_EQ(Rows("SELECT value FROM t WHERE id=1"), "5.5");
-        Run("DROP TABLE t");
-        session_ = OpenSession(database_->InitString());
-    }
-    idType_ = "INTEGER PRIMARY KEY";
-    TestRowset set;
-    OpenPairs(set);
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    OpenFirstPair();  // of a table without a key
     Run("UPDATE t SET value=5.5 WHERE id=1");
-    std::strcpy(pair.text, "mine");
-    EXPECT_EQ(set.Set(&pair), DB_E_CONCURRENCYVIOLATION);
+    std::strcpy(pair_.text, "mine");
+    EXPECT_TRUE(FAILED(set_.Set(&pair_)));
+    EXPECT_NE(oledb::LastErrorText().find("somebody else"), std::string::npos);
+    EXPECT_EQ(Rows("SELECT value FROM t WHERE id=1"), "5.5");
+    Run("DROP TABLE t");
+    set_ = {};
+    session_ = OpenSession(database_->InitString());
+    idType_ = "INTEGER PRIMARY KEY";
+    OpenFirstPair();
+    Run("UPDATE t SET value=5.5 WHERE id=1");
+    std::strcpy(pair_.text, "mine");
+    EXPECT_EQ(set_.Set(&pair_), DB_E_CONCURRENCYVIOLATION);
     EXPECT_EQ(oledb::LastErrorText(),
               "t, id=1: text=mine: somebody else has changed the row "
               "meanwhile: value was 161.6, is 5.5");
-    EXPECT_EQ(set.Delete(), DB_E_CONCURRENCYVIOLATION);
+    EXPECT_EQ(set_.Delete(), DB_E_CONCURRENCYVIOLATION);
     EXPECT_EQ(Pairs(), "a|1|5.5|one b|2|null|null c|3|0.3|three");
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK);
     Run("UPDATE t SET text='theirs' WHERE id=2");
-    EXPECT_EQ(set.Delete(), DB_E_CONCURRENCYVIOLATION);
+    EXPECT_EQ(set_.Delete(), DB_E_CONCURRENCYVIOLATION);
     EXPECT_NE(oledb::LastErrorText().find("text was null, is theirs"), std::string::npos);
 }
 
 TEST_P(RowsetContract, ALostConnectionIsMadeAgainBetweenStatements) {
-    TestRowset set;
-    OpenPairs(set);
+    OpenPairs();
     if (!database_->CutConnections()) return;
-    Pair pair{};
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK) << "of rows that are at hand";
-    std::strcpy(pair.text, "x");
-    EXPECT_EQ(set.Set(&pair), S_OK) << oledb::LastErrorText();
+    ASSERT_EQ(set_.MoveAndRead(&pair_), S_OK) << "of rows that are at hand";
+    std::strcpy(pair_.text, "x");
+    EXPECT_EQ(set_.Set(&pair_), S_OK) << oledb::LastErrorText();
     database_->CutConnections();
     TestRowset again;
     ASSERT_EQ(Open(again, "SELECT id,value,text FROM t ORDER BY id"), S_OK)
         << oledb::LastErrorText();
     const auto transaction = session_.As<ITransactionLocal>(IID_ITransactionLocal);
     transaction->StartTransaction(ISOLATIONLEVEL_SERIALIZABLE, 0, nullptr, nullptr);
-    pair.id = 7;
-    EXPECT_EQ(set.Set(&pair), S_OK);
+    pair_.id = 7;
+    EXPECT_EQ(set_.Set(&pair_), S_OK);
     database_->CutConnections();
-    pair.id = 8;
-    EXPECT_EQ(set.Set(&pair), E_FAIL) << "within a transaction nothing is done by halves";
+    pair_.id = 8;
+    EXPECT_EQ(set_.Set(&pair_), E_FAIL) << "within a transaction nothing is done by halves";
     EXPECT_EQ(transaction->Commit(FALSE, 0, 0), XACT_E_ABORTED);
     EXPECT_EQ(Pairs(), "a|1|161.6|x b|2|null|null c|3|0.3|three");
     ASSERT_EQ(Open(again, "SELECT id,value,text FROM t ORDER BY id"), S_OK);
 }
 
 TEST_P(RowsetContract, AWalkHoldsNoLock) {
-    TestRowset set;
-    OpenPairs(set);
-    Pair pair{};
-    ASSERT_EQ(set.MoveAndRead(&pair), S_OK);
+    OpenFirstPair();
     Run("DROP TABLE t");
-    EXPECT_EQ(set.MoveAndRead(&pair), S_OK);
-    EXPECT_EQ(pair.id, 2);
+    EXPECT_EQ(set_.MoveAndRead(&pair_), S_OK);
+    EXPECT_EQ(pair_.id, 2);
 }
 
 TEST_P(RowsetContract, ChangesNeedToBeAskedFor) {
@@ -477,16 +459,10 @@ TEST_P(RowsetContract, ChangesNeedToBeAskedFor) {
 }
 
 TEST_P(RowsetContract, PropertiesAreGrantedOrRefused) {
-    struct Case {
-        const char* what;
-        DBPROP property;
-        HRESULT result;
-        DBPROPSTATUS status;
-    };
     constexpr DBPROPID kUnknown = 0x7777;
     DBPROP oneColumn = MakeProperty(DBPROP_CANHOLDROWS, VT_BOOL, VARIANT_TRUE);
     oneColumn.colid.eKind = 2;
-    const Case cases[] = {
+    const std::tuple<const char*, DBPROP, HRESULT, DBPROPSTATUS> cases[] = {
         {"change only", MakeProperty(DBPROP_UPDATABILITY, VT_I4, 1), S_OK, DBPROPSTATUS_OK},
         {"no holding", MakeProperty(DBPROP_CANHOLDROWS, VT_BOOL, VARIANT_FALSE), S_OK,
          DBPROPSTATUS_OK},
@@ -503,25 +479,21 @@ TEST_P(RowsetContract, PropertiesAreGrantedOrRefused) {
          DBPROPSTATUS_NOTSUPPORTED},
         {"for one column", oneColumn, DB_E_ERRORSOCCURRED, DBPROPSTATUS_NOTSUPPORTED},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& [what, asked, result, status] : cases) {
+        SCOPED_TRACE(what);
         IUnknown* made = nullptr;
         ASSERT_EQ(session_->CreateCommand(nullptr, IID_ICommandProperties, &made), S_OK);
         const Ref<ICommandProperties> command(static_cast<ICommandProperties*>(made));
-        DBPROP property = c.property;
+        DBPROP property = asked;
         DBPROPSET set{&property, 1, DBPROPSET_ROWSET};
-        EXPECT_EQ(command->SetProperties(1, &set), c.result);
-        EXPECT_EQ(property.dwStatus, c.status);
+        EXPECT_EQ(command->SetProperties(1, &set), result);
+        EXPECT_EQ(property.dwStatus, status);
     }
 }
 
 TEST_P(RowsetContract, OneSelectAndNothingElseRuns) {
     Run("CREATE TABLE t(id INTEGER, text TEXT); INSERT INTO t VALUES(1,'it''s; ok')");
-    struct Case {
-        const char* sql;
-        HRESULT result;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, HRESULT> cases[] = {
         {"SELECT id FROM t;", S_OK},
         {"  select id from t  ;  \n", S_OK},
         {"SELECT id FROM t WHERE text='it''s; ok'", S_OK},
@@ -542,12 +514,12 @@ TEST_P(RowsetContract, OneSelectAndNothingElseRuns) {
         {"WITH d AS (SELECT 1) DELETE FROM t", DB_E_ERRORSINCOMMAND},
         {"PRAGMA user_version=5", DB_E_ERRORSINCOMMAND},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.sql);
+    for (const auto& [sql, result] : cases) {
+        SCOPED_TRACE(sql);
         TestRowset set;
-        EXPECT_EQ(Open(set, c.sql), c.result) << oledb::LastErrorText();
-        EXPECT_EQ(oledb::LastErrorText().empty(), c.result == S_OK) << oledb::LastErrorText();
-        EXPECT_TRUE(c.result != S_OK || set.Move() == S_OK);
+        EXPECT_EQ(Open(set, sql), result) << oledb::LastErrorText();
+        EXPECT_EQ(oledb::LastErrorText().empty(), result == S_OK) << oledb::LastErrorText();
+        EXPECT_TRUE(result != S_OK || set.Move() == S_OK);
         EXPECT_EQ(Rows("SELECT id FROM t"), "1");
     }
 }
@@ -581,8 +553,7 @@ TEST_P(RowsetContract, ChangesNeedRowsOfOneTable) {
 }
 
 TEST_P(RowsetContract, BindingsAreChecked) {
-    TestRowset set;
-    OpenPairs(set);
+    OpenPairs();
     DBBINDING length = Bind(1, DBTYPE_I4, 0, 4);
     length.dwPart |= DBPART_LENGTH;
     const std::pair<DBBINDING, DBBINDSTATUS> cases[] = {
@@ -596,14 +567,13 @@ TEST_P(RowsetContract, BindingsAreChecked) {
         DBBINDSTATUS status = DBBINDSTATUS_OK;
         HACCESSOR accessor = DB_NULL_HACCESSOR;
         EXPECT_EQ(
-            set.accessors->CreateAccessor(DBACCESSOR_ROWDATA, 1, &binding, 0, &accessor, &status),
+            set_.accessors->CreateAccessor(DBACCESSOR_ROWDATA, 1, &binding, 0, &accessor, &status),
             DB_E_ERRORSOCCURRED);
         EXPECT_EQ(status, expected);
     }
-    EXPECT_EQ(set.accessors->ReleaseAccessor(set.accessor, nullptr), S_OK);
-    ASSERT_EQ(set.Move(), S_OK);
-    Pair pair{};
-    EXPECT_EQ(set.Read(&pair), DB_E_BADACCESSORHANDLE);
+    EXPECT_EQ(set_.accessors->ReleaseAccessor(set_.accessor, nullptr), S_OK);
+    ASSERT_EQ(set_.Move(), S_OK);
+    EXPECT_EQ(set_.Read(&pair_), DB_E_BADACCESSORHANDLE);
 }
 
 }  // namespace

@@ -211,21 +211,17 @@ TEST(SqliteProvider, AFileThatOthersDoNotFindAnyMoreIsNotWritten) {
 }
 
 TEST(SqliteProvider, RowsAreToldApartByWhateverTheTableHas) {
-    struct Case {
-        const char* create;
-        const char* after;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"CREATE TABLE t(x, n)", "1|5 1|2"},
         {"CREATE TABLE t(x, n, rowid, _rowid_)", "1|5 1|2"},
         {"CREATE TABLE t(x, n INTEGER PRIMARY KEY)", "1|2 1|5"},
         {"CREATE TABLE t(x, n TEXT, \"odd \"\" name\", PRIMARY KEY(n, x)) WITHOUT ROWID",
          "1|2 1|5"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.create);
+    for (const auto& [create, after] : cases) {
+        SCOPED_TRACE(create);
         SqliteTestDatabase database;
-        database.Run(c.create);
+        database.Run(create);
         database.Run("INSERT INTO t(x,n) VALUES(1,1),(1,2)");
         TestRowset set;
         const auto session = OpenSession(database.InitString());
@@ -243,7 +239,7 @@ TEST(SqliteProvider, RowsAreToldApartByWhateverTheTableHas) {
             ASSERT_EQ(set.Read(&record), S_OK);
             EXPECT_EQ(record.n, key);
         }
-        EXPECT_EQ(database.Rows("SELECT x,n FROM t"), c.after);
+        EXPECT_EQ(database.Rows("SELECT x,n FROM t"), after);
     }
 }
 

@@ -156,11 +156,7 @@ TEST_F(SuiteFolder, ProcessesThatAgreeAtOnceForgetNothing) {
 }
 
 TEST(InitString, OnlyTheFileOfAnSqliteDatabaseIsMadeAbsolute) {
-    const struct {
-        const char* reason;
-        const char* given;
-        const char* expected;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"relative", "Provider=SQLite;Data Source=a.db;Timeout=5",
          "Provider=SQLite;Data Source=\\f\\a.db;Timeout=5"},
         {"names without regard to case, blanks", " data source = sub/a.db ; PROVIDER = sqlite ",
@@ -178,8 +174,8 @@ TEST(InitString, OnlyTheFileOfAnSqliteDatabaseIsMadeAbsolute) {
         {"no data source", "Provider=SQLite", "Provider=SQLite"},
         {"no provider", "Data Source=a.db", "Data Source=a.db"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(suite::WithAbsoluteDataSource("\\f", row.given), row.expected) << row.reason;
+    for (const auto& [reason, given, expected] : rows) {
+        EXPECT_EQ(suite::WithAbsoluteDataSource("\\f", given), expected) << reason;
     }
 }
 

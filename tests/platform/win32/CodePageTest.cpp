@@ -37,11 +37,7 @@ TEST(CodePage, EveryCharacterComesBackAsItWas) {
 }
 
 TEST(CodePage, BrokenTextsAreReplacedNotSwallowed) {
-    const struct {
-        const char* reason;
-        std::string utf8;
-        std::string gbk;
-    } fromUtf8[] = {
+    const std::tuple<const char*, std::string, std::string> fromUtf8[] = {
         {"byte that follows nothing", "a\x80z", "a?z"},
         {"sequence cut by a letter", "a\xE9\x92z", "a?z"},
         {"sequence cut by the end", "a\xE9\x92", "a?"},
@@ -51,11 +47,11 @@ TEST(CodePage, BrokenTextsAreReplacedNotSwallowed) {
         {"byte that begins nothing", "a\xFFz", "a?z"},
         {"character outside GBK", "a😀é€z", "a?\xA8\xA6?z"},
     };
-    for (const auto& row : fromUtf8) {
-        EXPECT_EQ(win32::GbkFromUtf8(row.utf8), row.gbk) << row.reason;
+    for (const auto& [reason, utf8, gbk] : fromUtf8) {
+        EXPECT_EQ(win32::GbkFromUtf8(utf8), gbk) << reason;
         std::string kept = "kept";
-        EXPECT_FALSE(win32::TryGbkFromUtf8(row.utf8, kept)) << row.reason;
-        EXPECT_EQ(kept, "kept") << row.reason;
+        EXPECT_FALSE(win32::TryGbkFromUtf8(utf8, kept)) << reason;
+        EXPECT_EQ(kept, "kept") << reason;
     }
 
     EXPECT_EQ(win32::Utf8FromGbk("a\xFFz\x80"), "a\uFFFDz\uFFFD") << "no lead bytes";

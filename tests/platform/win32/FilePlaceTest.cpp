@@ -33,20 +33,16 @@ TEST_F(FilePlace, LinksAreFollowedToWhatIsNotThereYet) {
     Link("a", "suite/../suite/output");
     Link("suite/output/b", root_ + "/./none/x");
     Link("up", "..");
-    const struct {
-        const char* path;
-        std::string real;
-    } rows[] = {
+    const std::pair<const char*, std::string> rows[] = {
         {"a/b/../y", root_ + "/none/y"},
         {"suite//./output/", root_ + "/suite/output"},
         {"a/../other/new", root_ + "/suite/other/new"},
         {"up", root_.substr(0, root_.rfind('/'))},
         {"none/../../z", "z"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [path, real] : rows) {
         const std::string above = root_.substr(0, root_.rfind('/') + 1);
-        EXPECT_EQ(win32::RealPath(root_ + "/" + row.path), row.real == "z" ? above + "z" : row.real)
-            << row.path;
+        EXPECT_EQ(win32::RealPath(root_ + "/" + path), real == "z" ? above + "z" : real) << path;
     }
     EXPECT_TRUE(win32::IsWithin("/", "/a"));
     EXPECT_FALSE(win32::IsWithin("/a", "/ab"));

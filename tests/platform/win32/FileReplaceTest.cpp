@@ -98,19 +98,16 @@ TEST(FileReplace, AFailureNamesPathAndReasonAndLeavesTheOldFile) {
     std::filesystem::create_symlink("b", scratch.Path("a"));
     std::filesystem::create_symlink("a", scratch.Path("b"));
     const auto before = scratch.Names();
-    const struct {
-        const char* name;
-        const char* reason;
-    } rows[] = {
+    const std::pair<const char*, const char*> rows[] = {
         {"none/x.txt", "No such file or directory"},
         {"folder", "Is a directory"},
         {"old.txt/x.txt", "Not a directory"},
         {"a", "Too many levels of symbolic links"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [name, reason] : rows) {
         std::string error;
-        EXPECT_FALSE(ReplaceFileWhole(scratch.Path(row.name), "new", error)) << row.name;
-        EXPECT_EQ(error, scratch.Path(row.name) + ": " + row.reason);
+        EXPECT_FALSE(ReplaceFileWhole(scratch.Path(name), "new", error)) << name;
+        EXPECT_EQ(error, scratch.Path(name) + ": " + reason);
     }
     {
         const FileSizeLimit limit(1000);

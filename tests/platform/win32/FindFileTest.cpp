@@ -32,11 +32,7 @@ TEST(FindFile, PatternsGoByWholeCharactersWithoutRegardToCase) {
           "KF誠-1.dwg", "KF亅-1.dwg", "Notes", "KFZK3-3.dwg.bak", "KF😀.dwg"}) {
         scratch.Write(name, "");
     }
-    const struct {
-        const char* reason;
-        const char* pattern;
-        const char* found;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"sheets of a borehole, by name without regard to case", "KFZK3*.dwg",
          "KFZK3-10.dwg kfzk3-1~ZK3-2.dwg KFZK3-2.DWG KFZK30-1.dwg"},
         {"a star for nothing", "KFSJ*2-1.dwg", "KFSJ2-1.dwg"},
@@ -50,8 +46,8 @@ TEST(FindFile, PatternsGoByWholeCharactersWithoutRegardToCase) {
         {"all names, also those without a dot", "N*.*", "nothing"},
         {"a plain name", "notes", "Notes"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Find(scratch.Windows(win32::GbkFromUtf8(row.pattern))), row.found) << row.reason;
+    for (const auto& [reason, pattern, found] : rows) {
+        EXPECT_EQ(Find(scratch.Windows(win32::GbkFromUtf8(pattern))), found) << reason;
     }
     EXPECT_NE(Find(scratch.Windows("*.*")).find("Notes"), std::string::npos);
     EXPECT_EQ(Find(scratch.Windows("none\\*")), "nothing");

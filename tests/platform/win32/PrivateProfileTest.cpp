@@ -63,12 +63,7 @@ TEST_F(PrivateProfile, ReadsByTheRules) {
         "late=never\r\n"
         "[Last]\r\n"
         "end=no line break");
-    const struct {
-        const char* reason;
-        const char* section;
-        const char* key;
-        const char* value;
-    } rows[] = {
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {"blanks around names and value", "Project", "GCBH", "2024-7 ; not a comment"},
         {"without regard to case", "PROJECT", "gcbh", "2024-7 ; not a comment"},
         {"before the first section", "Project", "outside", "default"},
@@ -88,8 +83,8 @@ TEST_F(PrivateProfile, ReadsByTheRules) {
         {"last line", "last", "end", "no line break"},
         {"no such section", "Other", "end", "default"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(Get(row.section, row.key), row.value) << row.reason;
+    for (const auto& [reason, section, key, value] : rows) {
+        EXPECT_EQ(Get(section, key), value) << reason;
     }
 }
 
@@ -113,19 +108,16 @@ TEST_F(PrivateProfile, DefaultsForWhatIsMissing) {
 }
 
 TEST_F(PrivateProfile, Integers) {
-    const struct {
-        const char* text;
-        int value;
-    } rows[] = {
+    const std::pair<const char*, int> rows[] = {
         {"12", 12},     {"-12", -12}, {"+3", 3},     {"7abc", 7},
         {"abc", 0},     {"", 55},     {"\" 8\"", 0}, {"0x1F", 31},
         {"0b101", 5},   {"0o17", 15}, {"017", 17},   {"4294967297", 1},
         {"-0x10", -16}, {"1 2", 1},   {"-", 0},      {"2147483648", INT32_MIN},
     };
-    for (const auto& row : rows) {
-        Write(std::string("[S]\nk=") + row.text + "\n");
-        EXPECT_EQ(static_cast<int>(GetPrivateProfileInt("s", "K", 55, file_.c_str())), row.value)
-            << row.text;
+    for (const auto& [text, value] : rows) {
+        Write(std::string("[S]\nk=") + text + "\n");
+        EXPECT_EQ(static_cast<int>(GetPrivateProfileInt("s", "K", 55, file_.c_str())), value)
+            << text;
     }
 }
 

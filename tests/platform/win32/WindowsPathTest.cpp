@@ -32,11 +32,7 @@ TEST(WindowsPath, NamesAreFoundWithoutRegardToCase) {
     scratch.MakeFolder("outPut/ZK1/室内曲线");
     scratch.Write("outPut/ZK1/室内曲线/KF誠.DWG", "");
     scratch.MakeFolder("Ｄａｔａ");
-    const struct {
-        const char* reason;
-        std::string windows;
-        std::string expected;
-    } rows[] = {
+    const std::tuple<const char*, std::string, std::string> rows[] = {
         {"as it stands", "outPut\\ZK1", "outPut/ZK1"},
         {"other case at every step", "OUTPUT\\zk1\\室内曲线\\kf誠.dwg",
          "outPut/ZK1/室内曲线/KF誠.DWG"},
@@ -45,10 +41,10 @@ TEST(WindowsPath, NamesAreFoundWithoutRegardToCase) {
         {"what does not exist stays as it stands", "OUTPUT\\New\\A.dwg", "outPut/New/A.dwg"},
         {"steps up and down", "OUTPUT\\.\\zk1\\..\\zk1", "outPut/./ZK1/../ZK1"},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(FileSystemPath(scratch.Windows(win32::GbkFromUtf8(row.windows))),
-                  scratch.Path(row.expected))
-            << row.reason;
+    for (const auto& [reason, windows, expected] : rows) {
+        EXPECT_EQ(FileSystemPath(scratch.Windows(win32::GbkFromUtf8(windows))),
+                  scratch.Path(expected))
+            << reason;
     }
     EXPECT_EQ(FileSystemPath(""), "");
     EXPECT_EQ(FileSystemPath("\\"), "/");

@@ -73,21 +73,16 @@ TEST_F(CumulativeChart, RightAxisIsOptional) {
 
 TEST_F(CumulativeChart, UnusableDataDrawNothing) {
     const std::string overshoot = "筛余质量的和大于试样的总质量，请检查数据表中的数据！";
-    const struct {
-        const char* sample;
-        double total;
-        std::vector<TestProject::Item> items;
-        std::string box;
-    } cases[] = {
+    const std::tuple<const char*, double, std::vector<TestProject::Item>, std::string> cases[] = {
         {"heavy", 100, {{2, 60}, {0.5, 40.1}}, overshoot},
         {"weightless", 0, {{2, 0}}, overshoot},
         {"without items", 100, {}, "请在数据表中输入数据"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [sample, total, items, box] : cases) {
         const RecordedMessages messages;
-        project_.AddSample(c.sample, c.total, c.items);
-        EXPECT_EQ(DrawCumulativeChart(tools_, &sheet_), 0) << c.sample;
-        EXPECT_THAT(messages.Boxes(), ElementsAre(c.box)) << c.sample;
+        project_.AddSample(sample, total, items);
+        EXPECT_EQ(DrawCumulativeChart(tools_, &sheet_), 0) << sample;
+        EXPECT_THAT(messages.Boxes(), ElementsAre(box)) << sample;
     }
     CurrentSample = "unknown";
     EXPECT_EQ(DrawCumulativeChart(tools_, &sheet_), 0);

@@ -89,15 +89,12 @@ TEST_F(Sheet, CumulativeSheetTemplateIsInsertedWhenFound) {
 }
 
 TEST_F(Sheet, CumulativeChartsStandInThreeRowsOfTwo) {
-    const struct {
-        int chart;
-        double x;
-        double y;
-    } cases[] = {{0, 48, 280}, {1, 242, 280}, {2, 48, 191.5}, {5, 242, 103}, {9, 242, 191.5}};
-    for (const auto& c : cases) {
-        PlaceCumulativeChart(c.chart);
-        EXPECT_EQ(ChartOriginX, c.x) << c.chart;
-        EXPECT_EQ(ChartOriginY, c.y) << c.chart;
+    const std::tuple<int, double, double> cases[] = {
+        {0, 48, 280}, {1, 242, 280}, {2, 48, 191.5}, {5, 242, 103}, {9, 242, 191.5}};
+    for (const auto& [chart, x, y] : cases) {
+        PlaceCumulativeChart(chart);
+        EXPECT_EQ(ChartOriginX, x) << chart;
+        EXPECT_EQ(ChartOriginY, y) << chart;
     }
 }
 

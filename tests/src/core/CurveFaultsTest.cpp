@@ -27,11 +27,7 @@ std::string FaultsOf(const std::vector<std::pair<double, double>>& percentages) 
 }
 
 TEST(CurveFaults, AreWhatAGradingCannotDo) {
-    const struct {
-        const char* why;
-        std::vector<std::pair<double, double>> percentages;
-        const char* faults;
-    } cases[] = {
+    const std::tuple<const char*, std::vector<std::pair<double, double>>, const char*> cases[] = {
         {"a straight line", {{20, 90}, {2, 50}, {0.2, 10}}, ""},
         {"two points", {{20, 100}, {2, 0}}, ""},
         {"one point, which has no curve", {{20, 100}}, ""},
@@ -47,8 +43,8 @@ TEST(CurveFaults, AreWhatAGradingCannotDo) {
         {"measured below 0", {{20, 50}, {2, 10}, {0.2, -5}}, "below"},
         {"a size twice", {{20, 100}, {2, 60}, {2, 30}, {0.2, 10}}, "back"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(FaultsOf(c.percentages), c.faults) << c.why;
+    for (const auto& [why, percentages, faults] : cases) {
+        EXPECT_EQ(FaultsOf(percentages), faults) << why;
     }
 }
 

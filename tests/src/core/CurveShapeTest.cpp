@@ -46,11 +46,7 @@ TEST(PercentPassing, LayersSumTheirFractions) {
 }
 
 TEST(PercentPassing, RefusesMassesAboveTheTotal) {
-    const struct {
-        const char* reason;
-        GrainSizeRecord record;
-        bool accepted;
-    } cases[] = {
+    const std::tuple<const char*, GrainSizeRecord, bool> cases[] = {
         {"exactly the total", Sample({2, 0.5}, {60, 40}, 100), true},
         {"above within the tolerance", Sample({2, 0.5}, {60, 40.000005}, 100), true},
         {"above the tolerance", Sample({2, 0.5}, {60, 40.00002}, 100), false},
@@ -59,10 +55,10 @@ TEST(PercentPassing, RefusesMassesAboveTheTotal) {
         {"an infinite total", Sample({2, 0.5}, {1, 1}, HUGE_VAL), false},
         {"a negative total", Sample({2, 0.5}, {-60, -60}, -100), false},
     };
-    for (const auto& c : cases) {
+    for (const auto& [reason, record, accepted] : cases) {
         std::vector<double> passing{7.0};
-        EXPECT_EQ(ComputePassing(c.record, passing), c.accepted) << c.reason;
-        EXPECT_EQ(passing == std::vector<double>{7.0}, !c.accepted) << c.reason;
+        EXPECT_EQ(ComputePassing(record, passing), accepted) << reason;
+        EXPECT_EQ(passing == std::vector<double>{7.0}, !accepted) << reason;
     }
 }
 

@@ -41,11 +41,7 @@ TEST(NumberFormat, Round3GivesTheFloatOfThePrintedText) {
 }
 
 TEST(NumberFormat, ResultValuesLoseDecimalsAsTheyGrow) {
-    const struct {
-        double value;
-        ResultValueMode mode;
-        const char* text;
-    } cases[] = {
+    const std::tuple<double, ResultValueMode, const char*> cases[] = {
         {0.0862, kDiameterValue, "0.086"},   {0.999, kDiameterValue, "0.999"},
         {1.25, kDiameterValue, "1.25"},      {9.999, kDiameterValue, "10.00"},
         {9.9991, kDiameterValue, "10.0"},    {12.5, kDiameterValue, "12.5"},
@@ -56,20 +52,18 @@ TEST(NumberFormat, ResultValuesLoseDecimalsAsTheyGrow) {
         {999.9, kCoefficientValue, "999.9"}, {1000.4, kCoefficientValue, "1000"},
         {99.95, kCoefficientValue, "99.95"}, {-0.0001, kCoefficientValue, ""},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(FormatResultValue(c.value, c.mode), c.text) << c.value;
+    for (const auto& [value, mode, text] : cases) {
+        EXPECT_EQ(FormatResultValue(value, mode), text) << value;
     }
 }
 
 TEST(NumberFormat, SizeLabelsHaveNoTrailingZeros) {
-    const struct {
-        double size;
-        const char* label;
-    } cases[] = {{60, "60"},     {200, "200"},       {2.0, "2"},          {0.075, "0.075"},
-                 {0.25, "0.25"}, {0.0025, "0.0025"}, {0.00125, "0.0013"}, {0.00004, "0"},
-                 {0.0, "0"},     {1000, "1000"},     {10.10, "10.1"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(FormatSizeLabel(c.size), c.label);
+    const std::pair<double, const char*> cases[] = {
+        {60, "60"},     {200, "200"},       {2.0, "2"},          {0.075, "0.075"},
+        {0.25, "0.25"}, {0.0025, "0.0025"}, {0.00125, "0.0013"}, {0.00004, "0"},
+        {0.0, "0"},     {1000, "1000"},     {10.10, "10.1"}};
+    for (const auto& [size, label] : cases) {
+        EXPECT_EQ(FormatSizeLabel(size), label);
     }
 }
 

@@ -21,13 +21,8 @@ std::string ClassOf(std::vector<double> sizes, const std::vector<double>& shares
 }
 
 TEST(SoilClassification, TakesTheFirstRuleThatHolds) {
-    const struct {
-        const char* reason;
-        std::vector<double> sizes;
-        std::vector<double> shares;
-        int code;
-        const char* soilClass;
-    } cases[] = {
+    using Numbers = std::vector<double>;
+    const std::tuple<const char*, Numbers, Numbers, int, const char*> cases[] = {
         {"mostly above 200 mm", {400, 0.075}, {0.6, 0.4}, 0, "漂石,块石"},
         {"a sieve of 200 mm counts", {200}, {0.51}, 0, "漂石,块石"},
         {"mostly above 20 mm", {200, 20}, {0.5, 0.1}, 0, "卵石,碎石"},
@@ -47,9 +42,9 @@ TEST(SoilClassification, TakesTheFirstRuleThatHolds) {
         {"code 1: 75 percent is silty", {0.25, 0.1}, {0.25, 0.5}, 1, "粉砂"},
         {"code 1 names silt too", {0.075}, {0.3}, 1, "粉砂"},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(ClassOf(c.sizes, c.shares, c.code), c.soilClass) << c.reason;
-        EXPECT_EQ(ClassOf(c.sizes, c.shares, c.code, 512.0), c.soilClass) << c.reason;
+    for (const auto& [reason, sizes, shares, code, soilClass] : cases) {
+        EXPECT_EQ(ClassOf(sizes, shares, code), soilClass) << reason;
+        EXPECT_EQ(ClassOf(sizes, shares, code, 512.0), soilClass) << reason;
     }
 }
 

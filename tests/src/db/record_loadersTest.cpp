@@ -16,13 +16,8 @@ using SampleLoader = DatabaseFixture;
 using LayerLoader = DatabaseFixture;
 
 TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
-    struct Case {
-        const char* row;  ///< depth and thickness; null: no row
-        int result;
-        double depth, thickness;
-        const char* printed;
-    };
-    const Case cases[] = {
+    // The row's depth and thickness, null for no row; the result, what is read and what is printed.
+    const std::tuple<const char*, int, double, double, const char*> cases[] = {
         {"12.3,0.2", 1, 12.3, 0.2, ""},
         {nullptr, 0, -9, -9, ""},
         {"NULL,0.2", 0, -9, -9, "\n数据库z_c_QuYang取样编号5数据QYSD不全!"},
@@ -30,17 +25,17 @@ TEST_F(SampleLoader, DepthAndThicknessAreReadAndTheirLackTold) {
         {"12.3,9e999", 0, 12.3, -9, "\n数据库z_c_QuYang取样编号5数据QYHD不全!"},
         {"0,0", 1, 0, 0, ""},
     };
-    for (const Case& c : cases) {
+    for (const auto& [row, result, depthRead, thicknessRead, printed] : cases) {
         Run("DELETE FROM z_c_QuYang");
-        if (c.row != nullptr) {
-            Run(std::string("INSERT INTO z_c_QuYang VALUES(12,'ZK3','5',") + c.row + ")");
+        if (row != nullptr) {
+            Run(std::string("INSERT INTO z_c_QuYang VALUES(12,'ZK3','5',") + row + ")");
         }
         double depth = -9;
         double thickness = -9;
-        EXPECT_EQ(LoadSampleDepth(Record(), depth, thickness), c.result);
-        EXPECT_EQ(depth, c.depth);
-        EXPECT_EQ(thickness, c.thickness);
-        EXPECT_EQ(Printed(), c.printed);
+        EXPECT_EQ(LoadSampleDepth(Record(), depth, thickness), result);
+        EXPECT_EQ(depth, depthRead);
+        EXPECT_EQ(thickness, thicknessRead);
+        EXPECT_EQ(Printed(), printed);
         EXPECT_EQ(Box(), "");
     }
     Run("DROP TABLE z_c_QuYang");
@@ -94,13 +89,7 @@ TEST_F(SampleLoader, MissingItemsAreTold) {
 
 TEST_F(SampleLoader, TheProjectsNumberMustBeTheCurvesOwn) {
     Run("INSERT INTO x_GongCheng VALUES(12,'工-1','',0,0),(13,'a','',0,0),(13,'b','',0,0)");
-    struct Case {
-        int index;
-        std::string number;
-        int result;
-        const char* box;
-    };
-    const Case cases[] = {
+    const std::tuple<int, std::string, int, const char*> cases[] = {
         {12, "工-1"_gbk, 1, ""},
         {12, "工-2"_gbk, 0, "该工程工程编号已被修改,数据无法入库!"},
         {13, "a", 1, ""},
@@ -108,9 +97,9 @@ TEST_F(SampleLoader, TheProjectsNumberMustBeTheCurvesOwn) {
         {13, "b", 0, "该工程工程编号已被修改,数据无法入库!"},
         {14, "a", 0, "打开工点信息数据表中不存在该工程!"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(CheckProjectNumber(c.index, c.number), c.result);
-        EXPECT_EQ(Box(), c.box);
+    for (const auto& [index, number, result, box] : cases) {
+        EXPECT_EQ(CheckProjectNumber(index, number), result);
+        EXPECT_EQ(Box(), box);
     }
     Run("DROP TABLE x_GongCheng");
     EXPECT_EQ(CheckProjectNumber(12, "a"), 0);
@@ -118,82 +107,56 @@ TEST_F(SampleLoader, TheProjectsNumberMustBeTheCurvesOwn) {
 }
 
 TEST_F(LayerLoader, ClassesAreReadScaledAndTheFinestLeftOut) {
-    struct Case {
-        const char* reason;
-        std::vector<std::pair<int, const char*>> rows;  ///< code and value
-        bool recompute;
-        std::vector<double> sizes, fractions;
-    };
-    const Case cases[] = {
+    using Numbers = std::vector<double>;
+    // Codes and values, as SQL; whether the percentages are recomputed; sizes and fractions.
+    const std::tuple<const char*, std::string, bool, Numbers, Numbers> cases[] = {
         {"finest class left out",
-         {{1105, "25"}, {1109, "40"}, {1118, "35"}},
+         "(1105,'25'),(1109,'40'),(1118,'35')",
          false,
          {20, 0.5},
          {0.25, 0.4}},
-        {"already a sum of 1",
-         {{1105, "25"}, {1109, "40"}, {1118, "35"}},
-         true,
-         {20, 0.5},
-         {0.25, 0.4}},
+        {"already a sum of 1", "(1105,'25'),(1109,'40'),(1118,'35')", true, {20, 0.5}, {0.25, 0.4}},
         {"finest class counts in the sum",
-         {{1105, "30"}, {1109, "30"}, {1118, "20"}},
+         "(1105,'30'),(1109,'30'),(1118,'20')",
          true,
          {20, 0.5},
          {0.375, 0.375}},
         {"order of the series, other codes and nulls ignored",
-         {{1117, "5"}, {1100, "1.5"}, {1119, "9"}, {1106, nullptr}, {99, "9"}},
+         "(1117,'5'),(1100,'1.5'),(1119,'9'),(1106,NULL),(99,'9')",
          false,
          {800, 0.002},
          {0.015, 0.05}},
-        {"the last row of a code counts", {{1105, "10"}, {1105, "20"}}, false, {20}, {0.2}},
+        {"the last row of a code counts", "(1105,'10'),(1105,'20')", false, {20}, {0.2}},
         {"texts that are no numbers",
-         {{1105, ""}, {1106, " 12.5%"}, {1107, "abc"}, {1108, "nan"}},
+         "(1105,''),(1106,' 12.5%'),(1107,'abc'),(1108,'nan')",
          false,
          {20, 10, 5, 2},
          {0, 0.125, 0, 0}},
-        {"a sum of 0 scales nothing", {{1105, "0"}, {1106, "0"}}, true, {20, 10}, {0, 0}},
+        {"a sum of 0 scales nothing", "(1105,'0'),(1106,'0')", true, {20, 10}, {0, 0}},
         {"a finest class that was not returned removes nothing",
-         {{1105, "30"}, {1118, "-60"}},
+         "(1105,'30'),(1118,'-60')",
          false,
          {20},
          {0.3}},
-        {"a finest class of 0 is left out", {{1105, "30"}, {1118, "0"}}, false, {20}, {0.3}},
-        {"a null finest class removes nothing", {{1105, "30"}, {1118, nullptr}}, true, {20}, {1}},
+        {"a finest class of 0 is left out", "(1105,'30'),(1118,'0')", false, {20}, {0.3}},
+        {"a null finest class removes nothing", "(1105,'30'),(1118,NULL)", true, {20}, {1}},
         {"every code has its size",
-         {{1118, "0"},
-          {1117, "17"},
-          {1116, "16"},
-          {1115, "15"},
-          {1114, "14"},
-          {1113, "13"},
-          {1112, "12"},
-          {1111, "11"},
-          {1110, "10"},
-          {1109, "9"},
-          {1108, "8"},
-          {1107, "7"},
-          {1106, "6"},
-          {1105, "5"},
-          {1104, "4"},
-          {1103, "3"},
-          {1102, "2"},
-          {1101, "1"}},
+         "(1118,'0'),(1117,'17'),(1116,'16'),(1115,'15'),(1114,'14'),(1113,'13'),(1112,'12'),(1111,"
+         "'11'),(1110,'10'),(1109,'9'),(1108,'8'),(1107,'7'),(1106,'6'),(1105,'5'),(1104,'4'),("
+         "1103,'3'),(1102,'2'),(1101,'1')",
          false,
          {400, 200, 60, 40, 20, 10, 5, 2, 0.5, 0.25, 0.1, 0.075, 0.074, 0.05, 0.01, 0.005, 0.002},
          {.01, .02, .03, .04, .05, .06, .07, .08, .09, .1, .11, .12, .13, .14, .15, .16, .17}},
-        {"only the finest class", {{1118, "100"}}, true, {}, {}},
+        {"only the finest class", "(1118,'100')", true, {}, {}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.reason);
+    for (const auto& [reason, rows, recompute, sizes, fractions] : cases) {
+        SCOPED_TRACE(reason);
         Run("DELETE FROM x_SheJi; INSERT INTO x_SheJi VALUES(12,2,0,1105,'99','')");
-        for (const auto& [code, value] : c.rows) {
-            Run("INSERT INTO x_SheJi VALUES(12,2,1," + std::to_string(code) + "," +
-                (value ? "'" + std::string(value) + "'" : "NULL") + ",'')");
-        }
+        Run("INSERT INTO x_SheJi SELECT 12,2,1,*,'' FROM (VALUES " + rows + ")");
         GrainSizeRecord record = Record();
-        EXPECT_EQ(LoadLayerFractions(record, c.recompute), 1);
-        EXPECT_EQ(record.sizes, c.sizes);
-        EXPECT_THAT(record.amounts, Pointwise(DoubleEq(), c.fractions));
+        EXPECT_EQ(LoadLayerFractions(record, recompute), 1);
+        EXPECT_EQ(record.sizes, sizes);
+        EXPECT_THAT(record.amounts, Pointwise(DoubleEq(), fractions));
     }
 }
 

@@ -69,24 +69,20 @@ TEST_F(CKFCurveEditing, UnknownGripsMoveNothing) {
 }
 
 TEST_F(CKFCurveEditing, OnlyMapsThatKeepTheXDirectionAreTaken) {
-    const struct {
-        const char* name;
-        AcGeMatrix3d map;
-        bool taken;
-    } cases[] = {
+    const std::tuple<const char*, AcGeMatrix3d, bool> cases[] = {
         {"move", AcGeMatrix3d::translation({10, 3, 0}), true},
         {"mirror in a horizontal line", AcGeMatrix3d::mirroring({0, 175, 0}, {1, 175, 0}), true},
         {"rotate", AcGeMatrix3d::rotation(std::numbers::pi / 2, AcGeVector3d::kZAxis), false},
         {"scale", AcGeMatrix3d::scaling(2.0), false},
         {"mirror in a vertical line", AcGeMatrix3d::mirroring({0, 0, 0}, {0, 1, 0}), false},
     };
-    for (const auto& c : cases) {
+    for (const auto& [name, map, taken] : cases) {
         CKFCurve curve;
         SetUpCurve(curve, 0, StraightCurve());
         const auto before = Filed(curve);
-        EXPECT_EQ(curve.transformBy(c.map), c.taken ? Acad::eOk : Acad::eNotApplicable) << c.name;
-        EXPECT_EQ(Filed(curve) == before, !c.taken) << c.name;
-        EXPECT_EQ(Filed(curve)[0], "point 100,200,0") << c.name << ": the grid stays";
+        EXPECT_EQ(curve.transformBy(map), taken ? Acad::eOk : Acad::eNotApplicable) << name;
+        EXPECT_EQ(Filed(curve) == before, !taken) << name;
+        EXPECT_EQ(Filed(curve)[0], "point 100,200,0") << name << ": the grid stays";
     }
 }
 
@@ -101,14 +97,12 @@ TEST_F(CKFCurveEditing, MovingTheCurveInItsGridChangesTheDiametersOnly) {
 
 TEST(CKFCurveExplosion, GivesSplineAndTexts) {
     AcDbDatabase drawing;
-    const struct {
-        int chartType;
-        std::vector<std::string> texts;
-    } cases[] = {{0, {"=1.26", "=31.55", "=0.159", "=0.040", "=0.501"}},
-                 {2, {"14.2", "1.26", "0.632", "0.159", "0.040", "31.55", "0.501"}}};
-    for (const auto& c : cases) {
+    const std::pair<int, std::vector<std::string>> cases[] = {
+        {0, {"=1.26", "=31.55", "=0.159", "=0.040", "=0.501"}},
+        {2, {"14.2", "1.26", "0.632", "0.159", "0.040", "31.55", "0.501"}}};
+    for (const auto& [chartType, texts] : cases) {
         CKFCurve curve;
-        SetUpCurve(curve, c.chartType, StraightCurve(), static_cast<int>(c.texts.size()));
+        SetUpCurve(curve, chartType, StraightCurve(), static_cast<int>(texts.size()));
         curve.ComputeDiameters();
         curve.SetTextStyleId(drawing.textstyle());
         AcDbVoidPtrArray parts;
@@ -117,15 +111,15 @@ TEST(CKFCurveExplosion, GivesSplineAndTexts) {
         for (void* part : parts) {
             entities.emplace_back(static_cast<AcDbEntity*>(part));
         }
-        ASSERT_EQ(entities.size(), c.texts.size() + 1);
+        ASSERT_EQ(entities.size(), texts.size() + 1);
         const auto* spline = dynamic_cast<const AcDbSpline*>(entities[0].get());
         ASSERT_NE(spline, nullptr);
         EXPECT_EQ(spline->colorIndex(), 3);
         EXPECT_EQ(spline->numFitPoints(), 3);
-        for (std::size_t i = 0; i < c.texts.size(); ++i) {
+        for (std::size_t i = 0; i < texts.size(); ++i) {
             const auto* text = dynamic_cast<const AcDbText*>(entities[i + 1].get());
             ASSERT_NE(text, nullptr);
-            EXPECT_EQ(text->textString(), c.texts[i]);
+            EXPECT_EQ(text->textString(), texts[i]);
             EXPECT_TRUE(text->position().isEqualTo({static_cast<double>(i) + 1.0, 0, 0}));
             EXPECT_EQ(text->height(), 2.4);
             EXPECT_EQ(text->rotation(), 0.0);

@@ -140,21 +140,18 @@ TEST_F(CKFCurveFiling, DamagedCountsEndWithTheData) {
 }
 
 TEST_F(CKFCurveFiling, LayerKeysAreLeadingIntegers) {
-    const struct {
-        const char* text;
-        const char* filed;
-    } cases[] = {{" 12a", "int32 12"},
-                 {"-3", "int32 -3"},
-                 {"+7", "int32 7"},
-                 {"x2", "int32 0"},
-                 {"", "int32 0"}};
+    const std::pair<const char*, const char*> cases[] = {{" 12a", "int32 12"},
+                                                         {"-3", "int32 -3"},
+                                                         {"+7", "int32 7"},
+                                                         {"x2", "int32 0"},
+                                                         {"", "int32 0"}};
     ChartMode = kLayerCharts;
-    for (const auto& c : cases) {
+    for (const auto& [text, filed] : cases) {
         CKFCurve curve;
-        curve.SetLayerKey("9", c.text);
+        curve.SetLayerKey("9", text);
         ListFiler filer;
         curve.dwgOutFields(&filer);
-        EXPECT_EQ(filer.Words().back(), c.filed) << c.text;
+        EXPECT_EQ(filer.Words().back(), filed) << text;
     }
 }
 

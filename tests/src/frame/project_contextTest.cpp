@@ -33,15 +33,14 @@ protected:
 };
 
 TEST_F(ProjectContextTest, AProjectPassesWhenOpenAndChecked) {
-    struct Row {
-        const char* keys;
-        bool passes;
-    };
-    for (const Row& row : {Row{"GCSY=0\r\nGCSJ=0\r\n", true}, Row{"GCSY=3\r\nGCSJ=-1\r\n", true},
-                           Row{"GCSY=-1\r\nGCSJ=0\r\n", false}, Row{"GCSJ=0\r\n", false},
-                           Row{"GCSY=1\r\nGCSJ=1\r\n", false}, Row{"GCSY=1\r\n", false}}) {
-        WriteProject(row.keys);
-        EXPECT_EQ(CheckProject(ProjectCheck::kCharts), row.passes) << row.keys;
+    for (const auto& [keys, passes] : {std::pair("GCSY=0\r\nGCSJ=0\r\n", true),
+                                       {"GCSY=3\r\nGCSJ=-1\r\n", true},
+                                       {"GCSY=-1\r\nGCSJ=0\r\n", false},
+                                       {"GCSJ=0\r\n", false},
+                                       {"GCSY=1\r\nGCSJ=1\r\n", false},
+                                       {"GCSY=1\r\n", false}}) {
+        WriteProject(keys);
+        EXPECT_EQ(CheckProject(ProjectCheck::kCharts), passes) << keys;
     }
     EXPECT_EQ(Boxes(), (Texts{"请首先启动【数据管理】并打开工程，再重试此功能！",
                               "请首先启动【数据管理】并打开工程，再重试此功能！",
@@ -77,14 +76,10 @@ TEST_F(ProjectContextTest, UncheckedDataHandTheChartsOverToDataManagementOnly) {
 }
 
 TEST_F(ProjectContextTest, ReadsTheStandardCodeFromItsLeadingDigits) {
-    struct Row {
-        const char* text;
-        int code;
-    };
-    for (const Row& row : {Row{"2", 2}, Row{"02", 2}, Row{"2a", 2}, Row{"x2", 0}, Row{"", 0}}) {
-        WriteProject(std::string("GCBZ=") + row.text + "\r\n");
+    for (const auto& [text, code] : {std::pair("2", 2), {"02", 2}, {"2a", 2}, {"x2", 0}, {"", 0}}) {
+        WriteProject(std::string("GCBZ=") + text + "\r\n");
         LoadProjectContext();
-        EXPECT_EQ(ProjectContext.GCBZ, row.code) << row.text;
+        EXPECT_EQ(ProjectContext.GCBZ, code) << text;
     }
     EXPECT_EQ(ProjectContext.GCSY, -1) << "no index";
 

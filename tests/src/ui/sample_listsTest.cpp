@@ -7,12 +7,7 @@
 namespace {
 
 TEST(SampleSortKeyTest, TakesTheLastNumberAndTheOneBeforeTheCharacterInFrontOfIt) {
-    struct Row {
-        const char* sample;
-        int key;
-        const char* reason;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, int, const char*> rows[] = {
         {"12", 12, "a number alone"},
         {"3-12", 30012, "two numbers"},
         {"2-1-5", 10005, "the last two of three"},
@@ -23,8 +18,8 @@ TEST(SampleSortKeyTest, TakesTheLastNumberAndTheOneBeforeTheCharacterInFrontOfIt
         {"99999999999", INT_MAX, "a number larger than a key"},
         {"300000-1", INT_MAX, "a product larger than a key"},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(SampleSortKey(win32::GbkFromUtf8(row.sample)), row.key) << row.reason;
+    for (const auto& [sample, key, reason] : rows) {
+        EXPECT_EQ(SampleSortKey(win32::GbkFromUtf8(sample)), key) << reason;
     }
 }
 
