@@ -29,6 +29,9 @@ export GRDX_TEST_SERVER="Provider=MSDASQL;Driver={PostgreSQL Unicode};Server=$fo
 export PGOPTIONS="-c client_min_messages=warning"
 export GRDX_TEST_SERVER_CONTROL="${as_owner[*]} $programs/pg_ctl"
 unset PGPORT PGPASSWORD PGSERVICE GRDX_DB_PASSWORD
+# For programs that look for leaks of their own: what the driver keeps is none.
+LSAN_OPTIONS=print_suppressions=0:suppressions=$(realpath "$(dirname "$0")/../tests/leaks.txt")
+export LSAN_OPTIONS
 
 child=
 stop() {
